@@ -1,0 +1,124 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#include "Ovr/Vardex/CorvinMobileScanData.h"
+
+#include <memory>
+#include <new>
+#include <utility>
+
+#include "Ovr/Vardex/IScanPointTimes.h"
+#include "formats/ScanFormat.h"
+#include "formats/TrajectoryReader.h"
+
+namespace Ovr::VardexLib {
+
+using Interfaces::ErrorCode;
+
+namespace {
+
+ErrorPtr noTimeService(const ScanSource& source) {
+    return makeError(ErrorCode::NoTimeService,
+                     {source.file.string(), "", "no service that takes point times", ""});
+}
+
+}  // namespace
+
+CorvinMobileScanData::CorvinMobileScanData(Interfaces::IScanIntegration& integration)
+    : CorvinScanData(integration, std::make_shared<CorvinMobileMetaData>()) {}
+
+CorvinMobileScanData::~CorvinMobileScanData() = default;
+
+std::string CorvinMobileScanData::getStaticPointSetClassIdentifier() {
+    return "Vardex.CorvinMobileScan";
+}
+
+std::string CorvinMobileScanData::getPointSetClassIdentifier() const {
+    return getStaticPointSetClassIdentifier();
+}
+
+std::vector<TrajectoryNode> CorvinMobileScanData::getTrajectoryNodes() const {
+    return nodes_;
+}
+
+void CorvinMobileScanData::setTrajectoryNodes(const std::vector<TrajectoryNode>& nodes) {
+    nodes_ = nodes;
+}
+
+ErrorPtr CorvinMobileScanData::readTrajectory(const IStructuredStreams& streams,
+                                              std::vector<TrajectoryNode>& nodes) {
+    std::vector<std::string> unheard;
+    return readTrajectory(streams, nodes, unheard);
+}
+
+ErrorPtr CorvinMobileScanData::readTrajectory(const IStructuredStreams& streams,
+                                              std::vector<TrajectoryNode>& nodes,
+                                              std::vector<std::string>& warnings) {
+    return Formats::readTrajectoryFile(streams.trajectoryFile(), streams.project().get(), nodes,
+                                       warnings);
+}
+
+/// Reads and keeps the trajectory of the scan's streams unless there is one already.
+ErrorPtr CorvinMobileScanData::fetchTrajectory() {
+    if (!nodes_.empty()) {
+        return nullptr;
+    }
+    const auto streams = getIntegration().openStructuredStreams(false);
+    if (!streams) {
+        return nullptr;
+    }
+    std::vector<std::string> warnings;
+    ErrorPtr error = readTrajectory(*streams, nodes_, warnings);
+    addWarnings(warnings);
+    return error;
+}
+
+ErrorPtr CorvinMobileScanData::loadTimeStamps(const IPointDataExclusiveAccess& /*access*/,
+                                              DataStructures::ScanDataModificationScope& /*scope*/,
+                                              std::shared_ptr<DataStructures::IProgress> progress,
+                                              std::shared_ptr<DataStructures::ICancelInfo> cancel) {
+    const ScanSource source = getIntegration().getScanSource();
+    const auto times = getServiceRegistry().getService<IScanPointTimes>();
+    if (!times) {
+        return noTimeService(source);
+    }
+    const auto format = Formats::FormatRegistry::the().find(source.file);
+    if (!format) {
+        return Formats::unknownExtension(source.file);
+    }
+    const auto metaData = std::dynamic_pointer_cast<CorvinMobileMetaData>(getMetaData());
+    try {
+        // A trajectory that cannot be read is an error here: time zero would move to the earliest
+        // point, and the times would no longer fit the trajectory once it is repaired.
+        if (ErrorPtr error = fetchTrajectory()) {
+            return error;
+        }
+        const auto reader = format->makeReader(source);
+        ErrorPtr error = reader->loadTimes({*times, pointLimit(), nodes_, metaData.get(),
+                                            progress ? progress.get() : source.progress.get(),
+                                            cancel ? cancel.get() : source.cancel.get()});
+        addWarnings(reader->warnings());
+        addNotes(reader->notes());
+        return error;
+    } catch (const std::bad_alloc&) {
+        return makeError(ErrorCode::OutOfMemory, {source.file.string(), "", "", "more memory"});
+    }
+}
+
+ErrorPtr CorvinMobileScanData::unloadTimeStamps(
+    const IPointDataExclusiveAccess& /*access*/,
+    DataStructures::ScanDataModificationScope& /*scope*/) {
+    const auto times = getServiceRegistry().getService<IScanPointTimes>();
+    if (!times) {
+        return noTimeService(getIntegration().getScanSource());
+    }
+    const auto [cols, rows] = getIntegration().getGridSize();
+    for (int row = 0; row < rows; ++row) {
+        for (int col = 0; col < cols; ++col) {
+            times->setTimeStamp(row, col, 0);
+        }
+    }
+    return nullptr;
+}
+
+}  // namespace Ovr::VardexLib

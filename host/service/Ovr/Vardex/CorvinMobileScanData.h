@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "HostExport.h"
+#include "Ovr/Progress.h"
+#include "Ovr/TrajectoryNode.h"
+#include "Ovr/Vardex/CorvinScanData.h"
+
+namespace Ovr::VardexLib {
+
+/// The data of a mobile scan: one row of points, a trajectory and a CorvinMobileMetaData.
+class HOST_EXPORT CorvinMobileScanData final : public CorvinScanData {
+  public:
+    explicit CorvinMobileScanData(Interfaces::IScanIntegration& integration);
+    ~CorvinMobileScanData() override;
+
+    static std::string getStaticPointSetClassIdentifier();
+    std::string getPointSetClassIdentifier() const override;
+
+    /// A copy of the trajectory; empty when none was set.
+    std::vector<TrajectoryNode> getTrajectoryNodes() const;
+    /// Replaces the trajectory.
+    void setTrajectoryNodes(const std::vector<TrajectoryNode>& nodes);
+
+    /// Reads the trajectory of a scan's streams, positions relative to the project's origin.
+    /// Stores it in no scan data.
+    /// @param nodes  replaced on success, untouched on failure
+    static ErrorPtr readTrajectory(const IStructuredStreams& streams,
+                                   std::vector<TrajectoryNode>& nodes);
+    /// The same, and what the reader noticed in a file that it accepted, one line each.
+    static ErrorPtr readTrajectory(const IStructuredStreams& streams,
+                                   std::vector<TrajectoryNode>& nodes,
+                                   std::vector<std::string>& warnings);
+
+    /// Fills the point times through the registered IScanPointTimes service and sets the scan's
+    /// duration. Time zero is the first trajectory node, else the earliest point.
+    /// @param progress  may be empty: the source's own is taken, if it has one
+    /// @param cancel    may be empty: likewise
+    /// @return empty on success. A file without times, a span beyond 32-bit microseconds, points
+    ///         before time zero and clocks that do not meet are errors; no time is written then.
+    ErrorPtr loadTimeStamps(const IPointDataExclusiveAccess& access,
+                            DataStructures::ScanDataModificationScope& scope,
+                            std::shared_ptr<DataStructures::IProgress> progress,
+                            std::shared_ptr<DataStructures::ICancelInfo> cancel);
+    /// Sets every point time to 0 through the registered service.
+    ErrorPtr unloadTimeStamps(const IPointDataExclusiveAccess& access,
+                              DataStructures::ScanDataModificationScope& scope);
+
+  private:
+    ErrorPtr fetchTrajectory();
+
+    std::vector<TrajectoryNode> nodes_;
+};
+
+}  // namespace Ovr::VardexLib

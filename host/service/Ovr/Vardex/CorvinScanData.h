@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "HostExport.h"
+#include "Ovr/IScanData.h"
+#include "Ovr/IScanIntegration.h"
+#include "Ovr/Vardex/CorvinMetaData.h"
+
+namespace Ovr::VardexLib {
+
+/// What the stationary and the mobile scan data have in common.
+class HOST_EXPORT CorvinScanData : public Interfaces::IScanData {
+  public:
+    CorvinScanData(const CorvinScanData&) = delete;
+    CorvinScanData& operator=(const CorvinScanData&) = delete;
+    ~CorvinScanData() override;
+
+    std::unique_ptr<DataStructures::ScanDataModificationScope> createModificationScope(
+        const DataStructures::ScanDataModification& what) override;
+    /// The file's reader is chosen by its extension, see FormatRegistry.
+    ErrorPtr loadPoints(std::uint64_t count, StatisticsReport& statistics,
+                        DataStructures::ScanDataModificationScope& scope,
+                        const IPointDataWriteLock& lock) override;
+    ServiceRegistry& getServiceRegistry() override { return services_; }
+    std::vector<std::string> getWarnings() const override { return warnings_; }
+    /// What the readers found out that gives no cause for concern, one line each, in order.
+    std::vector<std::string> getNotes() const { return notes_; }
+
+    /// Shared with the caller; empty only after setMetaData with an empty pointer.
+    std::shared_ptr<CorvinMetaData> getMetaData() const { return metaData_; }
+    void setMetaData(std::shared_ptr<CorvinMetaData> metaData);
+
+    Interfaces::IScanIntegration& getIntegration() const { return integration_; }
+
+  protected:
+    /// @param integration  must outlive the scan data (it owns them)
+    CorvinScanData(Interfaces::IScanIntegration& integration,
+                   std::shared_ptr<CorvinMetaData> metaData);
+
+    /// Keeps what is not there yet, so that a second load does not repeat it.
+    void addWarnings(const std::vector<std::string>& warnings);
+    void addNotes(const std::vector<std::string>& notes);
+
+    /// Points that the last load was allowed to load.
+    std::uint64_t pointLimit() const { return pointLimit_; }
+
+  private:
+    Interfaces::IScanIntegration& integration_;
+    std::shared_ptr<CorvinMetaData> metaData_;
+    ServiceRegistry services_;
+    std::vector<std::string> warnings_;
+    std::vector<std::string> notes_;
+    std::uint64_t pointLimit_ = ~std::uint64_t{0};
+};
+
+}  // namespace Ovr::VardexLib

@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <cstdint>
+
+#include "HostExport.h"
+#include "Ovr/IService.h"
+
+namespace Ovr::VardexLib {
+
+/// Takes and gives the times of a scan's points. A point set that keeps times lends this service.
+/// Rows and columns are those of the point grid; a time outside it is dropped and reads as 0.
+class HOST_EXPORT IScanPointTimes : public Interfaces::IService {
+  public:
+    ~IScanPointTimes() override;
+
+    virtual void setTimeStamp(int row, int col, std::uint64_t microseconds) = 0;
+    virtual std::uint64_t getTimeStamp(int row, int col) const = 0;
+    /// @return whether the grid has this size already; times are not resized apart from points
+    virtual bool resizeTimeStamps(int rows, int cols) = 0;
+};
+
+}  // namespace Ovr::VardexLib
