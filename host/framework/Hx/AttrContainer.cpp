@@ -1,0 +1,119 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#include "Hx/AttrContainer.h"
+
+#include <json/value.h>
+
+#include <cstdint>
+#include <utility>
+#include <variant>
+
+#include "Tq/HxClass.h"
+#include "Tq/Module.h"
+
+namespace Hx {
+
+namespace {
+
+/// The value of an attribute that was never set; none for an unknown type.
+AttrValue firstValue(std::uint32_t type) {
+    switch (type) {
+        case ATTR_BOOL:
+            return AttrValue(std::in_place_type<bool>);
+        case ATTR_INT32:
+            return AttrValue(std::in_place_type<std::int32_t>);
+        case ATTR_DOUBLE:
+            return AttrValue(std::in_place_type<double>);
+        case ATTR_STRING:
+            return AttrValue(std::in_place_type<Tq_1_1::String>);
+        default:
+            return {};
+    }
+}
+
+}  // namespace
+
+AttrContainer::~AttrContainer() = default;
+
+const Tq_1_1::HxClass* AttrContainer::Class() {
+    static const Tq_1_1::HxClass record(L"AttrContainer", Observer::Class(), Tq_1_1::hostModule(),
+                                        {});
+    return &record;
+}
+
+const Tq_1_1::HxClass* AttrContainer::getClassType() const {
+    return Class();
+}
+
+Tq_1_1::StrictSmartPtr<AttrContainer> AttrContainer::duplicate(CreateType type) const {
+    return doDuplicate(type);
+}
+
+Tq_1_1::SmartPtr<Attribute> AttrContainer::getAttribute(unsigned int token) const {
+    for (const auto& attribute : attributes_) {
+        if (attribute->getToken() == token) {
+            return attribute;
+        }
+    }
+    return {};
+}
+
+const Tq_1_1::String& AttrContainer::getTextAttribute(unsigned int token) const {
+    const auto attribute = getAttribute(token);
+    const auto* text = attribute ? std::get_if<Tq_1_1::String>(&attribute->getValue()) : nullptr;
+    return text != nullptr ? *text : Tq_1_1::String::NIL;
+}
+
+unsigned int AttrContainer::getProgressAttrToken() const {
+    return AttrDefinition::NO_TOKEN;
+}
+
+unsigned int AttrContainer::getStateAttrToken() const {
+    return AttrDefinition::NO_TOKEN;
+}
+
+Tq_1_1::StrictSmartPtr<AttrContainer> AttrContainer::doDuplicate(CreateType /*type*/) const {
+    return {};
+}
+
+void AttrContainer::init(CreateType /*type*/, const AttrContainer* /*source*/) {}
+
+Json::Value AttrContainer::toJson() const {
+    return Json::Value(Json::objectValue);
+}
+
+unsigned int AttrContainer::getAttrToken(const Tq_1_1::String& /*name*/) const {
+    return AttrDefinition::NO_TOKEN;
+}
+
+const Tq_1_1::String& AttrContainer::getAttrName(unsigned int /*token*/) const {
+    return Tq_1_1::String::NIL;
+}
+
+const AttrDefinition* AttrContainer::getAttrDefinition(unsigned int /*token*/) const {
+    return nullptr;
+}
+
+bool AttrContainer::createAttributes(const AttrDefinition* table, CreateType type,
+                                     const AttrContainer* source) {
+    bool complete = true;
+    for (; !table->name.isNull(); ++table) {
+        AttrValue value = firstValue(table->type);
+        if (std::holds_alternative<std::monostate>(value) || getAttribute(table->token)) {
+            complete = false;
+            continue;
+        }
+        if (source != nullptr && type != CREATE_TEMPLATE) {
+            if (const auto original = source->getAttribute(table->token)) {
+                value = original->getValue();
+            }
+        }
+        const Tq_1_1::SmartPtr<Attribute> attribute(new Attribute(table->token));
+        attribute->setValue(std::move(value), nullptr);
+        attributes_.push_back(attribute);
+    }
+    return complete;
+}
+
+}  // namespace Hx

@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "HostExport.h"
+#include "Hx/AccessibleInterface.h"
+#include "Hx/Transform.h"
+#include "Tq/String.h"
+
+namespace Hx {
+
+/// An object that stands for a file.
+class HOST_EXPORT FileDataObject : public Transform, public AccessibleInterface {
+  public:
+    static constexpr unsigned int ATTR_FILE_PATH = 2;  ///< token of the attribute "FilePath"
+
+    static const Tq_1_1::HxClass* Class();
+    const Tq_1_1::HxClass* getClassType() const override;
+
+    void init(CreateType type, const AttrContainer* source) override;
+    unsigned int getAttrToken(const Tq_1_1::String& name) const override;
+    const Tq_1_1::String& getAttrName(unsigned int token) const override;
+    const AttrDefinition* getAttrDefinition(unsigned int token) const override;
+
+    /// @param number  distinguishes files of one name: 2 and more is put behind it, "site (2)"
+    void setName(const Tq_1_1::String& name, int number);
+
+    /// @return a null string until the object was filled from a file
+    const Tq_1_1::String& getFilePath() const;
+    /// Whether the file can be seen now.
+    bool isAccessible() const override;
+
+  protected:
+    ~FileDataObject() override;
+
+    /// Requires: init was called.
+    void setFilePath(const Tq_1_1::String& path);
+};
+
+}  // namespace Hx

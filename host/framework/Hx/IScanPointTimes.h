@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "HostExport.h"
+#include "Hx/IOMessages.h"
+#include "Hx/Operation.h"
+#include "Tq/Vec3d.h"
+
+namespace Hx {
+
+class PC2TimeFilter;
+class PointSet;
+
+/// Point times and trajectory of a point set. The virtual operations keep their order.
+class HOST_EXPORT IScanPointTimes {
+  public:
+    virtual ~IScanPointTimes();
+
+    /// @param seconds  out: time of the point [s, scan time]
+    virtual bool getScanPtTime(int row, int col, double& seconds) const = 0;
+    virtual IOMessages::IOResult loadScanPtTimes() = 0;
+    /// Duration of the scan [s].
+    virtual double getMaxScanPointTime() const = 0;
+    /// Walked positions within a time span, near-duplicates left out.
+    virtual std::vector<Tq_1_1::Vec3d<double>> getSelectedTrajectory(
+        const PC2TimeFilter& filter) const = 0;
+    /// Time span of the path around a point, as fractions of the scan.
+    virtual bool getTrajectoryFractionAtPoint(
+        const Tq_1_1::Vec3d<double>& point,
+        const std::function<bool(const Tq_1_1::Vec3d<double>&)>& predicate, double& begin,
+        double& end) const = 0;
+    /// Scanner position at a scan time [s].
+    virtual std::optional<Tq_1_1::Vec3d<double>> getRecordingPositionForTime(
+        const double& seconds) const = 0;
+
+    struct HOST_EXPORT Operations {
+        /// Gives the point set's times, sharing its ownership; empty when it has none.
+        static Operation::Context<PointSetOps::KeyType<PointSet>,
+                                  std::shared_ptr<IScanPointTimes>(std::shared_ptr<PointSet>)>
+            hasScanPointTimes;
+    };
+};
+
+}  // namespace Hx

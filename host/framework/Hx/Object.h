@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "HostExport.h"
+#include "Hx/AttrContainer.h"
+#include "Tq/Mat4d.h"
+#include "Tq/SmartPtr.h"
+#include "Tq/VisitorCore.h"
+
+namespace Hx {
+
+class PtSetObject;
+
+/// A node of the object tree. A parent owns its children; a child does not own its parent.
+/// Threads: the tree is read and changed inside an AllocMain on the context of all models.
+class HOST_EXPORT Object : public AttrContainer, public Tq_1_1::VisitorCore {
+  public:
+    static constexpr unsigned int ATTR_NAME = 1;  ///< token of the attribute "Name"
+
+    static const Tq_1_1::HxClass* Class();
+    const Tq_1_1::HxClass* getClassType() const override;
+
+    void init(CreateType type, const AttrContainer* source) override;
+    unsigned int getAttrToken(const Tq_1_1::String& name) const override;
+    const Tq_1_1::String& getAttrName(unsigned int token) const override;
+    const AttrDefinition* getAttrDefinition(unsigned int token) const override;
+
+    /// @return a null string before init and until a name is set
+    const Tq_1_1::String& getName() const;
+    /// Requires: init was called.
+    void setName(const Tq_1_1::String& name);
+
+    /// @return null for the root of a tree
+    Object* getParent() const { return parent_; }
+    const std::vector<Tq_1_1::SmartPtr<Object>>& getChildren() const { return children_; }
+    /// Appends a child.
+    /// @return false when it is empty, has a parent, or is this object or above it
+    bool addChild(const Tq_1_1::SmartPtr<Object>& child);
+    /// @return false when it is no child of this object
+    bool removeChild(const Object* child);
+    /// The way from the root down to this object, both included.
+    std::vector<const Object*> getPath() const;
+
+    /// The nearest object above this one that holds a point set.
+    /// @return empty without one
+    Tq_1_1::SmartPtr<const PtSetObject> getParentScan() const;
+
+    /// The transformation from this object's coordinates into its parent's. The base has the
+    /// identity.
+    virtual const Tq_1_1::Mat4d<double>& getMatrix() const;
+    /// The way back.
+    virtual const Tq_1_1::Mat4d<double>& getInverseMatrix() const;
+
+    /// The transformation from this object's coordinates into those of @p target, null for world
+    /// coordinates. Objects of different trees meet in world coordinates.
+    /// @return valid until the next call on this object
+    const Tq_1_1::Mat4d<double>& calcTrafoTo(const Object* target) const;
+
+    /// Whether the object was told of a change since the flag was cleared.
+    bool isModified() const { return modified_; }
+    void setModified(bool modified) { modified_ = modified; }
+
+  protected:
+    ~Object() override;
+
+    /// Marks the object as modified.
+    /// @return EXEC_IGNORED without a source
+    Action::ExecReturn changedNotify(const Tq_1_1::SmartPtr<Observer>& observer,
+                                     const Tq_1_1::SmartPtr<Observer>& source) override;
+
+  private:
+    bool isBelowOrAt(const Object* other) const;
+
+    Object* parent_ = nullptr;
+    std::vector<Tq_1_1::SmartPtr<Object>> children_;
+    mutable Tq_1_1::Mat4d<double> trafo_;  // the answer of the last calcTrafoTo
+    bool modified_ = false;
+};
+
+}  // namespace Hx

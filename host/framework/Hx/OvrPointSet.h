@@ -1,0 +1,78 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "HostExport.h"
+#include "Hx/Action.h"
+#include "Hx/ErrorConversion.h"
+#include "Hx/ModificationScope.h"
+#include "Hx/PointSet.h"
+#include "Hx/PointWriteLock.h"
+#include "Ovr/IScanData.h"
+#include "Ovr/IScanIntegration.h"
+#include "Ovr/Vardex/CorvinMetaData.h"
+
+namespace Hx {
+
+class Observer;
+class PointSetIntegration;
+
+/// A point set whose points are loaded by a scan-data object.
+class HOST_EXPORT OvrPointSet : public PointSet {
+  public:
+    static const Tq_1_1::HxClass* Class();
+    const Tq_1_1::HxClass* getClassType() const override;
+    ~OvrPointSet() override;
+
+    // Virtual operations, behind those of PointSet and in this order.
+    /// A new converter for one conversion, owned by the caller.
+    virtual std::unique_ptr<SpecificErrorConverterBase> createErrorConverter() const = 0;
+    virtual bool supportsResize() const = 0;
+    /// Sizes the record storage and writes the counts.
+    /// @param allocate  false only writes the counts and drops the records
+    /// @return false when memory runs out; the storage is empty then
+    virtual bool resizePointStorage(int rows, int cols, bool allocate, bool withReflection) = 0;
+    /// Refreshes the host's copy of the scan's metadata.
+    virtual void updateCachedMetaData();
+
+    Ovr::Interfaces::IScanIntegration& getIScanIntegration() const;
+    Ovr::Interfaces::IScanData& getIScanData() const;
+    /// Null only for a point set made without an integration.
+    const std::shared_ptr<PointSetIntegration>& getIntegration() const { return integration_; }
+
+    /// Sizes the storage to @p rows x @p cols records without separate reflection. The data are
+    /// not valid until validateData, unless they were valid in this size before.
+    /// @return false for negative or impossible counts and when memory runs out
+    [[nodiscard]] bool resize(int rows, int cols);
+
+    /// A scope that says that everything may change.
+    ModificationScope createModificationScope();
+    /// @param timeout  longest wait [ms]
+    PointWriteLock lockPoints(int timeout);
+
+    /// The file that was imported last.
+    const FileInfo& getFileInfo() const { return fileInfo_; }
+    void setFileInfo(const FileInfo& info) { fileInfo_ = info; }
+
+    /// The host's copy of the metadata, as of the last updateCachedMetaData.
+    const Ovr::VardexLib::CorvinMetaData& getCachedMetaData() const { return cachedMetaData_; }
+
+    /// Tells a container's point set of a change: marks its info as modified when a source is
+    /// given. @return EXEC_IGNORED for a null point set or a null source
+    static Action::ExecReturn changedNotify(PtSetObject* container, PointSet* pointSet,
+                                            Observer* observer, Observer* source);
+
+  protected:
+    OvrPointSet(const Tq_1_1::String& name, std::shared_ptr<PointSetIntegration> integration);
+
+  private:
+    std::shared_ptr<PointSetIntegration> integration_;
+    FileInfo fileInfo_;
+    Ovr::VardexLib::CorvinMetaData cachedMetaData_;
+};
+
+}  // namespace Hx

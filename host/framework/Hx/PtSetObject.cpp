@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#include "Hx/PtSetObject.h"
+
+#include <utility>
+
+#include "Tq/HxClass.h"
+#include "Tq/Module.h"
+
+namespace Hx {
+
+Operation::Context<PointSetOps::KeyType<PointSet>,
+                   Action::ExecReturn(PtSetObject*, PointSet*, Observer*, Observer*)>
+    PtSetObject::Operations::changedNotifyOperation;
+
+PtSetObject::~PtSetObject() {
+    if (pointSet_) {
+        pointSet_->setContainer(nullptr);
+    }
+}
+
+const Tq_1_1::HxClass* PtSetObject::Class() {
+    static const Tq_1_1::HxClass record(L"PtSetObject", Transform::Class(), Tq_1_1::hostModule(),
+                                        {});
+    return &record;
+}
+
+const Tq_1_1::HxClass* PtSetObject::getClassType() const {
+    return Class();
+}
+
+bool PtSetObject::setPointSet(std::shared_ptr<PointSet> pointSet) {
+    if (pointSet && pointSet->getContainer() != nullptr && pointSet->getContainer() != this) {
+        return false;
+    }
+    if (pointSet_) {
+        pointSet_->setContainer(nullptr);
+    }
+    pointSet_ = std::move(pointSet);
+    if (pointSet_) {
+        pointSet_->setContainer(this);
+    }
+    return true;
+}
+
+Action::ExecReturn PtSetObject::changedNotify(const Tq_1_1::SmartPtr<Observer>& observer,
+                                              const Tq_1_1::SmartPtr<Observer>& source) {
+    const Action::ExecReturn own = Transform::changedNotify(observer, source);
+    if (!pointSet_) {
+        return own;
+    }
+    auto* const function = Operations::changedNotifyOperation.find(pointSet_->getClassType());
+    if (function == nullptr) {
+        return own;
+    }
+    const auto passedOn = function(this, pointSet_.get(), observer.get(), source.get());
+    return passedOn == Action::EXEC_FAILED ? passedOn : own;
+}
+
+}  // namespace Hx

@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#include "Hx/RawScanFileObject.h"
+
+#include <string>
+#include <utility>
+
+#include "Hx/ErrorConversion.h"
+#include "Hx/PtSetObject.h"
+#include "Tq/HxClass.h"
+#include "Tq/Module.h"
+
+namespace Hx {
+
+RawScanFileObject::~RawScanFileObject() = default;
+
+const Tq_1_1::HxClass* RawScanFileObject::Class() {
+    static const Tq_1_1::HxClass record(L"RawScanFileObject", MiscFileDataObject::Class(),
+                                        Tq_1_1::hostModule(), {});
+    return &record;
+}
+
+const Tq_1_1::HxClass* RawScanFileObject::getClassType() const {
+    return Class();
+}
+
+void RawScanFileObject::init(CreateType type, const AttrContainer* source) {
+    MiscFileDataObject::init(type, source);
+    const auto* const original = dynamic_cast<const RawScanFileObject*>(source);
+    if (original != nullptr && type != CREATE_TEMPLATE) {
+        project_ = original->project_;
+    }
+}
+
+IOMessages::IOResult RawScanFileObject::fillFrom(const Tq_1_1::File& file, PtSetObject* scan) {
+    if (scan != nullptr && getParent() != nullptr && getParent() != scan) {
+        setLastErrorMessage(file.getPath().toUtf8() + ": its object belongs to another scan");
+        return IOMessages::IO_ERROR;
+    }
+    auto project = std::make_shared<Ovr::Formats::ProjectFile>();
+    const std::string path = file.getPath().toUtf8();
+    const auto error =
+        Ovr::Formats::readProjectFile(std::u8string(path.begin(), path.end()), *project);
+    if (error) {
+        return convertError(error, nullptr);
+    }
+    project_ = std::move(project);
+    setFilePath(file.getPath());
+    if (scan != nullptr && getParent() == nullptr) {
+        scan->addChild(Tq_1_1::SmartPtr<Object>(this));
+    }
+    return project_->warnings.empty() ? IOMessages::IO_OK : IOMessages::IO_UNKNOWN_FIELDS;
+}
+
+}  // namespace Hx

@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <memory>
+
+#include "HostExport.h"
+#include "Hx/IOMessages.h"
+#include "Hx/MiscFileDataObject.h"
+#include "Hx/ValidationInterface.h"
+#include "Tq/File.h"
+#include "formats/ProjectFile.h"
+
+namespace Hx {
+
+class PtSetObject;
+
+/// An object that stands for a scanner's project file.
+class HOST_EXPORT RawScanFileObject : public MiscFileDataObject, public ValidationInterface {
+  public:
+    static const Tq_1_1::HxClass* Class();
+    const Tq_1_1::HxClass* getClassType() const override;
+
+    /// Also shares the project of a source that has one.
+    void init(CreateType type, const AttrContainer* source) override;
+
+    /// Reads a project file. Points are not read: importing the project's scans is the
+    /// application's. The text of a failure is in lastErrorMessage.
+    /// @param scan  the scan that the file belongs to: this object becomes its child. Null leaves
+    ///              the object where it is.
+    /// @return IO_OK; IO_UNKNOWN_FIELDS when the file was read and says more than is understood,
+    ///         see ProjectFile::warnings; any other value is a failure that leaves the object and
+    ///         the tree as they were. IO_ERROR when the object has another parent than @p scan.
+    /// Requires: init was called, and this object is held by a SmartPtr.
+    [[nodiscard]] IOMessages::IOResult fillFrom(const Tq_1_1::File& file, PtSetObject* scan);
+
+    /// @return null until the object was filled
+    const std::shared_ptr<const Ovr::Formats::ProjectFile>& getProject() const { return project_; }
+    /// Whether a project was read.
+    bool isValid() const override { return project_ != nullptr; }
+
+  protected:
+    ~RawScanFileObject() override;
+
+  private:
+    std::shared_ptr<const Ovr::Formats::ProjectFile> project_;
+};
+
+}  // namespace Hx

@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <cstdint>
+
+namespace Hx {
+
+/// Statistics of a value with its limits.
+template <typename T>
+struct StatisticValLimits {
+    T minimum{};
+    T maximum{};
+    T mean{};
+    T deviation{};
+    std::uint64_t count = 0;
+};
+
+/// The same, for values that the host shows rounded.
+template <typename T>
+struct StatisticValLimitsRounded {
+    T minimum{};
+    T maximum{};
+    T mean{};
+    T deviation{};
+    std::uint64_t count = 0;
+};
+
+/// Which points a reflection statistic covers.
+enum class ReflStatType : std::int32_t { AllPoints = 0, VisiblePoints = 1 };
+
+}  // namespace Hx

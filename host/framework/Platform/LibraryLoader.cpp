@@ -1,0 +1,94 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#include "Platform/LibraryLoader.h"
+
+#include <dlfcn.h>
+
+#include <map>
+#include <mutex>
+#include <system_error>
+
+namespace Platform {
+
+namespace {
+
+// Handles of the open libraries with their number of users. A library that is opened again is
+// neither attached nor detached a second time.
+struct Loader {
+    std::recursive_mutex mutex;  // re-entrant: a library's load step may open another library
+    std::map<void*, int> users;  // guarded by mutex
+};
+
+Loader& loader() {
+    static Loader instance;
+    return instance;
+}
+
+std::string lastLoaderError() {
+    const char* text = dlerror();
+    return text == nullptr ? "unknown error" : text;
+}
+
+// Attaches a library; on failure the platform detaches at once.
+bool attach(void* handle, LibraryEntry entry) {
+    if (entry(handle, static_cast<int>(EntryReason::ProcessAttach)) != 0) {
+        return true;
+    }
+    entry(handle, static_cast<int>(EntryReason::ProcessDetach));
+    return false;
+}
+
+std::filesystem::path absolutePath(const std::filesystem::path& path) {
+    // A bare name would be looked for in the system's library folders.
+    std::error_code error;
+    std::filesystem::path absolute = std::filesystem::absolute(path, error);
+    return error ? path : absolute;
+}
+
+}  // namespace
+
+std::unique_ptr<LoadedLibrary> LoadedLibrary::open(const std::filesystem::path& path,
+                                                   std::string& error) {
+    const std::lock_guard lock(loader().mutex);
+    void* handle = dlopen(absolutePath(path).c_str(), RTLD_NOW | RTLD_LOCAL);
+    if (handle == nullptr) {
+        error = lastLoaderError();
+        return nullptr;
+    }
+    const auto entry = reinterpret_cast<LibraryEntry>(dlsym(handle, kLibraryEntryName));
+    if (entry == nullptr) {
+        error = path.string() + ": exports no " + kLibraryEntryName;
+    } else if (!loader().users.contains(handle) && !attach(handle, entry)) {
+        error = path.string() + ": the library refused to load";
+    } else {
+        ++loader().users[handle];
+        return std::unique_ptr<LoadedLibrary>(new LoadedLibrary(handle, entry));
+    }
+    dlclose(handle);
+    return nullptr;
+}
+
+LoadedLibrary::~LoadedLibrary() {
+    const std::lock_guard lock(loader().mutex);
+    if (--loader().users[handle_] == 0) {
+        loader().users.erase(handle_);
+        entry_(handle_, static_cast<int>(EntryReason::ProcessDetach));
+    }
+    dlclose(handle_);
+}
+
+void* LoadedLibrary::find(const char* name) const {
+    return dlsym(handle_, name);
+}
+
+bool LoadedLibrary::isMapped(const std::filesystem::path& path) {
+    void* handle = dlopen(absolutePath(path).c_str(), RTLD_LAZY | RTLD_NOLOAD);
+    if (handle == nullptr) {
+        return false;
+    }
+    dlclose(handle);
+    return true;
+}
+
+}  // namespace Platform

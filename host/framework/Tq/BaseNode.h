@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <cstdint>
+
+#include "HostExport.h"
+#include "Tq/HxClass.h"
+#include "Tq/SmartPtr.h"
+
+namespace Tq_1_1 {
+
+/// Root of the host's node classes, shared by intrusive counting.
+class HOST_EXPORT BaseNode : public RefCounted {
+  public:
+    using ClassPointer = StrictSmartPtr<BaseNode>;
+
+    /// Why a node comes into being.
+    enum CreateType : std::int32_t {
+        CREATE_NEW = 0,
+        CREATE_COPY = 1,
+        CREATE_MOVE = 2,
+        CREATE_TEMPLATE = 3  ///< a fresh node of the same class: attributes and name as when new
+    };
+
+    static const HxClass* Class();
+    virtual const HxClass* getClassType() const;
+
+  protected:
+    ~BaseNode() override;
+};
+
+}  // namespace Tq_1_1

@@ -1,0 +1,70 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "HostExport.h"
+#include "Tq/Module.h"
+#include "Tq/String.h"
+
+namespace Tq_1_1 {
+
+/// Version of a class's stored form.
+struct ClassVersion {
+    std::uint32_t major = 0;
+    std::uint32_t minor = 0;
+    std::uint32_t build = 0;
+    std::uint32_t flags = 0;
+};
+
+/// A class record: what the host knows about a class of its own or of a module. Enters itself into
+/// the host's list of classes and leaves it when destroyed. Threads: any.
+class HOST_EXPORT HxClass {
+  public:
+    /// @param base    record of the base class; null for a root
+    /// @param module  the module that the class lives in; outlives the record
+    HxClass(const String& name, const HxClass* base, const Module& module,
+            const ClassVersion& version);
+    HxClass(const HxClass&) = delete;
+    HxClass& operator=(const HxClass&) = delete;
+    virtual ~HxClass();
+
+    const String& getName() const { return name_; }
+    const HxClass* getBase() const { return base_; }
+    const Module& getModule() const { return module_; }
+    const ClassVersion& getVersion() const { return version_; }
+
+    /// Whether this is @p other or has it among its bases; false for null.
+    bool isDerivedFrom(const HxClass* other) const;
+
+    /// Sets up and tears down the class's static tables; called when its module is initialised and
+    /// terminated. Both may be called repeatedly.
+    virtual void initClassStatics() const;
+    virtual void clearClassStatics() const;
+
+    /// @return the record of that name that was built last; null when there is none
+    static const HxClass* find(const String& name);
+    /// All records, in the order in which they were built.
+    static std::vector<const HxClass*> all();
+
+  private:
+    String name_;
+    const HxClass* base_;
+    const Module& module_;
+    ClassVersion version_;
+};
+
+/// A class record that can make instances. Base::ClassPointer is the pointer that owns them.
+template <typename Base>
+class CreateableHxClass : public HxClass {
+  public:
+    using HxClass::HxClass;
+
+    /// @return a new instance; empty when instances are made elsewhere
+    virtual typename Base::ClassPointer create() const = 0;
+};
+
+}  // namespace Tq_1_1

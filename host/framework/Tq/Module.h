@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <vector>
+
+#include "HostExport.h"
+
+namespace Tq_1_1 {
+
+class HxClass;
+
+/// The record of a loaded module. A module keeps one, names it in its class records, initialises
+/// it on load and terminates it on unload.
+class HOST_EXPORT Module {
+  public:
+    Module();
+    Module(const Module&) = delete;
+    Module& operator=(const Module&) = delete;
+    ~Module();
+
+    /// Enters the module into the host and sets up the statics of its classes.
+    /// @param instanceHandle  the library's, not null
+    /// @return false when the handle is null, the record is initialised already, or the host takes
+    ///         no modules; nothing has changed then
+    [[nodiscard]] bool internalInit(void* instanceHandle);
+    /// Clears the statics of the module's classes and leaves the host. Harmless when not
+    /// initialised.
+    void internalTerm();
+
+    bool isInitialised() const { return instanceHandle_ != nullptr; }
+    void* instanceHandle() const { return instanceHandle_; }
+
+    /// The class records that name this module, in the order in which they were built.
+    std::vector<const HxClass*> classes() const;
+
+    /// Whether the host takes modules; it stops doing so while it shuts down.
+    static void setAccepting(bool accepting);
+    static bool isAccepting();
+
+  private:
+    void* instanceHandle_ = nullptr;
+};
+
+/// The record that the host's own classes name.
+HOST_EXPORT Module& hostModule();
+
+}  // namespace Tq_1_1
