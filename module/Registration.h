@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+/// Announces the module's classes and functions to the host and withdraws them.
+///
+/// Lists are edited by the rules of module/OperationList.h. A step that fails leaves in place what
+/// it registered before; each unregistering step is harmless for what was never registered, so the
+/// whole unregistration may follow a registration that ended anywhere.
+/// Threads: the loading thread only; the host must not read its lists meanwhile.
+namespace Vardex {
+
+/// Enters the mobile class into the lists of settings pages and panoramas, then into the host's
+/// point-set factory.
+/// @return false when the host has no factory or the factory refuses
+[[nodiscard]] bool registerCorvinMobilePointSet();
+/// Enters the stationary class into the polar factories, double before float, and into the lists of
+/// settings pages and settings, then into the host's point-set factory.
+/// @return false when the host has no factory or the factory refuses
+[[nodiscard]] bool registerCorvinStancePointSet();
+void registerChangedNotifyOperation();
+void registerSphericalEstimationOperation();
+void registerScanPointTimesOperation();
+
+/// @return what the factory answers; false when the host has none
+bool unregisterCorvinMobilePointSet();
+/// @return what the factory answers; false when the host has none
+bool unregisterCorvinStancePointSet();
+void unregisterSphericalEstimationOperation();
+void unregisterScanPointTimesOperation();
+void unregisterChangedNotifyOperation();
+
+/// All registering steps in the order above, up to the first that fails.
+/// @return false when one failed
+[[nodiscard]] bool registerAll();
+/// All unregistering steps in the order above, whatever each of them gives.
+void unregisterAll();
+
+}  // namespace Vardex
