@@ -1,0 +1,20 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "scanhost/Failure.h"
+
+namespace ScanHost {
+
+/// Runs the program.
+/// @param arguments  without the program's name
+/// @param out        gets reports and help
+/// @param err        gets errors, warnings and progress
+ExitCode runApplication(std::vector<std::string> arguments, std::ostream& out, std::ostream& err);
+
+}  // namespace ScanHost

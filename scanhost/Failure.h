@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace ScanHost {
+
+/// How the program ends, as seen by the shell.
+enum class ExitCode : int { Done = 0, Failed = 1, WrongUsage = 2, Cancelled = 130 };
+
+/// Ends a command. The message is one line for people, without the program's name.
+class Failure : public std::runtime_error {
+  public:
+    explicit Failure(const std::string& message, ExitCode code = ExitCode::Failed)
+        : std::runtime_error(message), code_(code) {}
+
+    ExitCode code() const { return code_; }
+
+  private:
+    ExitCode code_;
+};
+
+}  // namespace ScanHost

@@ -1,0 +1,138 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#include "scanhost/ImportedScan.h"
+
+#include <utility>
+
+#include "Hx/ErrorConversion.h"
+#include "Hx/FileInfo.h"
+#include "Hx/Models.h"
+
+#include "scanhost/Failure.h"
+#include "scanhost/Interrupt.h"
+#include "scanhost/NumberText.h"
+#include "stance/CorvinStancePointSet.h"
+
+namespace ScanHost {
+
+namespace {
+
+/// The listing's source with what the user said of the scan.
+void applyOptions(Ovr::ScanSource& source, const ScanOptions& options) {
+    source.trajectory = options.trajectory;
+    source.clock = options.clock;
+}
+
+Hx::FileInfo fileInfoOf(const Ovr::ScanSource& source) {
+    Hx::FileInfo info;
+    info.path = Tq_1_1::String::fromUtf8(source.file.string());
+    info.source = source;
+    return info;
+}
+
+}  // namespace
+
+Tq_1_1::Mat4d<double> ImportedScan::toWorld() const {
+    return container->calcTrafoTo(nullptr);
+}
+
+Ovr::VardexLib::CorvinScanData& ImportedScan::scanData() const {
+    return dynamic_cast<Ovr::VardexLib::CorvinScanData&>(pointSet->getIScanData());
+}
+
+void requireOk(int result, const std::string& what) {
+    if (result == Hx::IOMessages::IO_OK) {
+        return;
+    }
+    const auto named = static_cast<Hx::IOMessages::IOResult>(result);
+    const std::string words = Hx::lastErrorMessage();
+    throw Failure(words.empty() ? what + ": " + Hx::IOMessages::describe(named) : words,
+                  named == Hx::IOMessages::IO_CANCELLED ? ExitCode::Cancelled : ExitCode::Failed);
+}
+
+void requireOk(const Ovr::ErrorPtr& error) {
+    if (error) {
+        throw Failure(error->message(), error->code() == Ovr::Interfaces::ErrorCode::Cancelled
+                                            ? ExitCode::Cancelled
+                                            : ExitCode::Failed);
+    }
+}
+
+ScanImporter::ScanImporter(ModuleSession& session, Console& console)
+    : session_(session), console_(console), project_(std::make_shared<Ovr::ScanProject>()) {}
+
+std::vector<Ovr::Formats::ScanListing> ScanImporter::list(const std::string& file,
+                                                          const ScanOptions& options) const {
+    std::vector<Ovr::Formats::ScanListing> scans;
+    requireOk(Ovr::Formats::listScans(file, scans));
+    if (options.number) {
+        if (*options.number > scans.size()) {
+            throw Failure(file + ": found " + countText(scans.size(), "scan", "scans") +
+                          ", expected a scan number " + std::to_string(*options.number));
+        }
+        scans = {scans[*options.number - 1]};
+    }
+    for (Ovr::Formats::ScanListing& scan : scans) {
+        applyOptions(scan.source, options);
+        scan.source.project = project_;
+    }
+    return scans;
+}
+
+ImportedScan ScanImporter::import(const Ovr::Formats::ScanListing& listing, Hx::Object& parent) {
+    ImportedScan scan{listing.name,   listing.classIdentifier,
+                      listing.source, listing.source.trajectory.has_value(),
+                      nullptr,        nullptr};
+    scan.source.progress = console_.progress();
+    scan.source.cancel = std::make_shared<Interrupt>();
+    scan.pointSet = std::dynamic_pointer_cast<Vardex::CorvinPointSet>(
+        session_.createPointSet(listing.classIdentifier));
+    if (!scan.pointSet) {
+        throw Failure(listing.classIdentifier + ": the class is none of the module's");
+    }
+    const Tq_1_1::String name = Tq_1_1::String::fromUtf8(listing.name);
+    scan.pointSet->setName(name);
+    scan.container = Tq_1_1::SmartPtr<Hx::PtSetObject>(new Hx::PtSetObject);
+    scan.container->init(Tq_1_1::BaseNode::CREATE_NEW, nullptr);
+    scan.container->setName(name);
+    {
+        const ProgressTask task(console_.progress(), listing.name + ": reading points");
+        Hx::FileInfo info = fileInfoOf(scan.source);
+        Hx::AllocMain guard(true, Hx::Models::the().context(Hx::ModelContext::ALL_MODELS));
+        Hx::clearLastErrorMessage();
+        requireOk(scan.pointSet->import(info, guard), scan.source.file.string());
+    }
+    console_.warn(scan.pointSet->getIScanData().getWarnings());
+    if (!scan.container->setPointSet(scan.pointSet) || !parent.addChild(scan.container)) {
+        throw Failure(listing.name + ": the scan cannot be put into the tree");
+    }
+    place(scan, console_);
+    Interrupt::check();
+    return scan;
+}
+
+ImportedScan ScanImporter::importOne(const ScanOptions& options) {
+    const std::string& file = options.files.front();
+    const std::vector<Ovr::Formats::ScanListing> scans = list(file, options);
+    if (scans.size() != 1) {
+        throw Failure(file + ": found " + countText(scans.size(), "scan", "scans") +
+                      ", expected one: choose it with --scan N");
+    }
+    return import(scans.front(), session_.root());
+}
+
+void place(const ImportedScan& scan, Console& console) {
+    Tq_1_1::Mat4d<double> matrix = Tq_1_1::Mat4d<double>::identity();
+    if (const auto stance =
+            std::dynamic_pointer_cast<Vardex::CorvinStancePointSet>(scan.pointSet)) {
+        matrix = stance->getSlamPose();
+    } else if (const auto origin = scan.source.project->origin()) {
+        matrix = Tq_1_1::Mat4d<double>::translation(*origin);
+    }
+    if (!scan.container->setMatrix(matrix)) {
+        console.warn(scan.name + ": the pose cannot be turned back and is not used");
+    }
+}
+
+}  // namespace ScanHost

@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "Tq/SmartPtr.h"
+
+#include "dataobj/VardexDataObj.h"
+#include "scanhost/Console.h"
+#include "scanhost/ImportedScan.h"
+#include "scanhost/ModuleSession.h"
+#include "scanhost/Report.h"
+
+namespace ScanHost {
+
+/// Whether a file is a scanner project, by its extension.
+bool isProjectFile(const std::string& file);
+
+/// Makes the data object of a project file and puts it into the tree. Fields of the file that are
+/// not understood are warnings. Throws a Failure when the file cannot be read.
+Tq_1_1::SmartPtr<Vardex::VardexDataObj> openProject(ModuleSession& session, Console& console,
+                                                    const std::string& file);
+
+/// Imports the scans of a project below its data object, with what the project says of them.
+std::vector<ImportedScan> importProject(Vardex::VardexDataObj& project, ScanImporter& importer,
+                                        Console& console);
+
+/// Writes the object's attributes and JSON form into a report.
+void describeProject(const Vardex::VardexDataObj& project, Report& report);
+
+}  // namespace ScanHost
