@@ -1,0 +1,138 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#include "pointset/PointRecordStore.h"
+
+#include <gtest/gtest.h>
+
+#include <new>
+#include <stdexcept>
+
+#include "tests/support/AllocationLimit.h"
+
+namespace Vardex {
+namespace {
+
+ScanPoint makePoint(float x, unsigned char red, unsigned char flags) {
+    ScanPoint point;
+    point.setPosition({x, -2.0F, 0.5F});
+    point.normal.packed = 0x1234;
+    point.color = {{red, 200, 60, flags}};
+    return point;
+}
+
+constexpr PointRecordLayout kLayouts[] = {
+    PointRecordLayout::Plain, PointRecordLayout::WithReflection, PointRecordLayout::WithTime,
+    PointRecordLayout::WithReflectionAndTime};
+
+TEST(PointRecordStore, EverySizingLeavesMemoryForExactlyTheRecordsOfOneLayout) {
+    struct Step {
+        const char* name;
+        std::uint32_t rows, cols;
+        PointRecordLayout layout;
+        std::size_t size, bytes;
+    };
+    PointRecordStore store;
+    for (const Step& step : {
+             Step{"first", 3, 4, PointRecordLayout::Plain, 12, 216},
+             Step{"grow by a little", 13, 1, PointRecordLayout::Plain, 13, 234},
+             Step{"shrink", 5, 1, PointRecordLayout::Plain, 5, 90},
+             Step{"reflection", 3, 4, PointRecordLayout::WithReflection, 12, 240},
+             Step{"time", 3, 4, PointRecordLayout::WithTime, 12, 264},
+             Step{"both", 3, 4, PointRecordLayout::WithReflectionAndTime, 12, 288},
+             Step{"empty, layout kept", 0, 0, PointRecordLayout::WithReflectionAndTime, 0, 0},
+             Step{"no layout", 3, 4, PointRecordLayout::None, 0, 0},
+             Step{"product wraps to 0", 65536, 65536, PointRecordLayout::Plain, 0, 0},
+             Step{"product wraps to 65536", 65537, 65536, PointRecordLayout::Plain, 65536, 1179648},
+         }) {
+        EXPECT_TRUE(store.resetRecords(step.rows, step.cols, step.layout)) << step.name;
+        EXPECT_EQ(store.layout(), step.layout) << step.name;
+        EXPECT_EQ(store.rows(), step.rows) << step.name;
+        EXPECT_EQ(store.cols(), step.cols) << step.name;
+        EXPECT_EQ(store.size(), step.size) << step.name;
+        EXPECT_EQ(store.bytesHeld(), step.bytes) << step.name;
+    }
+}
+
+TEST(PointRecordStore, SizingInOneLayoutKeepsRecordsAndAddsNullOnes) {
+    for (const PointRecordLayout layout : kLayouts) {
+        SCOPED_TRACE(static_cast<int>(layout));
+        PointRecordStore store;
+        store.resetRecords(2, 2, layout);
+        store.setPointAt(1, makePoint(7.0F, 10, 0));
+        store.setPointAt(3, makePoint(9.0F, 10, 0));
+        store.resetRecords(1, 2, layout);
+        store.resetRecords(2, 2, layout);
+
+        EXPECT_EQ(store.pointAt(1).position().x, 7.0F);
+        const ScanPoint& fresh = store.pointAt(3);
+        EXPECT_EQ(fresh.position(), Tq_1_1::Vec3d<float>());
+        EXPECT_FALSE(fresh.normal.isSet());
+        EXPECT_EQ(fresh.color, Tq_1_1::Color4d<unsigned char>());
+        EXPECT_EQ(store.reflectionAt(3), 0);
+
+        store.resetRecords(2, 2, PointRecordLayout::None);
+        EXPECT_EQ(&store.pointAt(1), &ScanPoint::nullReference);
+    }
+}
+
+TEST(PointRecordStore, WritingAPointClearsWhatBelongedToTheOldMeasurement) {
+    PointRecordStore store;
+    store.resetRecords(1, 2, PointRecordLayout::WithReflectionAndTime);
+    store.records<ReflectionTimeRecord>()[1].time = 4'294'967'295U;
+    store.setReflectionAt(1, 1234);
+    store.setPointAt(1, makePoint(7.0F, 10, 1));
+
+    const ReflectionTimeRecord record = store.records<ReflectionTimeRecord>()[1];
+    EXPECT_EQ(record.point.position().y, -2.0F);
+    EXPECT_EQ(record.point.normal.packed, 0x1234);
+    EXPECT_EQ(record.point.color[1], 200);
+    EXPECT_EQ(record.reflection, 0);
+    EXPECT_EQ(record.time + 0U, 0U);
+}
+
+TEST(PointRecordStore, ReflectionAndColourExcludeEachOtherOnlyWhereTheyShareBytes) {
+    for (const PointRecordLayout layout : kLayouts) {
+        SCOPED_TRACE(static_cast<int>(layout));
+        const bool separate = hasSeparateReflection(layout);
+        PointRecordStore store;
+        store.resetRecords(1, 1, layout);
+        store.setPointAt(0, makePoint(7.0F, 10, 1));
+        EXPECT_EQ(store.reflectionAt(0), separate ? 0 : 1680);
+
+        store.setReflectionAt(0, 1234);
+        EXPECT_EQ(store.reflectionAt(0), 1234);
+        const Tq_1_1::Color4d<unsigned char> kept{{10, 200, 60, 1}};
+        const Tq_1_1::Color4d<unsigned char> replaced{{0xD2, 0x04, 0, 0}};
+        EXPECT_EQ(store.pointAt(0).color, separate ? kept : replaced);
+        EXPECT_EQ(store.pointAt(0).position().x, 7.0F);
+    }
+}
+
+TEST(PointRecordStore, GrowingAsksForNoMoreThanTheNewRecords) {
+    PointRecordStore store;
+    store.resetRecords(10, 10, PointRecordLayout::Plain);
+    const Testing::AllocationLimit limit(2160);  // 120 x 18
+    EXPECT_TRUE(store.resetRecords(12, 10, PointRecordLayout::Plain));
+    EXPECT_EQ(store.size(), 120U);
+}
+
+TEST(PointRecordStore, AFailedSizingThrowsAndStaysWithinItsRecords) {
+    PointRecordStore store;
+    store.resetRecords(10, 10, PointRecordLayout::Plain);
+    store.setPointAt(99, makePoint(7.0F, 10, 1));
+    EXPECT_THROW(store.resetRecords(65536, 32768, PointRecordLayout::WithTime), std::length_error);
+    EXPECT_EQ(store.layout(), PointRecordLayout::Plain);
+    EXPECT_EQ(store.rows(), 10U);
+
+    const Testing::AllocationLimit limit(4000);
+    EXPECT_THROW(store.resetRecords(100, 10, PointRecordLayout::Plain), std::bad_alloc);
+    EXPECT_EQ(store.pointAt(99).position().x, 7.0F);
+    EXPECT_EQ(&store.pointAt(100), &ScanPoint::nullReference);
+    EXPECT_THROW(store.resetRecords(100, 10, PointRecordLayout::WithTime), std::bad_alloc);
+    EXPECT_EQ(store.bytesHeld(), 0U);
+    EXPECT_EQ(&store.pointAt(0), &ScanPoint::nullReference);
+}
+
+}  // namespace
+}  // namespace Vardex

@@ -1,0 +1,117 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#include "stance/PolarMath.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <random>
+
+namespace Vardex {
+namespace {
+
+template <typename T>
+class PolarMathTest : public testing::Test {};
+
+using Precisions = testing::Types<float, double>;
+TYPED_TEST_SUITE(PolarMathTest, Precisions);
+
+constexpr double kPi = 3.141592653589793;
+
+template <typename T>
+void expectSameBits(const Tq_1_1::Vec3d<T>& actual, const Tq_1_1::Vec3d<T>& expected,
+                    const char* name) {
+    for (std::size_t i = 0; i < 3; ++i) {
+        EXPECT_EQ(actual[i], expected[i]) << name << ", component " << i;
+        EXPECT_EQ(std::signbit(actual[i]), std::signbit(expected[i]))
+            << name << ", sign of component " << i;
+    }
+}
+
+TYPED_TEST(PolarMathTest, AxesAndPolesAreExactToTheSignOfZero) {
+    using T = TypeParam;
+    struct Case {
+        const char* name;
+        Tq_1_1::Vec3d<T> point;
+        PolarMath::Polar<T> scan;
+        PolarMath::Polar<T> unified;
+    };
+    const T pi = static_cast<T>(kPi);
+    const T half = static_cast<T>(kPi / 2);
+    const T threeHalves = static_cast<T>(3 * kPi / 2);
+    const T tiny = static_cast<T>(0.0000049);
+    for (const Case& c : {
+             Case{"+x", {1, 0, 0}, {1, -T{0}, 0}, {1, 0, half}},
+             Case{"-x", {-1, 0, 0}, {1, pi, 0}, {1, pi, half}},
+             Case{"+y", {0, 1, 0}, {1, threeHalves, 0}, {1, half, half}},
+             Case{"-y", {0, -1, 0}, {1, half, 0}, {1, threeHalves, half}},
+             Case{"+z", {0, 0, 2}, {2, 0, half}, {2, 0, 0}},
+             Case{"-z", {0, 0, -3}, {3, 0, -half}, {3, 0, pi}},
+             Case{"below -0", {1, 0, -T{0}}, {1, -T{0}, -T{0}}, {1, 0, half}},
+             Case{"origin", {0, 0, 0}, {0, 0, 0}, {0, 0, 0}},
+             Case{"too close", {0, -tiny, 0}, {tiny, 0, 0}, {tiny, 0, 0}},
+         }) {
+        expectSameBits(PolarMath::scanOfCartesian(c.point), c.scan, c.name);
+        expectSameBits(PolarMath::unifiedOfCartesian(c.point), c.unified, c.name);
+    }
+}
+
+TYPED_TEST(PolarMathTest, AnglesAgreeWithTheArcTangentsAndLeadBack) {
+    using T = TypeParam;
+    const double tolerance = 20 * static_cast<double>(std::numeric_limits<T>::epsilon());
+    std::mt19937 random(20260417);
+    std::uniform_real_distribution<double> coordinate(-30.0, 30.0);
+    for (int i = 0; i < 2000; ++i) {
+        const Tq_1_1::Vec3d<T> p{static_cast<T>(coordinate(random)),
+                                 static_cast<T>(coordinate(random)),
+                                 static_cast<T>(coordinate(random))};
+        const double x = p.x, y = p.y, z = p.z;
+        const double clockwise = std::atan2(-y, x);
+        const double horizontal = clockwise < 0 ? clockwise + 2 * kPi : clockwise;
+        const double elevation = std::atan2(z, std::hypot(x, y));
+        const double r = std::hypot(x, y, z);
+
+        const PolarMath::Polar<T> scan = PolarMath::scanOfCartesian(p);
+        EXPECT_NEAR(scan.x, r, tolerance * r);
+        EXPECT_NEAR(scan.y, horizontal, 10 * tolerance) << x << ' ' << y << ' ' << z;
+        EXPECT_NEAR(scan.z, elevation, 10 * tolerance) << x << ' ' << y << ' ' << z;
+
+        const PolarMath::Polar<T> unified = PolarMath::unifiedOfCartesian(p);
+        const PolarMath::Polar<T> converted = PolarMath::otherConvention(scan);
+        const Tq_1_1::Vec3d<T> back = PolarMath::cartesianOfScan(scan);
+        const Tq_1_1::Vec3d<T> unifiedBack = PolarMath::cartesianOfUnified(unified);
+        for (std::size_t k = 0; k < 3; ++k) {
+            EXPECT_NEAR(unified[k], converted[k], 100 * tolerance) << x << ' ' << y << ' ' << z;
+            EXPECT_NEAR(back[k], p[k], 10 * tolerance * r) << x << ' ' << y << ' ' << z;
+            EXPECT_NEAR(unifiedBack[k], p[k], 100 * tolerance * r) << x << ' ' << y << ' ' << z;
+        }
+    }
+}
+
+TEST(PolarMath, TheCosineIsAShiftedSine) {
+    const double halfPi = kPi / 2;
+    const double sineOfPi = 1.2246467991473532e-16;
+    EXPECT_EQ(PolarMath::cartesianOfScan<double>({1, halfPi, 0}).x, sineOfPi);
+    EXPECT_EQ(PolarMath::cartesianOfScan<double>({1, 0, -halfPi}).x, sineOfPi);
+    EXPECT_EQ(PolarMath::cartesianOfUnified<double>({1, 0, -halfPi}).z, sineOfPi);
+
+    const float halfPiF = 1.5707964F;
+    const float sineOfPiF = -8.742278e-08F;
+    EXPECT_EQ(PolarMath::cartesianOfScan<float>({1, halfPiF, 0}).x, sineOfPiF);
+    EXPECT_EQ(PolarMath::cartesianOfScan<float>({1, 0, -halfPiF}).x, 0.0F);
+    EXPECT_TRUE(std::signbit(PolarMath::cartesianOfScan<float>({1, 0, 0}).y));
+    EXPECT_FALSE(std::signbit(PolarMath::cartesianOfUnified<float>({1, 0, halfPiF}).y));
+}
+
+TEST(PolarMath, SinglePrecisionScanAnglesAreReckonedInDouble) {
+    // cos h = 3/5 and sin v = 12/13. Reckoned in single precision the last digits differ.
+    const PolarMath::Polar<float> polar = PolarMath::scanOfCartesian<float>({3, -4, 12});
+    EXPECT_EQ(polar.x, 13.0F);
+    EXPECT_EQ(polar.y, 0.9272952180F);
+    EXPECT_EQ(polar.z, 1.1760052071F);
+}
+
+}  // namespace
+}  // namespace Vardex

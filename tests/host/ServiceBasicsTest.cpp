@@ -1,0 +1,128 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <future>
+#include <memory>
+#include <thread>
+
+#include "Ovr/Errors.h"
+#include "Ovr/Locks.h"
+#include "Ovr/ServiceRegistry.h"
+#include "tests/support/MemoryScan.h"
+
+namespace {
+
+using Ovr::IPointDataLocks;
+
+/// Whether another thread gets the write lock within a time [ms].
+bool othersGet(IPointDataLocks& locks, int timeout) {
+    return std::async(std::launch::async, [&] { return locks.getWriteLock(timeout) != nullptr; })
+        .get();
+}
+
+TEST(PointDataLocks, AreReentrantOnOneThreadAndHeldUntilTheLastIsGone) {
+    const auto locks = Ovr::makePointDataLocks();
+    auto first = locks->getWriteLock(5000);
+    auto second = locks->getWriteLock(0);
+    ASSERT_TRUE(first && second);
+    EXPECT_TRUE(first->isValid());
+    EXPECT_FALSE(othersGet(*locks, 0));
+    first.reset();
+    EXPECT_FALSE(othersGet(*locks, 0));
+    second.reset();
+    EXPECT_TRUE(othersGet(*locks, 0));
+}
+
+TEST(PointDataLocks, WaitForMillisecondsAndNoLonger) {
+    const auto locks = Ovr::makePointDataLocks();
+    auto held = locks->getWriteLock(0);
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_FALSE(othersGet(*locks, 60));
+    const auto waited = std::chrono::steady_clock::now() - begin;
+    EXPECT_GE(waited, std::chrono::milliseconds(55));
+    EXPECT_LT(waited, std::chrono::seconds(20));
+    EXPECT_FALSE(othersGet(*locks, -5));
+
+    auto other = std::async(std::launch::async, [&] { return othersGet(*locks, 30000); });
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    held.reset();
+    EXPECT_TRUE(other.get());
+}
+
+TEST(PointDataLocks, GiveExclusiveAccessOnceAndOnlyForTheirOwnLock) {
+    auto locks = Ovr::makePointDataLocks();
+    const auto foreign = Ovr::makePointDataLocks()->getWriteLock(0);
+    auto lock = locks->getWriteLock(0);
+    EXPECT_FALSE(locks->getExclusiveAccess(*foreign));
+    auto access = locks->getExclusiveAccess(*lock);
+    EXPECT_TRUE(access);
+    EXPECT_FALSE(locks->getExclusiveAccess(*lock));
+    access.reset();
+    access = locks->getExclusiveAccess(*lock);
+    EXPECT_TRUE(access);
+    locks.reset();  // what was handed out lives on
+    access.reset();
+    lock.reset();
+}
+
+class OtherService : public Ovr::Interfaces::IService {};
+
+/// Asks the registry when it is destroyed.
+class CallingBack final : public OtherService {
+  public:
+    explicit CallingBack(Ovr::ServiceRegistry& registry) : registry_(registry) {}
+    CallingBack(const CallingBack&) = delete;
+    CallingBack& operator=(const CallingBack&) = delete;
+    ~CallingBack() override { registry_.getService<OtherService>(); }
+
+  private:
+    Ovr::ServiceRegistry& registry_;
+};
+
+TEST(ServiceRegistry, KeepsOneServicePerInterface) {
+    using Ovr::VardexLib::IScanPointTimes;
+    Ovr::ServiceRegistry registry;
+    EXPECT_EQ(registry.getService<IScanPointTimes>(), nullptr);
+    EXPECT_FALSE(registry.registerService(std::shared_ptr<IScanPointTimes>()));
+
+    const auto times = std::make_shared<Support::MemoryTimes>(1);
+    EXPECT_TRUE(registry.registerService<IScanPointTimes>(times));
+    EXPECT_FALSE(registry.registerService(std::shared_ptr<IScanPointTimes>()));
+    EXPECT_EQ(registry.getService<IScanPointTimes>(), times);
+    EXPECT_EQ(registry.getService<OtherService>(), nullptr);
+
+    EXPECT_TRUE(registry.store(typeid(IScanPointTimes), std::make_shared<OtherService>()));
+    EXPECT_EQ(registry.getService<IScanPointTimes>(), nullptr);
+    EXPECT_EQ(times.use_count(), 1);
+}
+
+TEST(ServiceRegistry, ReleasesAReplacedServiceOutsideItsLock) {
+    Ovr::ServiceRegistry registry;
+    registry.registerService<OtherService>(std::make_shared<CallingBack>(registry));
+    const auto next = std::make_shared<OtherService>();
+    registry.registerService<OtherService>(next);  // hangs when the lock is held meanwhile
+    EXPECT_EQ(registry.getService<OtherService>(), next);
+}
+
+TEST(Errors, AreOneLineOfPlaceFoundAndExpected) {
+    const struct {
+        Ovr::Fault fault;
+        const char* message;
+    } cases[] = {
+        {{"room.ptx", "line 12", "'abc'", "a number"},
+         "room.ptx: line 12: found 'abc', expected a number"},
+        {{"room.ptx", "", "", "more memory"}, "room.ptx: expected more memory"},
+        {{"", "byte 7", "x\r\ny\x1B[1m", ""}, "byte 7: found x  y [1m"},
+        {{"a\xFF.las", "", "no such file", ""}, "a\xEF\xBF\xBD.las: found no such file"},
+    };
+    for (const auto& c : cases) {
+        const auto error = Ovr::makeError(Ovr::Interfaces::ErrorCode::InvalidValue, c.fault);
+        EXPECT_EQ(error->message(), c.message);
+        EXPECT_EQ(error->code(), Ovr::Interfaces::ErrorCode::InvalidValue);
+    }
+}
+
+}  // namespace

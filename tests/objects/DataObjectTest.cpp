@@ -1,0 +1,302 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#include <gtest/gtest.h>
+#include <json/value.h>
+
+#include <chrono>
+#include <cstdint>
+#include <future>
+#include <memory>
+#include <string>
+
+#include "Hx/CommandInterf.h"
+#include "Hx/ModelContext.h"
+#include "Hx/Models.h"
+#include "Hx/PtSetObject.h"
+#include "Hx/RestrictionManager.h"
+#include "Hx/StateContext.h"
+
+#include "dataobj/VardexDataObj.h"
+#include "module/ModuleRecord.h"
+#include "tests/support/TempFolder.h"
+
+namespace Vardex {
+namespace {
+
+using Hx::AttrValue;
+using Tq_1_1::BaseNode;
+using Tq_1_1::SmartPtr;
+using Tq_1_1::String;
+
+/// A class derived from the data object, with a record of its own.
+class DerivedDataObj final : public VardexDataObj {
+  public:
+    using VardexDataObj::attrDefMap;
+    using VardexDataObj::attrDefs;
+    using VardexDataObj::attrNames;
+
+    const Tq_1_1::HxClass* getClassType() const override {
+        static const Tq_1_1::HxClass record(L"DerivedDataObj", VardexDataObj::Class(), theModule(),
+                                            {});
+        return &record;
+    }
+};
+
+/// The class's tables as a loaded module has them; down again afterwards.
+class ReadyStatics {
+  public:
+    ReadyStatics() { VardexDataObj::initStatics(); }
+    ReadyStatics(const ReadyStatics&) = delete;
+    ReadyStatics& operator=(const ReadyStatics&) = delete;
+    ~ReadyStatics() { VardexDataObj::clearStatics(); }
+};
+
+/// The running application for as long as it lives.
+class RunningApplication {
+  public:
+    explicit RunningApplication(std::shared_ptr<Hx::RestrictionManager> manager) {
+        application_.setRestrictionManager(std::move(manager));
+        Hx::Models::the().setApplication(&application_);
+    }
+    RunningApplication(const RunningApplication&) = delete;
+    RunningApplication& operator=(const RunningApplication&) = delete;
+    ~RunningApplication() { Hx::Models::the().setApplication(nullptr); }
+
+  private:
+    Hx::Application application_;
+};
+
+template <typename T>
+SmartPtr<T> makeNode() {
+    SmartPtr<T> node(new T);
+    node->init(BaseNode::CREATE_NEW, nullptr);
+    return node;
+}
+
+AttrValue progressOf(const Hx::AttrContainer& object) {
+    return object.getAttribute(13)->getValue();
+}
+
+TEST(DataObjectStatics, LieBetweenInitAndClear) {
+    const SmartPtr<DerivedDataObj> object(new DerivedDataObj);
+    const auto expectOnlyTheBasesAnswers = [&](const char* when) {
+        EXPECT_EQ(DerivedDataObj::attrNames, nullptr) << when;
+        EXPECT_EQ(DerivedDataObj::attrDefMap, nullptr) << when;
+        EXPECT_EQ(object->getAttrToken(L"ProcessingProgress"), 0xFFFFFFFFU) << when;
+        EXPECT_EQ(object->getAttrToken(L"Name"), 1U) << when;
+        EXPECT_TRUE(object->getAttrName(13).isNull()) << when;
+        EXPECT_EQ(object->getAttrName(1), L"Name") << when;
+        EXPECT_EQ(object->getAttrDefinition(13), nullptr) << when;
+        EXPECT_NE(object->getAttrDefinition(1), nullptr) << when;
+    };
+    expectOnlyTheBasesAnswers("before");
+    VardexDataObj::Class()->initClassStatics();
+    const auto* names = DerivedDataObj::attrNames;
+    const auto* definitions = DerivedDataObj::attrDefMap;
+    VardexDataObj::initStatics();
+    EXPECT_EQ(DerivedDataObj::attrNames, names);
+    EXPECT_EQ(DerivedDataObj::attrDefMap, definitions);
+    EXPECT_EQ(definitions->size(), 1U);
+    VardexDataObj::Class()->clearClassStatics();
+    VardexDataObj::clearStatics();
+    expectOnlyTheBasesAnswers("after");
+}
+
+TEST(DataObjectStatics, AnswerForOneAttributeAndLeaveTheRestToTheBase) {
+    const ReadyStatics ready;
+    const SmartPtr<DerivedDataObj> object(new DerivedDataObj);
+    EXPECT_EQ(object->getAttrToken(L"ProcessingProgress"), 13U);
+    EXPECT_EQ(object->getAttrName(13), L"ProcessingProgress");
+    const Hx::AttrDefinition* definition = object->getAttrDefinition(13);
+    ASSERT_EQ(definition, &DerivedDataObj::attrDefs[0]);
+    EXPECT_EQ(definition->usage, 0U);
+    EXPECT_EQ(definition->type, 16U);
+    EXPECT_EQ(DerivedDataObj::attrDefs[1].token, 14U);
+    EXPECT_TRUE(DerivedDataObj::attrDefs[1].name.isNull());
+    EXPECT_EQ(DerivedDataObj::attrDefs[1].usage, 54U);
+    EXPECT_EQ(DerivedDataObj::attrDefs[1].type, 1U);
+
+    EXPECT_EQ(object->getAttrToken(L"Name"), 1U);
+    EXPECT_EQ(object->getAttrName(2), L"FilePath");
+    EXPECT_EQ(object->getAttrDefinition(1)->name, L"Name");
+    EXPECT_EQ(object->getAttrToken(String::NIL), 0xFFFFFFFFU);
+    EXPECT_TRUE(object->getAttrName(14).isNull());
+    EXPECT_EQ(object->getAttrDefinition(14), nullptr);
+    EXPECT_EQ(object->getProgressAttrToken(), 13U);
+    EXPECT_EQ(object->getStateAttrToken(), 0xFFFFFFFFU);
+}
+
+TEST(DataObject, IsNamedAfterItsClassAndUnprocessedWhenNew) {
+    const auto object = makeNode<VardexDataObj>();
+    EXPECT_EQ(object->getName(), L"VardexDataObj");
+    EXPECT_EQ(progressOf(*object), AttrValue(std::int32_t{-1}));
+    EXPECT_EQ(object->getAttribute(13)->getOwner(), object.get());
+    EXPECT_EQ(makeNode<DerivedDataObj>()->getName(), L"DerivedDataObj");
+}
+
+TEST(DataObject, DuplicatesAsACopyExceptForATemplate) {
+    const auto original = makeNode<VardexDataObj>();
+    original->setName(L"site", 0);
+    original->getAttribute(13)->setValue(std::int32_t{40}, original.get());
+    const auto matrix = Tq_1_1::Mat4d<double>::translation({1, 2, 3});
+    ASSERT_TRUE(original->setMatrix(matrix));
+    struct Case {
+        const char* name;
+        int type;
+        const wchar_t* copyName;
+        std::int32_t progress;
+    };
+    for (const Case& c : {
+             Case{"new", 0, L"site", 40},
+             Case{"copy", 1, L"site", 40},
+             Case{"move", 2, L"site", 40},
+             Case{"template", 3, L"VardexDataObj", -1},
+         }) {
+        const SmartPtr<Hx::AttrContainer> made =
+            original->duplicate(static_cast<BaseNode::CreateType>(c.type));
+        const auto* copy = dynamic_cast<const VardexDataObj*>(made.get());
+        ASSERT_NE(copy, nullptr) << c.name;
+        EXPECT_NE(copy, original.get()) << c.name;
+        EXPECT_EQ(copy->getName(), c.copyName) << c.name;
+        EXPECT_EQ(progressOf(*copy), AttrValue(c.progress)) << c.name;
+        EXPECT_EQ(copy->getMatrix() == matrix, c.type != 3) << c.name;
+    }
+}
+
+TEST(DataObject, SaysInJsonWhetherItLiesBelowAScan) {
+    const auto object = makeNode<VardexDataObj>();
+    const auto folder = makeNode<Hx::Transform>();
+    const auto scan = makeNode<Hx::PtSetObject>();
+    ASSERT_TRUE(folder->addChild(object));
+    for (const bool below : {false, true}) {
+        if (below) {
+            ASSERT_TRUE(scan->addChild(folder));
+        }
+        EXPECT_EQ(object->isPointCloud(), below);
+        EXPECT_EQ(object->isProcessed(), below);
+        Json::Value expected = object->Transform::toJson();
+        expected["IsPointCloud"] = false;
+        expected["PointCloud"] = below;
+        expected["IsProcessed"] = below;
+        EXPECT_EQ(object->toJson(), expected);
+    }
+}
+
+TEST(DataObject, WaitsForTheModelsBeforeItHearsOfAChange) {
+    const auto object = makeNode<VardexDataObj>();
+    object->setModified(false);
+    const auto context = Hx::Models::the().context(0xFFFFFFFFFFFFFFFFULL);
+    const auto references = context->referenceCount();
+    const std::size_t taken = context->guardsTaken();
+    std::future<Hx::Action::ExecReturn> heard;
+    {
+        const Hx::AllocMain guard(true, context);
+        heard = std::async(std::launch::async, [&] { return object->notify(object, object); });
+        EXPECT_EQ(heard.wait_for(std::chrono::milliseconds(50)), std::future_status::timeout);
+        EXPECT_FALSE(object->isModified());
+    }
+    EXPECT_EQ(heard.get(), Hx::Action::EXEC_DONE);
+    EXPECT_TRUE(object->isModified());
+    EXPECT_EQ(context->guardsTaken(), taken + 2);
+    EXPECT_EQ(context->guardsReleased(), context->guardsTaken());
+    EXPECT_EQ(context->referenceCount(), references);
+    EXPECT_EQ(object->notify({}, {}), Hx::Action::EXEC_IGNORED);
+}
+
+TEST(CreateFromImportedKpx, HandsAnObjectOutUnlessReadingFails) {
+    const Support::TempFolder folder;
+    folder.write("hall.ptx", "x");
+    const std::string scans = R"("scans": [{"kind": "stance", "name": "A", "points": "hall.ptx"}])";
+    const auto fileOf = [](const std::filesystem::path& path) {
+        return std::shared_ptr<Tq_1_1::File>(
+            Tq_1_1::File::fromString(String::fromUtf8(path.string())));
+    };
+    struct Case {
+        const char* name;
+        std::shared_ptr<Tq_1_1::File> file;
+        int result;
+        bool handedOut;
+    };
+    for (const Case& c : {
+             Case{"no file", nullptr, 171, false},
+             Case{"missing", fileOf(folder.path() / "none.json"), 171, false},
+             Case{"newer", fileOf(folder.write("b.json", R"({"version": 9})")), 15, false},
+             Case{"scan missing",
+                  fileOf(folder.write("c.json", R"({"version": 1, "scans": [)"
+                                                R"({"kind": "stance", "name": "A",)"
+                                                R"( "points": "none.ptx"}]})")),
+                  171, false},
+             Case{"good", fileOf(folder.write("d.json", "{\"version\": 1, " + scans + "}")), 0,
+                  true},
+             Case{"unknown field",
+                  fileOf(folder.write("e.json", "{\"version\": 1, \"new\": 0, " + scans + "}")), 5,
+                  true},
+         }) {
+        const auto before = makeNode<VardexDataObj>();
+        SmartPtr<VardexDataObj> result = before;
+        EXPECT_EQ(VardexDataObj::createFromImportedKpx(c.file, result), c.result) << c.name;
+        EXPECT_EQ(result == before, !c.handedOut) << c.name;
+        EXPECT_EQ(before->referenceCount(), c.handedOut ? 1 : 2) << c.name;
+        ASSERT_TRUE(result) << c.name;
+        EXPECT_EQ(result->isValid(), c.handedOut) << c.name;
+        EXPECT_EQ(result->getName(), L"VardexDataObj") << c.name;
+        EXPECT_EQ(progressOf(*result), AttrValue(std::int32_t{-1})) << c.name;
+    }
+}
+
+TEST(CommandFilter, DeniesThirteenCommandsOnADataObject) {
+    const auto manager = std::make_shared<Hx::RestrictionManager>();
+    const RunningApplication application(manager);
+    const auto object = makeNode<VardexDataObj>();
+    const auto other = makeNode<Hx::RawScanFileObject>();
+    const Hx::StateContext selected({object});
+    const Hx::StateContext selectedFirst({object, other});
+    const Hx::StateContext selectedSecond({other, object});
+    const Hx::StateContext derivedSelected({makeNode<DerivedDataObj>()});
+    const Hx::StateContext nothing;
+    for (const wchar_t* identifier :
+         {L"Plane:Create", L"Slab:Create", L"Sphere:Create", L"Pipe:Create", L"Point3d:Create",
+          L"Checkerboard:Create", L"CircularFlatPoint:Create", L"CornerPoint:Create",
+          L"Transform:Create", L"View3d:Create", L"Object:ExportObjects",
+          L"Transform:SetGlobalSystemFolder", L"Object:Properties"}) {
+        const Hx::Command command(identifier);
+        const std::string name = String(identifier).toUtf8();
+        EXPECT_TRUE(manager->isDenied(&command, &selected)) << name;
+        EXPECT_TRUE(manager->isDenied(&command, &selectedFirst)) << name;
+        EXPECT_FALSE(manager->isDenied(&command, &selectedSecond)) << name;
+        EXPECT_FALSE(manager->isDenied(&command, &derivedSelected)) << name;
+        EXPECT_FALSE(manager->isDenied(&command, &nothing)) << name;
+        EXPECT_FALSE(manager->isDenied(&command, nullptr)) << name;
+    }
+    EXPECT_EQ(VardexDataObj::forbiddenCommands.size(), 13U);
+    for (const wchar_t* identifier : {L"Object:Delete", L"plane:create", L"Plane:Create ", L""}) {
+        const Hx::Command command(identifier);
+        EXPECT_FALSE(manager->isDenied(&command, &selected)) << String(identifier).toUtf8();
+    }
+    EXPECT_FALSE(manager->isDenied(nullptr, &selected));
+}
+
+TEST(CommandFilter, IsRegisteredByEveryObjectUnderOneKey) {
+    const auto manager = std::make_shared<Hx::RestrictionManager>();
+    const void* const key = VardexDataObj::commandFilterKey.get();
+    {
+        const RunningApplication application(manager);
+        const auto first = makeNode<VardexDataObj>();
+        EXPECT_EQ(manager->getRegistrationCount(key), 1U);
+        const auto created = VardexDataObj::Class();
+        static_cast<const VardexDataObj::ClassCreator*>(created)->create();
+        EXPECT_EQ(manager->getRegistrationCount(key), 2U);
+        first->duplicate(BaseNode::CREATE_COPY);
+    }
+    EXPECT_EQ(manager->getRegistrationCount(key), 3U);
+    EXPECT_EQ(manager.use_count(), 1);
+
+    EXPECT_TRUE(makeNode<VardexDataObj>());
+    const RunningApplication unrestricted(nullptr);
+    EXPECT_TRUE(makeNode<VardexDataObj>());
+    EXPECT_EQ(manager->getRegistrationCount(key), 3U);
+}
+
+}  // namespace
+}  // namespace Vardex

@@ -1,0 +1,204 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#include <gtest/gtest.h>
+
+#include "stance/CorvinStancePointSet.h"
+#include "tests/support/AllocationLimit.h"
+
+namespace Vardex {
+namespace {
+
+using Set = CorvinStancePointSet;
+using Item = Hx::SelectItem;
+using Pair = Tq_1_1::SVec2d<int>;
+
+constexpr int kRows = 3;
+constexpr int kCols = 4;
+constexpr std::uint64_t kCells = 12;
+constexpr Item kInvalid{~std::uint64_t{0}, 0, 0, 0};
+constexpr Set::Normal kNormal{0x1234};
+constexpr Set::Color kRed{{200, 10, 60, 1}};
+
+/// A sized set whose point in record i lies at x = i.
+class PointSetAccessTest : public testing::TestWithParam<bool> {
+  protected:
+    PointSetAccessTest() {
+        EXPECT_TRUE(set.resizePointStorage(kRows, kCols, true, GetParam()));
+        set.setValidData(true);
+        for (std::uint64_t i = 0; i < kCells; ++i) {
+            Set::ScanPt point;
+            point.setPosition({static_cast<float>(i), 0.0F, 0.0F});
+            set.setScanPt(i, point);
+        }
+    }
+
+    Set set{L"scan"};
+};
+
+INSTANTIATE_TEST_SUITE_P(Layouts, PointSetAccessTest, testing::Bool(), [](const auto& layout) {
+    return layout.param ? "WithReflection" : "Plain";
+});
+
+TEST_P(PointSetAccessTest, EveryFormOfReadingReachesTheSameRecord) {
+    std::uint64_t index = 0;
+    for (int row = 0; row < kRows; ++row) {
+        for (int col = 0; col < kCols; ++col, ++index) {
+            const Item item{index, row, col, 0};
+            EXPECT_EQ(set.getSelectItem(Pair(col, row)), item);
+            EXPECT_EQ(set.getSelectItem(row, col), item);
+            EXPECT_EQ(set.makeSelectItem(row, col), item);
+            Item written;
+            set.getSelectItem(row, col, written);
+            EXPECT_EQ(written, item);
+            EXPECT_EQ(set.getSelectItem(index), (Item{index, 0, 0, 0}));
+            EXPECT_EQ(set.getRowCol(set.getSelectItem(index)), Pair(row, col));
+            EXPECT_EQ(set.getRowCol(item), Pair(row, col));
+            EXPECT_EQ(set.getColRow(item), Pair(col, row));
+            EXPECT_EQ(set.getColRow(index), Pair(col, row));
+
+            const auto x = static_cast<float>(index);
+            EXPECT_EQ(set.getScanPt(Pair(col, row)).position().x, x);
+            EXPECT_EQ(set.getScanPt(row, col).position().x, x);
+            EXPECT_EQ(set.getScanPt(index).position().x, x);
+            EXPECT_EQ(set.getScanPt(item).position().x, x);
+            Set::ScanPt copy;
+            set.getScanPt(item, copy);
+            EXPECT_EQ(copy.position().x, x);
+            EXPECT_EQ(set.getDistance(item), static_cast<double>(x));
+        }
+    }
+}
+
+TEST_P(PointSetAccessTest, EveryFormOfWritingReachesOnlyItsRecord) {
+    struct Form {
+        const char* name;
+        void (*write)(Set&, int row, int col, const Item& item);
+    };
+    static Set::ScanPt point;
+    point.setPosition({0.0F, 5.0F, 0.0F});
+    const Form forms[] = {
+        {"point by pair",
+         [](Set& s, int r, int c, const Item&) { s.setScanPt(Pair(c, r), point); }},
+        {"point by unsigned pair",
+         [](Set& s, int, int, const Item&) { s.setScanPt(Tq_1_1::SVec2d<unsigned>(2, 1), point); }},
+        {"point by cell", [](Set& s, int r, int c, const Item&) { s.setScanPt(r, c, point); }},
+        {"point by index", [](Set& s, int, int, const Item& i) { s.setScanPt(i.index, point); }},
+        {"point by item", [](Set& s, int, int, const Item& i) { s.setScanPt(i, point); }},
+        {"distance by item", [](Set& s, int, int, const Item& i) { s.setDistance(i, 5.0); }},
+        {"colour by cell", [](Set& s, int r, int c, const Item&) { s.setColor(r, c, kRed); }},
+        {"colour by index", [](Set& s, int, int, const Item& i) { s.setColor(i.index, kRed); }},
+        {"colour by item", [](Set& s, int, int, const Item& i) { s.setColor(i, kRed); }},
+        {"reflection by cell", [](Set& s, int r, int c, const Item&) { s.setReflection(r, c, 9); }},
+        {"reflection by item", [](Set& s, int, int, const Item& i) { s.setReflection(i, 9); }},
+        {"normal by cell", [](Set& s, int r, int c, const Item&) { s.setNormal(r, c, kNormal); }},
+        {"normal by index", [](Set& s, int, int, const Item& i) { s.setNormal(i.index, kNormal); }},
+        {"normal by item", [](Set& s, int, int, const Item& i) { s.setNormal(i, kNormal); }},
+    };
+    for (const Form& form : forms) {
+        set.resizePointStorage(0, 0, true, GetParam());
+        set.resizePointStorage(kRows, kCols, true, GetParam());
+        form.write(set, 1, 2, Item{6, 1, 2, 0});
+        for (std::uint64_t i = 0; i < kCells; ++i) {
+            const Item item{i, 0, 0, 0};
+            const bool written = set.getDistance(item) == 5.0 || set.getColor(item) == kRed ||
+                                 set.getReflection(item) == 9 || set.getNormal(item) == kNormal;
+            EXPECT_EQ(written, i == 6) << form.name << ", record " << i;
+        }
+    }
+}
+
+TEST_P(PointSetAccessTest, EveryFormOfReadingGivesTheFieldsOfItsRecord) {
+    const Item item{6, 1, 2, 0};
+    set.setNormal(item, kNormal);
+    set.setColor(item, kRed);
+    for (const Set::Color& color :
+         {set.getColor(1, 2), set.getColor(std::uint64_t{6}), set.getColor(item)}) {
+        EXPECT_EQ(color, kRed);
+    }
+    for (const Set::Normal n :
+         {set.getNormal(1, 2), set.getNormal(std::uint64_t{6}), set.getNormal(item)}) {
+        EXPECT_EQ(n, kNormal);
+    }
+    set.setReflection(item, 9);
+    for (const int r :
+         {set.getReflection(1, 2), set.getReflection(std::uint64_t{6}), set.getReflection(item)}) {
+        EXPECT_EQ(r, 9);
+    }
+    EXPECT_EQ(set.getColor(item) == kRed, set.hasSeparateReflection());
+}
+
+/// Reads and writes at a place where no record is reachable by the tested forms.
+void expectNothingAt(Set& set, const std::string& place, int row, int col, std::uint64_t index) {
+    SCOPED_TRACE(place);
+    EXPECT_EQ(set.getSelectItem(row, col), kInvalid);
+    EXPECT_EQ(set.getSelectItem(Pair(col, row)), kInvalid);
+    EXPECT_EQ(set.getSelectItem(index), kInvalid);
+    EXPECT_EQ(set.getColor(row, col), Set::Color());
+    EXPECT_EQ(set.getColor(index), Set::Color());
+    EXPECT_EQ(set.getReflection(row, col), 0);
+    EXPECT_EQ(set.getReflection(index), 0);
+    EXPECT_FALSE(set.getNormal(row, col).isSet());
+    EXPECT_FALSE(set.getNormal(index).isSet());
+    set.setNormal(row, col, kNormal);
+    set.setNormal(index, kNormal);
+    set.setColor(index, kRed);
+}
+
+TEST_P(PointSetAccessTest, GuardedAndIndexFormsStayInsideTheGridOfValidData) {
+    for (std::uint64_t i = 0; i < kCells; ++i) {
+        set.setReflection(Item{i, 0, 0, 0}, 7);
+    }
+    EXPECT_EQ(set.getNumPoints(), 12U);
+    expectNothingAt(set, "row above", -1, 0, 12);
+    expectNothingAt(set, "row below", kRows, 0, 13);
+    expectNothingAt(set, "column before", 1, -1, ~std::uint64_t{0});
+    expectNothingAt(set, "column behind", 1, kCols, std::uint64_t{1} << 32);
+    set.setValidData(false);
+    EXPECT_EQ(set.getNumPoints(), 0U);
+    expectNothingAt(set, "data not valid", 1, 2, 6);
+    for (std::uint64_t i = 0; i < kCells; ++i) {
+        const Item item{i, 0, 0, 0};
+        EXPECT_EQ(set.getReflection(item), 7) << i;
+        EXPECT_FALSE(set.getNormal(item).isSet()) << i;
+        EXPECT_EQ(set.getScanPt(item).position().x, static_cast<float>(i)) << "not guarded";
+    }
+}
+
+TEST_P(PointSetAccessTest, ItemsOutsideTheRecordsReadAsNothingAndTakeNothing) {
+    for (const Item& item : {kInvalid, Item{12, 3, 0, 0}, Item{std::uint64_t{1} << 40, 0, 0, 0}}) {
+        SCOPED_TRACE(item.index);
+        EXPECT_EQ(&set.getScanPt(item), &Set::ScanPt::nullReference);
+        EXPECT_EQ(&set.getScanPt(item.index), &Set::ScanPt::nullReference);
+        Set::ScanPt copy = set.getScanPt(0, 1);
+        set.getScanPt(item, copy);
+        EXPECT_EQ(copy.position().x, 0.0F);
+        set.setScanPt(item, set.getScanPt(0, 1));
+        set.setDistance(item, 2.0);
+        set.setColor(item, kRed);
+        set.setReflection(item, 5);
+        set.setNormal(item, kNormal);
+        EXPECT_EQ(set.getColor(item), Set::Color());
+        EXPECT_EQ(set.getReflection(item), 0);
+        EXPECT_FALSE(set.getNormal(item).isSet());
+        EXPECT_EQ(set.getDistance(item), item.isValid() ? 0.0 : -1.0);
+    }
+    EXPECT_EQ(&set.getScanPt(kRows, 0), &Set::ScanPt::nullReference);
+    EXPECT_EQ(&set.getScanPt(Pair(0, -1)), &Set::ScanPt::nullReference);
+    EXPECT_EQ(Set::ScanPt::nullReference.position().x, 0.0F);
+}
+
+TEST_P(PointSetAccessTest, WhenMemoryRunsOutTheStorageIsPlainAndEmpty) {
+    const Testing::AllocationLimit limit(1000);
+    EXPECT_FALSE(set.resizePointStorage(100, 10, true, GetParam()));
+    EXPECT_EQ(set.getRecordLayout(), PointRecordLayout::Plain);
+    EXPECT_EQ(&set.getScanPt(0, 0), &Set::ScanPt::nullReference);
+    EXPECT_EQ(set.getSize(), Pair(kCols, kRows));
+    EXPECT_TRUE(set.resizePointStorage(2, 5, false, GetParam()));
+    EXPECT_EQ(set.getSize(), Pair(5, 2)) << "without allocation";
+    EXPECT_EQ(set.hasSeparateReflection(), GetParam());
+    EXPECT_EQ(&set.getScanPt(0, 0), &Set::ScanPt::nullReference);
+}
+
+}  // namespace
+}  // namespace Vardex

@@ -1,0 +1,122 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "Program.h"
+
+namespace ScanHost::Tests {
+namespace {
+
+TEST(CommandLine, WrongUsageEndsWithTwo) {
+    struct Case {
+        const char* name;
+        std::vector<std::string> arguments;
+        const char* words;  // in the message
+    };
+    for (const Case& c : {
+             Case{"nothing", {}, "expected one"},
+             Case{"unknown command", {"frobnicate"}, "frobnicate"},
+             Case{"unknown option", {"info", "a.las", "--frobnicate"}, "--frobnicate"},
+             Case{"no file", {"info"}, "FILE"},
+             Case{"two commands", {"sample", "d", "info", "a.las"}, "info"},
+             Case{"word for a number", {"where", "a.las", "--at", "soon"}, "'soon'"},
+             Case{"nan for a number", {"where", "a.las", "--at", "nan"}, "'nan'"},
+             Case{"infinite", {"path", "a.las", "--to", "inf"}, "'inf'"},
+             Case{"too large",
+                  {"near", "a.las", "--within", "1e999", "--point", "0,0,0"},
+                  "'1e999'"},
+             Case{"decimal comma", {"path", "a.las", "--from", "0,5"}, "'0,5'"},
+             Case{"short point", {"near", "a.las", "--within", "1", "--point", "1,2"}, "'1,2'"},
+             Case{"long point",
+                  {"near", "a.las", "--within", "1", "--point", "1,2,3,4"},
+                  "'1,2,3,4'"},
+             Case{"negative distance",
+                  {"near", "a.las", "--within", "-1", "--point", "1,2,3"},
+                  "0 or more"},
+             Case{"no distance", {"near", "a.las", "--point", "1,2,3"}, "--within"},
+             Case{"scan number 0", {"info", "a.ptx", "--scan", "0"}, "'0'"},
+             Case{"time unit", {"times", "a.las", "--time-unit", "min"}, "'min'"},
+             Case{"progress", {"times", "a.las", "--progress=loud"}, "'loud'"},
+             Case{"row alone", {"point", "a.ptx", "--row", "1"}, "--col"},
+             Case{"two addresses",
+                  {"point", "a.ptx", "--row", "1", "--col", "1", "--index", "3"},
+                  "--index"},
+             Case{"negative row", {"point", "a.ptx", "--row", "-1", "--col", "1"}, "'-1'"},
+             Case{"no address", {"point", "a.ptx"}, "--index"},
+             Case{"two starts", {"path", "a.las", "--from", "0", "--from-time", "0"}, "--from"},
+             Case{"no output", {"sort", "a.las"}, "--output"},
+             Case{"verify what", {"export", "a.las", "--verify"}, "--output"},
+         }) {
+        const Outcome outcome = run(c.arguments);
+        EXPECT_EQ(outcome.exitCode, 2) << c.name << '\n' << outcome.err;
+        EXPECT_EQ(outcome.out, "") << c.name;
+        EXPECT_EQ(outcome.err.find("scanhost: "), 0U) << c.name << '\n' << outcome.err;
+        EXPECT_NE(outcome.err.find(c.words), std::string::npos) << c.name << '\n' << outcome.err;
+    }
+}
+
+TEST(CommandLine, HelpNamesEveryCommandAndOption) {
+    const Outcome help = run({"--help"});
+    EXPECT_EQ(help.exitCode, 0);
+    EXPECT_EQ(help.err, "");
+    struct Case {
+        const char* command;
+        std::vector<const char*> options;
+    };
+    const std::vector<const char*> scanOptions{"--scan", "--trajectory", "--time-offset",
+                                               "--time-unit"};
+    for (const Case& c : {
+             Case{"info", {"--picture", "--project-output"}},
+             Case{"point", {"--row", "--col", "--index"}},
+             Case{"times", {"--drop"}},
+             Case{"where", {"--at"}},
+             Case{"path", {"--from", "--to", "--from-time", "--to-time"}},
+             Case{"near", {"--point", "--within"}},
+             Case{"export", {"--output", "--verify"}},
+             Case{"sort", {"--output"}},
+             Case{"commands", {}},
+             Case{"sample", {}},
+         }) {
+        EXPECT_NE(help.out.find(std::string("\n  ") + c.command + ' '), std::string::npos)
+            << c.command << '\n'
+            << help.out;
+        const Outcome own = run({c.command, "--help"});
+        EXPECT_EQ(own.exitCode, 0) << c.command;
+        std::vector<const char*> options{"--json", "--progress", "--module"};
+        options.insert(options.end(), c.options.begin(), c.options.end());
+        const std::string command = c.command;
+        if (command != "commands" && command != "sample") {
+            options.insert(options.end(), scanOptions.begin(), scanOptions.end());
+        }
+        for (const char* option : options) {
+            EXPECT_NE(own.out.find(option), std::string::npos) << c.command << ' ' << option;
+        }
+    }
+}
+
+TEST(CommandLine, VersionIsThatOfTheModule) {
+    EXPECT_EQ(run({"--version"}).out, "VardexScandata 13.2.0.14634\n");
+    const Folder folder;
+    struct Case {
+        const char* name;
+        std::string module;
+        const char* words;
+    };
+    for (const Case& c : {
+             Case{"missing", folder.file("none.so"), "none.so"},
+             Case{"no library", folder.write("text.so", "text"), "text.so"},
+             Case{"no module", "libpng16.so.16", "libpng16"},
+         }) {
+        const Outcome outcome = run({"--version", "--module", c.module});
+        EXPECT_EQ(outcome.exitCode, 1) << c.name;
+        EXPECT_EQ(outcome.out, "") << c.name;
+        EXPECT_NE(outcome.err.find(c.words), std::string::npos) << c.name << '\n' << outcome.err;
+    }
+}
+
+}  // namespace
+}  // namespace ScanHost::Tests

@@ -1,0 +1,168 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#include "Program.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <csignal>
+#include <fstream>
+#include <memory>
+#include <sstream>
+
+namespace ScanHost::Tests {
+
+namespace {
+
+constexpr int kSmallestPipe = 4096;
+
+/// What becomes of the streams and signals of a new process.
+class Spawn {
+  public:
+    Spawn() {
+        posix_spawn_file_actions_init(&actions_);
+        posix_spawnattr_init(&attributes_);
+        // A test started in the background has SIGINT ignored, and would hand that on.
+        sigset_t signals;
+        sigemptyset(&signals);
+        sigaddset(&signals, SIGINT);
+        posix_spawnattr_setsigdefault(&attributes_, &signals);
+        posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSIGDEF);
+        posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+    }
+    Spawn(const Spawn&) = delete;
+    Spawn& operator=(const Spawn&) = delete;
+    ~Spawn() {
+        posix_spawn_file_actions_destroy(&actions_);
+        posix_spawnattr_destroy(&attributes_);
+    }
+
+    void toFile(int stream, const std::string& file) {
+        posix_spawn_file_actions_addopen(&actions_, stream, file.c_str(),
+                                         O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    }
+    void toPipe(int stream, int pipe) { posix_spawn_file_actions_adddup2(&actions_, pipe, stream); }
+
+    int run(const std::vector<std::string>& arguments) {
+        std::vector<std::string> words{SCANHOST_PROGRAM};
+        words.insert(words.end(), arguments.begin(), arguments.end());
+        std::vector<char*> pointers;
+        for (std::string& word : words) {
+            pointers.push_back(word.data());
+        }
+        pointers.push_back(nullptr);
+        pid_t process = -1;
+        EXPECT_EQ(posix_spawn(&process, SCANHOST_PROGRAM, &actions_, &attributes_, pointers.data(),
+                              environ),
+                  0);
+        return process;
+    }
+
+  private:
+    posix_spawn_file_actions_t actions_;
+    posix_spawnattr_t attributes_;
+};
+
+std::string joined(const std::vector<std::string>& words) {
+    std::string line;
+    for (const std::string& word : words) {
+        line += word + ' ';
+    }
+    return line;
+}
+
+}  // namespace
+
+Folder::Folder() {
+    std::string name = (std::filesystem::temp_directory_path() / "scanhost-XXXXXX").string();
+    EXPECT_NE(mkdtemp(name.data()), nullptr) << name;
+    path_ = name;
+}
+
+Folder::~Folder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+}
+
+std::string Folder::write(const std::string& name, const std::string& content) const {
+    std::ofstream(path_ / name, std::ios::binary) << content;
+    return file(name);
+}
+
+std::vector<std::string> Folder::names() const {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(path_)) {
+        names.push_back(entry.path().filename().string());
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+std::string readFile(const std::filesystem::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    std::ostringstream content;
+    content << stream.rdbuf();
+    return content.str();
+}
+
+Outcome run(const std::vector<std::string>& arguments) {
+    const Folder folder;
+    Spawn spawn;
+    spawn.toFile(STDOUT_FILENO, folder.file("out"));
+    spawn.toFile(STDERR_FILENO, folder.file("err"));
+    const int exitCode = waitFor(spawn.run(arguments));
+    return {exitCode, readFile(folder.file("out")), readFile(folder.file("err"))};
+}
+
+Json::Value runJson(std::vector<std::string> arguments) {
+    arguments.emplace_back("--json");
+    const Outcome outcome = run(arguments);
+    EXPECT_EQ(outcome.exitCode, 0) << joined(arguments) << '\n' << outcome.err;
+    Json::CharReaderBuilder builder;
+    Json::CharReaderBuilder::strictMode(&builder.settings_);
+    const std::unique_ptr<Json::CharReader> reader(builder.newCharReader());
+    Json::Value document;
+    std::string errors;
+    const char* begin = outcome.out.data();
+    EXPECT_TRUE(reader->parse(begin, begin + outcome.out.size(), &document, &errors))
+        << joined(arguments) << '\n'
+        << errors << outcome.out;
+    return document;
+}
+
+int start(const std::vector<std::string>& arguments, const std::string& outFile, int& pipe) {
+    int ends[2] = {-1, -1};
+    EXPECT_EQ(::pipe2(ends, O_CLOEXEC), 0);
+    EXPECT_EQ(fcntl(ends[1], F_SETPIPE_SZ, kSmallestPipe), kSmallestPipe);
+    Spawn spawn;
+    spawn.toFile(STDOUT_FILENO, outFile);
+    spawn.toPipe(STDERR_FILENO, ends[1]);
+    const int process = spawn.run(arguments);
+    close(ends[1]);
+    pipe = ends[0];
+    return process;
+}
+
+std::string drain(int pipe) {
+    std::string text;
+    std::array<char, kSmallestPipe> block;
+    for (ssize_t count = 0; (count = read(pipe, block.data(), block.size())) > 0;) {
+        text.append(block.data(), static_cast<std::size_t>(count));
+    }
+    close(pipe);
+    return text;
+}
+
+int waitFor(int process) {
+    int status = 0;
+    EXPECT_EQ(waitpid(process, &status, 0), process);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
+}  // namespace ScanHost::Tests

@@ -1,0 +1,59 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include <json/json.h>
+
+namespace ScanHost::Tests {
+
+/// A folder of its own, removed with everything in it.
+class Folder {
+  public:
+    Folder();
+    Folder(const Folder&) = delete;
+    Folder& operator=(const Folder&) = delete;
+    ~Folder();
+
+    /// The path of a file in the folder.
+    std::string file(const std::string& name) const { return (path_ / name).string(); }
+    /// Writes a file. @return its path
+    std::string write(const std::string& name, const std::string& content) const;
+    /// Names of all that is in it, ascending.
+    std::vector<std::string> names() const;
+
+  private:
+    std::filesystem::path path_;
+};
+
+std::string readFile(const std::filesystem::path& file);
+
+/// How a run of the program went.
+struct Outcome {
+    int exitCode = -1;  ///< 128 + the signal's number when a signal ended it
+    std::string out;
+    std::string err;
+};
+
+/// Runs the built program and waits for it.
+Outcome run(const std::vector<std::string>& arguments);
+
+/// Runs the program with --json and gives the document; fails the test unless the exit code is 0
+/// and standard output holds one strict JSON document and nothing else.
+Json::Value runJson(std::vector<std::string> arguments);
+
+/// Starts the program with its standard error in a pipe that is full after 4096 bytes, and its
+/// standard output in a file.
+/// @param pipe  out: read end of the pipe
+/// @return process id
+int start(const std::vector<std::string>& arguments, const std::string& outFile, int& pipe);
+/// Everything that comes out of a pipe until its writer ends. Closes it.
+std::string drain(int pipe);
+/// Waits for a started program. @return as in Outcome::exitCode
+int waitFor(int process);
+
+}  // namespace ScanHost::Tests

@@ -1,0 +1,246 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <map>
+#include <string>
+#include <tuple>
+#include <vector>
+
+#include "LasBytes.h"
+#include "Program.h"
+#include "scanhost/Sample/SampleScan.h"
+
+namespace ScanHost::Tests {
+namespace {
+
+using Vec3 = Tq_1_1::Vec3d<double>;
+
+// The path between two nodes is at most this far from either [m].
+constexpr double kNodeReach = 0.05;
+
+double apart(const Vec3& a, const Vec3& b) {
+    return std::hypot(a.x - b.x, a.y - b.y, a.z - b.z);
+}
+
+Vec3 vectorOf(const Json::Value& point) {
+    return point.isArray()
+               ? Vec3(point[0].asDouble(), point[1].asDouble(), point[2].asDouble())
+               : Vec3(point["x"].asDouble(), point["y"].asDouble(), point["z"].asDouble());
+}
+
+class SampleWalk : public testing::Test {
+  protected:
+    void SetUp() override {
+        ASSERT_EQ(run({"sample", folder_.file("")}).exitCode, 0);
+        walk_ = folder_.file("walk.las");
+    }
+
+    Folder folder_;
+    std::string walk_;
+};
+
+/// Distance from the nearest surface of the house, by its plan [m].
+double offSurface(const Vec3& world) {
+    const Vec3 p = world - Vec3(431200.0, 5412300.0, 312.0);
+    const auto outside = [&](const std::array<double, 6>& box) {
+        double sum = 0.0;
+        for (std::size_t i = 0; i < 3; ++i) {
+            const double away = std::max({box[2 * i] - p[i], p[i] - box[2 * i + 1], 0.0});
+            sum += away * away;
+        }
+        return std::sqrt(sum);
+    };
+    // Floors, ceilings, walls and pillar as boxes without thickness: x, y, z from and to.
+    static constexpr std::array<std::array<double, 6>, 21> kSurfaces{{
+        {0, 6, 0, 5, 0, 0},         {6, 6.2, 2, 3.1, 0, 0},       {6.2, 11, 0, 5, 0, 0},
+        {0, 6, 0, 5, 2.8, 2.8},     {6, 6.2, 2, 3.1, 2.1, 2.1},   {6.2, 11, 0, 5, 2.8, 2.8},
+        {0, 6, 0, 0, 0, 2.8},       {0, 6, 5, 5, 0, 2.8},         {0, 0, 0, 5, 0, 2.8},
+        {6, 6, 0, 2, 0, 2.8},       {6, 6, 3.1, 5, 0, 2.8},       {6, 6, 2, 3.1, 2.1, 2.8},
+        {6, 6.2, 2, 2, 0, 2.1},     {6, 6.2, 3.1, 3.1, 0, 2.1},   {6.2, 6.2, 0, 2, 0, 2.8},
+        {6.2, 6.2, 3.1, 5, 0, 2.8}, {6.2, 6.2, 2, 3.1, 2.1, 2.8}, {6.2, 11, 0, 0, 0, 2.8},
+        {6.2, 11, 5, 5, 0, 2.8},    {11, 11, 0, 5, 0, 2.8},       {8.4, 8.8, 2.2, 2.6, 0, 2.8},
+    }};
+    double nearest = 1e9;
+    for (const auto& surface : kSurfaces) {
+        nearest = std::min(nearest, outside(surface));
+    }
+    return nearest;
+}
+
+TEST_F(SampleWalk, SortedPointsKeepTheirPlacesColoursAndTimes) {
+    const std::string sorted = folder_.file("sorted.las");
+    const Json::Value report = runJson({"sort", walk_, "-o", sorted});
+    std::vector<LasValue> before = readLas(readFile(walk_));
+    const std::vector<LasValue> after = readLas(readFile(sorted));
+    ASSERT_EQ(after.size(), before.size());
+    EXPECT_EQ(report["points"].asUInt64(), after.size());
+    EXPECT_FALSE(std::is_sorted(before.begin(), before.end(),
+                                [](const auto& a, const auto& b) { return a.time < b.time; }));
+    std::map<double, int> pointsOfTime;
+    const auto order = [](const LasValue& a, const LasValue& b) {
+        return std::tuple(std::llround(a.time * 1e6), std::llround(a.point.x * 1e3), a.point.y) <
+               std::tuple(std::llround(b.time * 1e6), std::llround(b.point.x * 1e3), b.point.y);
+    };
+    std::vector<LasValue> pairs = after;
+    std::sort(before.begin(), before.end(), order);
+    std::sort(pairs.begin(), pairs.end(), order);
+    for (std::size_t i = 0; i < after.size(); ++i) {
+        EXPECT_TRUE(i == 0 || after[i - 1].time <= after[i].time) << i;
+        ASSERT_LT(offSurface(after[i].point), 1e-4) << i;
+        ASSERT_LT(apart(pairs[i].point, before[i].point), 1e-4) << i;
+        ASSERT_NEAR(pairs[i].time, before[i].time, 1e-6) << i;
+        ASSERT_EQ(pairs[i].intensity, before[i].intensity) << i;
+        ASSERT_EQ(pairs[i].red, before[i].red) << i;
+        ++pointsOfTime[after[i].time];
+    }
+    std::uint64_t sharing = 0;
+    for (const auto& [time, count] : pointsOfTime) {
+        sharing += count > 1 ? static_cast<std::uint64_t>(count) : 0U;
+    }
+    EXPECT_EQ(report["sharingTime"].asUInt64(), sharing);
+    EXPECT_GT(sharing, 30000U);
+}
+
+// Two beams leave at a time in opposite directions: where both return, the scanner stands between
+// the two points. Times that went to other points would show here.
+TEST_F(SampleWalk, ThePointsOfOneTimeLieOnEitherSideOfTheScanner) {
+    const std::string sorted = folder_.file("sorted.las");
+    ASSERT_EQ(run({"sort", walk_, "-o", sorted}).exitCode, 0);
+    const std::vector<LasValue> points = readLas(readFile(sorted));
+    int pairs = 0;
+    for (std::size_t i = 1; i < points.size(); ++i) {
+        if (points[i].time != points[i - 1].time) {
+            continue;
+        }
+        ++pairs;
+        const Vec3 scanner = Sample::walkPosition(points[i].time - Sample::kWalkStart);
+        const double way = apart(points[i - 1].point, scanner) + apart(scanner, points[i].point);
+        ASSERT_NEAR(way, apart(points[i - 1].point, points[i].point), 1e-3) << i;
+    }
+    EXPECT_GT(pairs, 15000);
+}
+
+TEST_F(SampleWalk, WhereFollowsTheWalk) {
+    std::vector<std::string> arguments{"where", walk_, "--at"};
+    std::vector<double> times;
+    for (int i = 0; i <= 320; ++i) {
+        times.push_back(i * 0.1 + (i % 7) * 0.001);
+        arguments.push_back(std::to_string(times.back()));
+    }
+    const Json::Value positions = runJson(arguments)["positions"];
+    ASSERT_EQ(positions.size(), times.size());
+    for (Json::ArrayIndex i = 0; i + 1 < positions.size(); ++i) {
+        EXPECT_LT(apart(vectorOf(positions[i]), Sample::walkPosition(times[i])), kNodeReach) << i;
+        EXPECT_LE(positions[i]["timeToNearestNode"].asDouble(), 0.025 + 1e-6) << i;
+    }
+    const Json::Value known =
+        runJson({"where", walk_, "--at", "0,10", "32", "-1", "33"})["positions"];
+    EXPECT_LT(apart(vectorOf(known[0]), {431201.0, 5412301.0, 313.55}), 1e-5);
+    EXPECT_LT(apart(vectorOf(known[1]), {431204.9, 5412302.5, 313.55}), 1e-5);
+    EXPECT_LT(apart(vectorOf(known[2]), {431207.0, 5412301.6, 313.6}), 1e-5);
+    for (const Json::ArrayIndex outside : {3, 4}) {
+        EXPECT_TRUE(known[outside]["x"].isNull());
+    }
+}
+
+TEST_F(SampleWalk, PathHoldsTheNodesOfTheStretchAndStandsOnce) {
+    struct Case {
+        const char* name;
+        std::vector<std::string> options;
+        double from;
+        double to;
+    };
+    for (const Case& c : {
+             Case{"all", {}, 0.0, 32.0},
+             Case{"a quarter", {"--from", "0.25", "--to", "0.5"}, 8.0, 16.0},
+             Case{"times at nodes", {"--from-time", "0.3", "--to-time", "0.7"}, 0.3, 0.7},
+             Case{"standing", {"--from-time", "9.5", "--to-time", "10.5"}, 9.5, 10.5},
+             Case{"outside", {"--from", "2", "--to", "3"}, 64.0, 96.0},
+         }) {
+        std::vector<std::string> arguments{"path", walk_};
+        arguments.insert(arguments.end(), c.options.begin(), c.options.end());
+        const Json::Value path = runJson(arguments)["positions"];
+        std::vector<Vec3> expected;
+        for (int node = 0; node <= 640; ++node) {
+            const Vec3 position = Sample::walkPosition(node * 0.05);
+            const bool inside = node * 0.05 >= c.from - 1e-6 && node * 0.05 <= c.to + 1e-6;
+            // Repeats are told by the distance from the project's origin, some ten metres.
+            if (inside && (expected.empty() || apart(expected.back(), position) > 1.5e-3)) {
+                expected.push_back(position);
+            }
+        }
+        ASSERT_EQ(path.size(), expected.size()) << c.name;
+        for (Json::ArrayIndex i = 0; i < path.size(); ++i) {
+            EXPECT_LT(apart(vectorOf(path[i]), expected[i]), 2e-3) << c.name << ' ' << i;
+        }
+    }
+}
+
+TEST_F(SampleWalk, NearGivesTheSpanAroundAPoint) {
+    const auto near = [&](const char* point, const char* within) {
+        return runJson({"near", walk_, "--point", point, "--within", within});
+    };
+    const Json::Value standing = near("431204.9,5412302.5,313.55", "0.2");
+    double begin = 9.0;
+    double end = 11.0;
+    const Vec3 stand{431204.9, 5412302.5, 313.55};
+    for (; apart(Sample::walkPosition(begin), stand) <= 0.2; begin -= 0.05) {
+    }
+    for (; apart(Sample::walkPosition(end), stand) <= 0.2; end += 0.05) {
+    }
+    EXPECT_NEAR(standing["span"]["beginTime"].asDouble(), begin + 0.05, 1e-5);
+    EXPECT_NEAR(standing["span"]["endTime"].asDouble(), end - 0.05, 1e-5);
+    EXPECT_NEAR(standing["span"]["beginFraction"].asDouble(), (begin + 0.05) / 32, 1e-6);
+    const Json::Value far = near("431204.9,5412302.5,323.55", "0.2");
+    EXPECT_TRUE(far["span"].isNull());
+    double nearest = 1e9;
+    for (int node = 0; node <= 640; ++node) {
+        const Vec3 above{431204.9, 5412302.5, 323.55};
+        nearest = std::min(nearest, apart(Sample::walkPosition(node * 0.05), above));
+    }
+    EXPECT_NEAR(far["nearestDistance"].asDouble(), nearest, 1e-5);
+}
+
+TEST_F(SampleWalk, ExportReadsBackAsTheSameTrajectory) {
+    const std::string text = folder_.file("exported.txt");
+    const Json::Value report = runJson({"export", walk_, "-o", text, "--verify"});
+    EXPECT_EQ(report["nodes"], 641);
+    for (const char* part : {"time", "position", "rotation"}) {
+        EXPECT_LE(report["verified"][part].asDouble(), 1e-9) << part;
+    }
+    const std::string content = readFile(text);
+    EXPECT_EQ(content.find("//world_time x y z q0 q1 q2 q3 r g b nx ny nz roll pitch yaw\n"
+                           "462500000.000000000000000 431201.000000000000000 "),
+              0U);
+    EXPECT_EQ(std::count(content.begin(), content.end(), '\n'), 642);
+    EXPECT_EQ(run({"export", walk_}).out, content);
+    EXPECT_EQ(runJson({"export", walk_})["text"], content);
+    const std::vector<std::string> question{"where", walk_, "--at", "1.3", "17.77", "--trajectory"};
+    std::vector<std::string> original = question;
+    original.push_back(folder_.file("walk.txt"));
+    std::vector<std::string> copy = question;
+    copy.push_back(text);
+    const Json::Value expected = runJson(original)["positions"];
+    const Json::Value actual = runJson(copy)["positions"];
+    for (Json::ArrayIndex i = 0; i < 2; ++i) {
+        EXPECT_LT(apart(vectorOf(actual[i]), vectorOf(expected[i])), 2e-9) << i;
+    }
+}
+
+TEST_F(SampleWalk, DroppedTimesAreGone) {
+    const Json::Value times = runJson({"times", walk_, "--drop"});
+    EXPECT_EQ(times["loaded"]["distinct"], 20000);
+    EXPECT_EQ(times["loaded"]["ordered"], false);
+    EXPECT_EQ(times["loaded"]["bytesPerPoint"], 24);
+    EXPECT_EQ(times["dropped"]["distinct"], 1);
+    EXPECT_EQ(times["dropped"]["last"], 0.0);
+    EXPECT_EQ(times["dropped"]["layout"], "WithReflectionAndTime");
+}
+
+}  // namespace
+}  // namespace ScanHost::Tests
