@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#include "bench/BenchPointSets.h"
+
+#include <utility>
+
+#include "mobile/CorvinMobilePointSet.h"
+
+namespace Vardex::Bench {
+
+namespace {
+
+class VectorPoints final : public OpaquePoints {
+  public:
+    explicit VectorPoints(std::vector<PlainRecord> records) : records_(std::move(records)) {}
+    const ScanPoint& pointAt(std::uint64_t index) const override { return records_[index].point; }
+
+  private:
+    std::vector<PlainRecord> records_;
+};
+
+}  // namespace
+
+std::unique_ptr<OpaquePoints> makeOpaquePoints(std::vector<PlainRecord> records) {
+    return std::make_unique<VectorPoints>(std::move(records));
+}
+
+std::shared_ptr<Hx::PointSet> makePointSet(PointRecordLayout layout, int rows, int cols) {
+    auto set = std::make_shared<CorvinMobilePointSet>(L"bench");
+    // Without valid data this only says which records the next sizing makes.
+    if (set->enableTimeStamps(hasPointTime(layout)) != 0 ||
+        !set->resizePointStorage(rows, cols, true, hasSeparateReflection(layout))) {
+        return nullptr;
+    }
+    set->setValidData(true);
+    return set;
+}
+
+}  // namespace Vardex::Bench

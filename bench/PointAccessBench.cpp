@@ -1,0 +1,218 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+// Single-point access through the host's interface, per layout and form of address, against a raw
+// loop over the same records and against one virtual call without any test.
+
+#include <benchmark/benchmark.h>
+
+#include <bit>
+#include <cstdint>
+#include <random>
+#include <vector>
+
+#include "bench/BenchPointSets.h"
+
+namespace {
+
+using Hx::PointSet;
+using Hx::SelectItem;
+using Vardex::PlainRecord;
+using Vardex::PointRecordLayout;
+using Vardex::ReflectionRecord;
+using Vardex::ReflectionTimeRecord;
+using Vardex::ScanPoint;
+using Vardex::TimeRecord;
+
+constexpr int kRows = 1000;
+
+int colsOf(const benchmark::State& state) {
+    return static_cast<int>(state.range(0) / kRows);
+}
+
+std::uint64_t bitsOf(const ScanPoint& point) {
+    return std::uint64_t{std::bit_cast<std::uint32_t>(point.x)} +
+           std::bit_cast<std::uint32_t>(point.y) + std::bit_cast<std::uint32_t>(point.z);
+}
+
+std::vector<ScanPoint> randomPoints(std::size_t count) {
+    std::mt19937 random(20260417);
+    std::uniform_real_distribution<float> coordinate(-30.0F, 30.0F);
+    std::vector<ScanPoint> points(count);
+    for (ScanPoint& point : points) {
+        point.setPosition({coordinate(random), coordinate(random), coordinate(random)});
+        point.color = {{1, 2, 3, 1}};
+    }
+    return points;
+}
+
+template <typename Record>
+std::vector<Record> recordsOf(const std::vector<ScanPoint>& points) {
+    std::vector<Record> records(points.size());
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        records[i].point = points[i];
+    }
+    return records;
+}
+
+void finish(benchmark::State& state) {
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
+template <typename Record>
+void readRaw(benchmark::State& state) {
+    const auto records = recordsOf<Record>(randomPoints(static_cast<std::size_t>(state.range(0))));
+    for (auto _ : state) {
+        std::uint64_t sum = 0;
+        for (const Record& record : records) {
+            sum += bitsOf(record.point);
+        }
+        benchmark::DoNotOptimize(sum);
+    }
+    finish(state);
+}
+
+void readOpaque(benchmark::State& state) {
+    const auto count = static_cast<std::uint64_t>(state.range(0));
+    const auto points =
+        Vardex::Bench::makeOpaquePoints(recordsOf<PlainRecord>(randomPoints(count)));
+    for (auto _ : state) {
+        std::uint64_t sum = 0;
+        for (std::uint64_t i = 0; i < count; ++i) {
+            sum += bitsOf(points->pointAt(i));
+        }
+        benchmark::DoNotOptimize(sum);
+    }
+    finish(state);
+}
+
+std::shared_ptr<PointSet> filledSet(const benchmark::State& state, PointRecordLayout layout) {
+    auto set = Vardex::Bench::makePointSet(layout, kRows, colsOf(state));
+    const auto points = randomPoints(static_cast<std::size_t>(state.range(0)));
+    for (std::uint64_t i = 0; i < points.size(); ++i) {
+        set->setScanPt(i, points[i]);
+    }
+    return set;
+}
+
+/// Runs over the flat indices; access(set, index) gives something to sum up.
+template <typename Access>
+void readFlat(benchmark::State& state, PointRecordLayout layout, Access access) {
+    const auto set = filledSet(state, layout);
+    const PointSet& points = *set;
+    const auto count = static_cast<std::uint64_t>(state.range(0));
+    for (auto _ : state) {
+        std::uint64_t sum = 0;
+        for (std::uint64_t index = 0; index < count; ++index) {
+            sum += access(points, index);
+        }
+        benchmark::DoNotOptimize(sum);
+    }
+    finish(state);
+}
+
+/// Runs over the grid cell by cell; access(set, row, col) gives something to sum up.
+template <typename Access>
+void readGrid(benchmark::State& state, PointRecordLayout layout, Access access) {
+    const auto set = filledSet(state, layout);
+    const PointSet& points = *set;
+    const int cols = colsOf(state);
+    for (auto _ : state) {
+        std::uint64_t sum = 0;
+        for (int row = 0; row < kRows; ++row) {
+            for (int col = 0; col < cols; ++col) {
+                sum += access(points, row, col);
+            }
+        }
+        benchmark::DoNotOptimize(sum);
+    }
+    finish(state);
+}
+
+void readByItem(benchmark::State& state, PointRecordLayout layout) {
+    readFlat(state, layout, [](const PointSet& set, std::uint64_t index) {
+        return bitsOf(set.getScanPt(SelectItem{index, 0, 0, 0}));
+    });
+}
+
+void readByIndex(benchmark::State& state, PointRecordLayout layout) {
+    readFlat(state, layout,
+             [](const PointSet& set, std::uint64_t index) { return bitsOf(set.getScanPt(index)); });
+}
+
+void readByCell(benchmark::State& state, PointRecordLayout layout) {
+    readGrid(state, layout,
+             [](const PointSet& set, int row, int col) { return bitsOf(set.getScanPt(row, col)); });
+}
+
+void colorByCell(benchmark::State& state, PointRecordLayout layout) {
+    readGrid(state, layout, [](const PointSet& set, int row, int col) {
+        return std::uint64_t{std::bit_cast<std::uint32_t>(set.getColor(row, col))};
+    });
+}
+
+void reflectionByCell(benchmark::State& state, PointRecordLayout layout) {
+    readGrid(state, layout, [](const PointSet& set, int row, int col) {
+        return std::uint64_t{set.getReflection(row, col)};
+    });
+}
+
+template <typename Record>
+void writeRaw(benchmark::State& state) {
+    const auto points = randomPoints(static_cast<std::size_t>(state.range(0)));
+    auto records = recordsOf<Record>(points);
+    for (auto _ : state) {
+        for (std::size_t i = 0; i < points.size(); ++i) {
+            records[i].point = points[i];
+            if constexpr (requires { records[i].reflection; }) {
+                records[i].reflection = 0;
+            }
+            if constexpr (requires { records[i].time; }) {
+                records[i].time = 0;
+            }
+        }
+        benchmark::ClobberMemory();
+    }
+    finish(state);
+}
+
+/// Writes points that lie in an array, as a reader that decodes in blocks does.
+void writeByItem(benchmark::State& state, PointRecordLayout layout) {
+    const auto points = randomPoints(static_cast<std::size_t>(state.range(0)));
+    const auto set = Vardex::Bench::makePointSet(layout, kRows, colsOf(state));
+    for (auto _ : state) {
+        for (std::uint64_t i = 0; i < points.size(); ++i) {
+            set->setScanPt(SelectItem{i, 0, 0, 0}, points[i]);
+        }
+        benchmark::ClobberMemory();
+    }
+    finish(state);
+}
+
+void sizes(benchmark::internal::Benchmark* bench) {
+    bench->Arg(10'000)->Arg(1'000'000)->Arg(10'000'000)->Unit(benchmark::kMillisecond);
+}
+
+BENCHMARK(readRaw<PlainRecord>)->Apply(sizes);
+BENCHMARK(readRaw<ReflectionRecord>)->Apply(sizes);
+BENCHMARK(readRaw<TimeRecord>)->Apply(sizes);
+BENCHMARK(readRaw<ReflectionTimeRecord>)->Apply(sizes);
+BENCHMARK(readOpaque)->Apply(sizes);
+BENCHMARK_CAPTURE(readByItem, Plain, PointRecordLayout::Plain)->Apply(sizes);
+BENCHMARK_CAPTURE(readByItem, WithReflection, PointRecordLayout::WithReflection)->Apply(sizes);
+BENCHMARK_CAPTURE(readByItem, WithTime, PointRecordLayout::WithTime)->Apply(sizes);
+BENCHMARK_CAPTURE(readByItem, WithReflectionAndTime, PointRecordLayout::WithReflectionAndTime)
+    ->Apply(sizes);
+BENCHMARK_CAPTURE(readByCell, Plain, PointRecordLayout::Plain)->Apply(sizes);
+BENCHMARK_CAPTURE(readByIndex, Plain, PointRecordLayout::Plain)->Apply(sizes);
+BENCHMARK_CAPTURE(colorByCell, Plain, PointRecordLayout::Plain)->Apply(sizes);
+BENCHMARK_CAPTURE(reflectionByCell, Plain, PointRecordLayout::Plain)->Apply(sizes);
+BENCHMARK_CAPTURE(reflectionByCell, WithReflection, PointRecordLayout::WithReflection)
+    ->Apply(sizes);
+BENCHMARK(writeRaw<PlainRecord>)->Apply(sizes);
+BENCHMARK(writeRaw<ReflectionTimeRecord>)->Apply(sizes);
+BENCHMARK_CAPTURE(writeByItem, Plain, PointRecordLayout::Plain)->Apply(sizes);
+BENCHMARK_CAPTURE(writeByItem, WithReflectionAndTime, PointRecordLayout::WithReflectionAndTime)
+    ->Apply(sizes);
+
+}  // namespace
