@@ -12,19 +12,17 @@ namespace Vardex {
 
 namespace {
 
-/// Resizes a vector to n records and makes its memory exactly that large.
+/// Resizes a vector to n records and makes its memory exactly that large. When memory runs out the
+/// vector is as before.
 template <typename Record>
 void resizeExactly(std::vector<Record>& records, std::size_t n) {
-    if (n == 0) {
-        std::vector<Record>().swap(records);
-        return;
-    }
-    if (n > records.capacity()) {
+    if (n > records.size()) {
         records.reserve(n);  // exact, where a growing resize would take up to twice as much
-    }
-    records.resize(n);
-    if (records.capacity() != n) {
-        records.shrink_to_fit();
+        records.resize(n);
+    } else if (n < records.size()) {
+        // Where shrink_to_fit would keep the memory and say nothing when there is none to copy to.
+        const auto end = records.begin() + static_cast<std::ptrdiff_t>(n);
+        std::vector<Record>(records.begin(), end).swap(records);
     }
 }
 

@@ -55,7 +55,7 @@ class PointRecordStore {
     std::size_t bytesHeld() const;
 
     /// The records of one layout, in index order; none unless that layout is the active one.
-    /// Valid until the next reset.
+    /// Valid until the next reset, move or swap.
     template <typename Record>
     std::span<Record> records() {
         return std::get<std::vector<Record>>(vectors_);
@@ -76,7 +76,7 @@ class PointRecordStore {
     }
 
     /// The scan point of a record; outside the records the host's null point, ScanPoint's
-    /// nullReference. Valid until the next reset.
+    /// nullReference. Valid until the next reset, move or swap.
     const ScanPoint& pointAt(std::uint64_t index) const;
 
     /// Replaces the scan point of a record and sets its own reflection and its time to 0: they
