@@ -4,6 +4,7 @@
 #include "pointset/RecordingTime.h"
 
 #include <cmath>
+#include <limits>
 
 namespace Vardex::RecordingTime {
 
@@ -12,8 +13,8 @@ namespace {
 constexpr std::int64_t kMicrosecondsPerSecond = 1'000'000;
 constexpr std::uint64_t kTicksPerMicrosecond = 10;
 constexpr double kSecondsPerTick = 1e-7;
-// Full seconds whose microseconds, with any fraction added, stay within 64 bits.
-constexpr double kMaxFullSeconds = 9'223'372'036'853.0;
+// Full seconds beyond which 64 bits cannot hold the microseconds.
+constexpr double kMaxFullSeconds = 9'223'372'036'854.0;
 
 }  // namespace
 
@@ -22,9 +23,13 @@ std::optional<std::int64_t> microsecondsOf(double seconds) {
     if (!(std::abs(full) <= kMaxFullSeconds)) {
         return std::nullopt;
     }
-    const double fraction = (seconds - full) * static_cast<double>(kMicrosecondsPerSecond);
-    return static_cast<std::int64_t>(full) * kMicrosecondsPerSecond +
-           static_cast<std::int64_t>(fraction);
+    const std::int64_t whole = static_cast<std::int64_t>(full) * kMicrosecondsPerSecond;
+    const auto fraction =
+        static_cast<std::int64_t>((seconds - full) * static_cast<double>(kMicrosecondsPerSecond));
+    if (whole > std::numeric_limits<std::int64_t>::max() - fraction) {
+        return std::nullopt;
+    }
+    return whole + fraction;
 }
 
 double secondsOf(std::int64_t microseconds) {
