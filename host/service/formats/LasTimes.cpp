@@ -40,7 +40,7 @@ class LasTimeLoader {
 
     ErrorPtr check();
     ErrorPtr write();
-    void drop(std::uint64_t written);
+    void drop();
     void remarkOnClock(const LasTimeRemarks& remarks) const;
 
     InputFile& file_;
@@ -107,13 +107,13 @@ ErrorPtr LasTimeLoader::check() {
 ErrorPtr LasTimeLoader::write() {
     for (LasBlocks blocks(file_, header_, count_); !blocks.atEnd();) {
         if (ErrorPtr error = blocks.next()) {
-            drop(blocks.first());
+            drop();
             return error;
         }
         for (std::uint64_t i = 0; i < blocks.records(); ++i) {
             const double value = time(blocks.record(i));
             if (!(value >= raw_.first && value <= raw_.last)) {
-                drop(blocks.first() + i);
+                drop();
                 return file_.fault(ErrorCode::CannotRead, blocks.fileOffset(i) + timeOffset_,
                                    "the time " + numberText(value) + ", which was not there before",
                                    "a file that stays as it is");
@@ -122,15 +122,15 @@ ErrorPtr LasTimeLoader::write() {
                                        clock_.microseconds(value));
         }
         if (!watch_.goOn(0.5 + blocks.fraction() / 2)) {
-            drop(blocks.first() + blocks.records());
+            drop();
             return cancelled(file_.name());
         }
     }
     return nullptr;
 }
 
-void LasTimeLoader::drop(std::uint64_t written) {
-    for (std::uint64_t i = 0; i < written; ++i) {
+void LasTimeLoader::drop() {
+    for (std::uint64_t i = 0; i < count_; ++i) {
         target_.times.setTimeStamp(0, static_cast<int>(i), 0);
     }
 }

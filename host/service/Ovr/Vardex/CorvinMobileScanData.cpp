@@ -38,11 +38,14 @@ std::string CorvinMobileScanData::getPointSetClassIdentifier() const {
 }
 
 std::vector<TrajectoryNode> CorvinMobileScanData::getTrajectoryNodes() const {
+    const std::lock_guard<std::mutex> guard(nodesMutex_);
     return nodes_;
 }
 
 void CorvinMobileScanData::setTrajectoryNodes(const std::vector<TrajectoryNode>& nodes) {
-    nodes_ = nodes;
+    std::vector<TrajectoryNode> copy = nodes;
+    const std::lock_guard<std::mutex> guard(nodesMutex_);
+    nodes_.swap(copy);
 }
 
 ErrorPtr CorvinMobileScanData::readTrajectory(const IStructuredStreams& streams,
@@ -58,9 +61,10 @@ ErrorPtr CorvinMobileScanData::readTrajectory(const IStructuredStreams& streams,
                                        warnings);
 }
 
-/// Reads and keeps the trajectory of the scan's streams unless there is one already.
-ErrorPtr CorvinMobileScanData::fetchTrajectory() {
-    if (!nodes_.empty()) {
+/// The trajectory that the scan holds, else that of its streams, which is kept.
+ErrorPtr CorvinMobileScanData::fetchTrajectory(std::vector<TrajectoryNode>& nodes) {
+    nodes = getTrajectoryNodes();
+    if (!nodes.empty()) {
         return nullptr;
     }
     const auto streams = getIntegration().openStructuredStreams(false);
@@ -68,8 +72,11 @@ ErrorPtr CorvinMobileScanData::fetchTrajectory() {
         return nullptr;
     }
     std::vector<std::string> warnings;
-    ErrorPtr error = readTrajectory(*streams, nodes_, warnings);
+    ErrorPtr error = readTrajectory(*streams, nodes, warnings);
     addWarnings(warnings);
+    if (!error) {
+        setTrajectoryNodes(nodes);
+    }
     return error;
 }
 
@@ -90,11 +97,12 @@ ErrorPtr CorvinMobileScanData::loadTimeStamps(const IPointDataExclusiveAccess& /
     try {
         // A trajectory that cannot be read is an error here: time zero would move to the earliest
         // point, and the times would no longer fit the trajectory once it is repaired.
-        if (ErrorPtr error = fetchTrajectory()) {
+        std::vector<TrajectoryNode> nodes;
+        if (ErrorPtr error = fetchTrajectory(nodes)) {
             return error;
         }
         const auto reader = format->makeReader(source);
-        ErrorPtr error = reader->loadTimes({*times, pointLimit(), nodes_, metaData.get(),
+        ErrorPtr error = reader->loadTimes({*times, pointLimit(), nodes, metaData.get(),
                                             progress ? progress.get() : source.progress.get(),
                                             cancel ? cancel.get() : source.cancel.get()});
         addWarnings(reader->warnings());

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <memory>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -23,9 +24,9 @@ class HOST_EXPORT CorvinMobileScanData final : public CorvinScanData {
     static std::string getStaticPointSetClassIdentifier();
     std::string getPointSetClassIdentifier() const override;
 
-    /// A copy of the trajectory; empty when none was set.
+    /// A copy of the trajectory; empty when none was set. Threads: any.
     std::vector<TrajectoryNode> getTrajectoryNodes() const;
-    /// Replaces the trajectory.
+    /// Replaces the trajectory. Threads: any.
     void setTrajectoryNodes(const std::vector<TrajectoryNode>& nodes);
 
     /// Reads the trajectory of a scan's streams, positions relative to the project's origin.
@@ -39,11 +40,13 @@ class HOST_EXPORT CorvinMobileScanData final : public CorvinScanData {
                                    std::vector<std::string>& warnings);
 
     /// Fills the point times through the registered IScanPointTimes service and sets the scan's
-    /// duration. Time zero is the first trajectory node, else the earliest point.
+    /// duration. Time zero is the first trajectory node, else the earliest point. A scan that holds
+    /// no trajectory first gets that of its streams, where they have one.
     /// @param progress  may be empty: the source's own is taken, if it has one
     /// @param cancel    may be empty: likewise
     /// @return empty on success. A file without times, a span beyond 32-bit microseconds, points
-    ///         before time zero and clocks that do not meet are errors; no time is written then.
+    ///         before time zero and clocks that do not meet are errors, and no time is written
+    ///         then. After one that comes later, such as a cancel, all times are 0.
     ErrorPtr loadTimeStamps(const IPointDataExclusiveAccess& access,
                             DataStructures::ScanDataModificationScope& scope,
                             std::shared_ptr<DataStructures::IProgress> progress,
@@ -53,8 +56,10 @@ class HOST_EXPORT CorvinMobileScanData final : public CorvinScanData {
                               DataStructures::ScanDataModificationScope& scope);
 
   private:
-    ErrorPtr fetchTrajectory();
+    ErrorPtr fetchTrajectory(std::vector<TrajectoryNode>& nodes);
 
+    // Questions about the path fetch and keep the trajectory from any thread.
+    mutable std::mutex nodesMutex_;
     std::vector<TrajectoryNode> nodes_;
 };
 
