@@ -28,17 +28,25 @@ std::size_t nearestInteger(double value) {
     return static_cast<std::size_t>(whole + (up ? 1 : 0));
 }
 
-/// Per bin the index of the last node that falls into it, or kNoNode.
-std::vector<std::size_t> lastNodePerBin(std::span<const TrajectoryNode> nodes, double binWidth) {
-    std::vector<std::size_t> hits(TrajectoryCache::kBinCount, kNoNode);
+/// Indices of the first and the last node that fall into a bin.
+struct BinNodes {
+    std::size_t first = kNoNode;
+    std::size_t last = kNoNode;
+};
+
+std::vector<BinNodes> nodesOfBins(std::span<const TrajectoryNode> nodes, double binWidth) {
+    std::vector<BinNodes> bins(TrajectoryCache::kBinCount);
     const double start = nodes.front().time;
     for (std::size_t i = 0; i < nodes.size(); ++i) {
-        const double bins = (nodes[i].time - start) / binWidth;
-        if (bins >= 0.0) {
-            hits[bins < static_cast<double>(kLastBin) ? nearestInteger(bins) : kLastBin] = i;
+        const double place = (nodes[i].time - start) / binWidth;
+        if (place >= 0.0) {
+            BinNodes& bin =
+                bins[place < static_cast<double>(kLastBin) ? nearestInteger(place) : kLastBin];
+            bin.first = std::min(bin.first, i);
+            bin.last = i;
         }
     }
-    return hits;
+    return bins;
 }
 
 Vec3d<double> between(const TrajectoryNode& before, const TrajectoryNode& after, double time) {
@@ -49,19 +57,20 @@ Vec3d<double> between(const TrajectoryNode& before, const TrajectoryNode& after,
 
 /// The positions of all bins. Requires: the first bin is hit.
 std::vector<Vec3d<double>> positionsOf(std::span<const TrajectoryNode> nodes,
-                                       const std::vector<std::size_t>& hits, double binWidth) {
-    std::vector<Vec3d<double>> positions(hits.size());
+                                       const std::vector<BinNodes>& bins, double binWidth) {
+    std::vector<Vec3d<double>> positions(bins.size());
     std::size_t bin = 0;
-    while (bin < hits.size()) {
-        const TrajectoryNode& before = nodes[hits[bin]];
+    while (bin < bins.size()) {
+        const TrajectoryNode& before = nodes[bins[bin].last];
         positions[bin] = positionOf(before);
-        const auto hit = std::find_if(hits.begin() + static_cast<std::ptrdiff_t>(bin) + 1,
-                                      hits.end(), [](std::size_t i) { return i != kNoNode; });
-        const auto next = static_cast<std::size_t>(hit - hits.begin());
+        const auto hit =
+            std::find_if(bins.begin() + static_cast<std::ptrdiff_t>(bin) + 1, bins.end(),
+                         [](const BinNodes& b) { return b.first != kNoNode; });
+        const auto next = static_cast<std::size_t>(hit - bins.begin());
         for (std::size_t gap = bin + 1; gap < next; ++gap) {
             const double time = nodes.front().time + static_cast<double>(gap) * binWidth;
             positions[gap] =
-                hit != hits.end() ? between(before, nodes[*hit], time) : positions[bin];
+                hit != bins.end() ? between(before, nodes[hit->first], time) : positions[bin];
         }
         bin = next;
     }
@@ -76,12 +85,12 @@ void TrajectoryCache::fill(std::span<const TrajectoryNode> nodes, double duratio
         return;
     }
     const double binWidth = duration * kBinWidthPerDuration;
-    const std::vector<std::size_t> hits = lastNodePerBin(nodes, binWidth);
-    if (hits.front() == kNoNode) {  // the first node has no time: no node has a place in time
+    const std::vector<BinNodes> bins = nodesOfBins(nodes, binWidth);
+    if (bins.front().first == kNoNode) {  // the first node has no time: no node has a place in time
         unavailable_ = true;
         return;
     }
-    positions_ = positionsOf(nodes, hits, binWidth);
+    positions_ = positionsOf(nodes, bins, binWidth);
     binWidth_ = binWidth;
 }
 
