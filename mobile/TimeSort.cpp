@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <memory>
 #include <new>
 #include <thread>
 #if defined(VARDEX_PARALLEL_SORT)
@@ -86,11 +85,12 @@ bool hasMemoryToSpare(std::size_t recordBytes, unsigned threads) {
     constexpr std::size_t kPerThread = std::size_t{16} << 20;
     constexpr std::size_t kForOneTbb = std::size_t{64} << 20;
     const std::size_t needed = recordBytes + kForOneTbb + kPerThread * threads;
-    const std::unique_ptr<std::byte[]> probe(new (std::nothrow) std::byte[needed]);
+    void* const probe = ::operator new(needed, std::nothrow);  // a new-expression may be left out
+    ::operator delete(probe);
     return probe != nullptr;
 }
 
-/// @return false when one thread is to do it, in place; the records are untouched then
+/// @return false when one thread is to do it, in place; no record has moved then
 template <typename Record>
 bool sortOnSeveralThreads(std::span<Record> records) {
     const unsigned threads = std::thread::hardware_concurrency();
