@@ -12,7 +12,7 @@
 namespace Hx {
 
 /// A context in which models are read and changed, one thread at a time.
-class HOST_EXPORT ModelContext final : public Tq_1_1::RefCounted {
+class HOST_EXPORT ModelContext : public Tq_1_1::RefCounted<ModelContext> {
   public:
     /// The identifier of the context that spans all models.
     static constexpr unsigned long long ALL_MODELS = 0xFFFFFFFFFFFFFFFFULL;
@@ -21,11 +21,10 @@ class HOST_EXPORT ModelContext final : public Tq_1_1::RefCounted {
     std::size_t guardsTaken() const { return taken_; }
     std::size_t guardsReleased() const { return released_; }
 
-  protected:
-    ~ModelContext() override;
-
   private:
     friend class AllocMain;
+    friend class Tq_1_1::RefCounted<ModelContext>;
+    virtual ~ModelContext();
 
     std::recursive_mutex mutex_;
     std::size_t taken_ = 0;     // guarded by mutex_

@@ -13,19 +13,21 @@ namespace Hx {
 class PointSet;
 
 /// A picture of a scan.
-class HOST_EXPORT Picture : public Tq_1_1::RefCounted {
+class HOST_EXPORT Picture : public Tq_1_1::RefCounted<Picture> {
   protected:
-    ~Picture() override;
+    friend class Tq_1_1::RefCounted<Picture>;
+    virtual ~Picture();
 };
 
 /// Settings of the preprocessing of scans.
-class HOST_EXPORT PreprocessSettings : public Tq_1_1::RefCounted {
+class HOST_EXPORT PreprocessSettings : public Tq_1_1::RefCounted<PreprocessSettings> {
   public:
     bool isStructured = false;  ///< the scan is a grid of rows and columns
     double stepAccuracy = 0.0;  ///< accuracy of a point [m]; 0 when unknown
 
   protected:
-    ~PreprocessSettings() override;
+    friend class Tq_1_1::RefCounted<PreprocessSettings>;
+    virtual ~PreprocessSettings();
 };
 
 namespace PointSetOps {

@@ -12,7 +12,7 @@
 namespace Tq_1_1 {
 
 /// Root of the host's node classes, shared by intrusive counting.
-class HOST_EXPORT BaseNode : public RefCounted {
+class HOST_EXPORT BaseNode : public RefCounted<BaseNode> {
   public:
     using ClassPointer = StrictSmartPtr<BaseNode>;
 
@@ -28,7 +28,8 @@ class HOST_EXPORT BaseNode : public RefCounted {
     virtual const HxClass* getClassType() const;
 
   protected:
-    ~BaseNode() override;
+    friend class RefCounted<BaseNode>;
+    virtual ~BaseNode();
 };
 
 }  // namespace Tq_1_1

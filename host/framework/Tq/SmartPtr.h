@@ -8,13 +8,14 @@
 #include <type_traits>
 #include <utility>
 
-#include "HostExport.h"
-
 namespace Tq_1_1 {
 
 /// Base of everything that is shared by intrusive counting. Born with no reference; destroyed when
 /// the last SmartPtr lets go. Threads: the count is atomic.
-class HOST_EXPORT RefCounted {
+/// @param Derived  has a virtual destructor, at a place of its own in its table of virtual
+///                 operations; a protected one befriends this class
+template <typename Derived>
+class RefCounted {
   public:
     RefCounted() = default;
     RefCounted(const RefCounted&) = delete;
@@ -23,19 +24,19 @@ class HOST_EXPORT RefCounted {
     void addReference() const { references_.fetch_add(1, std::memory_order_relaxed); }
     void releaseReference() const {
         if (references_.fetch_sub(1, std::memory_order_acq_rel) == 1) {
-            delete this;
+            delete static_cast<const Derived*>(this);
         }
     }
     long referenceCount() const { return references_.load(std::memory_order_relaxed); }
 
   protected:
-    virtual ~RefCounted();
+    ~RefCounted() = default;
 
   private:
     mutable std::atomic<long> references_{0};
 };
 
-/// The host's intrusive pointer. T derives from RefCounted.
+/// The host's intrusive pointer. T derives from a RefCounted.
 template <typename T>
 class SmartPtr {
   public:
