@@ -45,11 +45,13 @@ IOMessages::IOResult RawScanFileObject::fillFrom(const Tq_1_1::File& file, PtSet
     if (error) {
         return convertError(error, nullptr);
     }
+    if (scan != nullptr && getParent() == nullptr &&
+        !scan->addChild(Tq_1_1::SmartPtr<Object>(this))) {
+        setLastErrorMessage(path + ": its object cannot be put below the scan");
+        return IOMessages::IO_ERROR;
+    }
     project_ = std::move(project);
     setFilePath(file.getPath());
-    if (scan != nullptr && getParent() == nullptr) {
-        scan->addChild(Tq_1_1::SmartPtr<Object>(this));
-    }
     return project_->warnings.empty() ? IOMessages::IO_OK : IOMessages::IO_UNKNOWN_FIELDS;
 }
 

@@ -31,7 +31,8 @@ class HOST_EXPORT RawScanFileObject : public MiscFileDataObject, public Validati
     ///              the object where it is.
     /// @return IO_OK; IO_UNKNOWN_FIELDS when the file was read and says more than is understood,
     ///         see ProjectFile::warnings; any other value is a failure that leaves the object and
-    ///         the tree as they were. IO_ERROR when the object has another parent than @p scan.
+    ///         the tree as they were. IO_ERROR when the object has another parent than @p scan,
+    ///         or stands above it.
     /// Requires: init was called, and this object is held by a SmartPtr.
     [[nodiscard]] IOMessages::IOResult fillFrom(const Tq_1_1::File& file, PtSetObject* scan);
 
