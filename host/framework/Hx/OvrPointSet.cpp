@@ -42,9 +42,13 @@ Ovr::Interfaces::IScanData& OvrPointSet::getIScanData() const {
     return integration_->getScanData();
 }
 
+bool OvrPointSet::isPossibleSize(int rows, int cols) {
+    return rows >= 0 && cols >= 0 &&
+           std::int64_t{rows} * cols <= std::numeric_limits<std::int32_t>::max();
+}
+
 bool OvrPointSet::resize(int rows, int cols) {
-    if (!supportsResize() || rows < 0 || cols < 0 ||
-        std::int64_t{rows} * cols > std::numeric_limits<std::int32_t>::max()) {
+    if (!supportsResize() || !isPossibleSize(rows, cols)) {
         return false;
     }
     const bool sameSize = rows == rows_ && cols == cols_;

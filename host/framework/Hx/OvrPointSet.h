@@ -32,7 +32,7 @@ class HOST_EXPORT OvrPointSet : public PointSet {
     /// A new converter for one conversion, owned by the caller.
     virtual std::unique_ptr<SpecificErrorConverterBase> createErrorConverter() const = 0;
     virtual bool supportsResize() const = 0;
-    /// Sizes the record storage and writes the counts.
+    /// Sizes the record storage and writes the counts. Requires: isPossibleSize.
     /// @param allocate  false only writes the counts and drops the records
     /// @return false when memory runs out; the storage is empty then
     virtual bool resizePointStorage(int rows, int cols, bool allocate, bool withReflection) = 0;
@@ -44,6 +44,8 @@ class HOST_EXPORT OvrPointSet : public PointSet {
     /// Null only for a point set made without an integration.
     const std::shared_ptr<PointSetIntegration>& getIntegration() const { return integration_; }
 
+    /// Whether the counts are 0 or more and their product fits 31 bits.
+    static bool isPossibleSize(int rows, int cols);
     /// Sizes the storage to @p rows x @p cols records without separate reflection. The data are
     /// not valid until validateData, unless they were valid in this size before.
     /// @return false for negative or impossible counts and when memory runs out

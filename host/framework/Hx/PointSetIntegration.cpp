@@ -36,6 +36,9 @@ std::unique_ptr<Ovr::IPointDataExclusiveAccess> PointSetIntegration::getPointDat
 }
 
 bool PointSetIntegration::setNewSize(int rows, int cols, bool allocate, bool withReflection) {
+    if (!OvrPointSet::isPossibleSize(rows, cols)) {
+        return false;
+    }
     const bool sized = pointSet_.resizePointStorage(rows, cols, allocate, withReflection);
     pointSet_.setValidData(sized && allocate);
     return sized;

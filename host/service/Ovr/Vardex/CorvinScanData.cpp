@@ -58,6 +58,9 @@ ErrorPtr CorvinScanData::loadPoints(std::uint64_t count, StatisticsReport& stati
         addWarnings(reader->warnings());
     } catch (const std::bad_alloc&) {
         error = makeError(ErrorCode::OutOfMemory, {source.file.string(), "", "", "more memory"});
+    } catch (...) {
+        integration_.setNewSize(0, 0, false, false);
+        throw;
     }
     if (error) {
         integration_.setNewSize(0, 0, false, false);
