@@ -12,6 +12,11 @@ namespace {
 
 constexpr wchar_t kReplacement = L'\uFFFD';
 
+/// Whether a number is a code point that UTF-8 can hold; surrogates are none.
+bool isCharacter(char32_t code) {
+    return code <= 0x10FFFF && !(code >= 0xD800 && code < 0xE000);
+}
+
 struct Decoded {
     char32_t code;
     std::size_t length;  // bytes taken
@@ -36,7 +41,7 @@ Decoded decodeFront(std::string_view text) {
         code = (code << 6) | (next & 0x3FU);
     }
     const bool overlong = (length == 3 && code < 0x800) || (length == 4 && code < 0x10000);
-    if (overlong || code > 0x10FFFF || (code >= 0xD800 && code < 0xE000)) {
+    if (overlong || !isCharacter(code)) {
         return {kReplacement, 1};
     }
     return {code, length};
@@ -89,7 +94,8 @@ std::string String::toUtf8() const {
     if (text_) {
         out.reserve(text_->size());
         for (const wchar_t c : *text_) {
-            appendUtf8(out, static_cast<char32_t>(c));
+            appendUtf8(out, isCharacter(static_cast<char32_t>(c)) ? static_cast<char32_t>(c)
+                                                                  : kReplacement);
         }
     }
     return out;
