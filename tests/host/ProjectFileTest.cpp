@@ -28,7 +28,7 @@ using testing::StartsWith;
 const std::string kPtxScan =
     "1\n1\n0 0 0\n1 0 0\n0 1 0\n0 0 1\n1 0 0 0\n0 1 0 0\n0 0 1 0\n0 0 0 1\n1 2 3 0.5\n";
 const std::string kStance = R"("kind": "stance", "name": "A", "points": "hall.ptx")";
-const std::string kMobile = R"("kind": "mobile", "name": "A", "points": "hall.ptx")";
+const std::string kMobile = R"("kind": "mobile", "name": "A", "points": "walk.las")";
 
 /// A folder with points, a trajectory and a project file.
 class ProjectFolder {
@@ -37,6 +37,7 @@ class ProjectFolder {
         std::filesystem::create_directory(folder_.path() / "sub");
         folder_.write("hall.ptx", kPtxScan + kPtxScan);
         folder_.write("walk.txt", "0 0 0 0 0 0 0 1\n");
+        folder_.write("walk.las", "x");
         folder_.write("sub/w\xc3\xa4lk.LAS", "x");
         folder_.write("broken.ptx", "no header\n");
     }
@@ -149,12 +150,14 @@ TEST(ProjectFile, RefusesWhatIsNoProject) {
     const ProjectFolder folder;
     using enum ErrorCode;
     for (const Refused& c : {
-             Refused{"words", "{\n  scans", WrongFormat, "line 2, column 3", "malformed"},
+             Refused{"words", "\xEF\xBB\xBF{\n  scans", WrongFormat, "line 2, column 3",
+                     "malformed"},
              Refused{"array", "\n []", WrongFormat, "line 2, column 2", "array"},
-             Refused{"deep", std::string(5000, '['), WrongFormat, "", "64 levels"},
+             Refused{"deep", "\n" + std::string(5000, '['), WrongFormat, "line 2, column 65",
+                     "64 levels"},
              Refused{"no version", "{}", InvalidValue, "line 1, column 1", "'version'"},
-             Refused{"newer", "{\"version\": 2, \"scans\": 3}", NewerVersion, "line 1, column 13",
-                     "version 2"},
+             Refused{"newer", "\xEF\xBB\xBF{\"version\": 2, \"scans\": 3}", NewerVersion,
+                     "line 1, column 13", "version 2"},
              Refused{"no scans", "{\"version\": 1}", InvalidValue, "line 1, column 1", "'scans'"},
              Refused{"scan no object", "{\"version\": 1, \"scans\": [7]}", InvalidValue,
                      "line 1, column 26", "'7'"},
@@ -175,6 +178,7 @@ TEST(ProjectFile, RefusesScansThatMakeNoSense) {
              Refused{"unknown kind", R"("kind": "Stance")", InvalidValue, "", "'Stance'"},
              Refused{"missing points", named + R"("none.ptx")", FileNotFound, "", "'none.ptx'"},
              Refused{"points a number", named + "3", InvalidValue, "", "'3'"},
+             Refused{"points of the other kind", named + R"("walk.las")", InvalidValue, "", "walk"},
              Refused{"no such scan", kStance + R"(, "index": 2)", InvalidValue, "", "hall.ptx"},
              Refused{"broken points", named + R"("broken.ptx", "index": 1)", WrongFormat, "",
                      "broken.ptx: line 1"},

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <limits>
 #include <memory>
+#include <string_view>
 #include <utility>
 
 #include "Tq/String.h"
@@ -24,6 +25,7 @@ namespace {
 constexpr int kDeepestNesting = 64;
 
 constexpr std::size_t kMostWarnings = 100;
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 std::unique_ptr<Json::CharReader> makeParser() {
     Json::CharReaderBuilder builder;
@@ -31,6 +33,27 @@ std::unique_ptr<Json::CharReader> makeParser() {
     builder["stackLimit"] = kDeepestNesting;
     builder["collectComments"] = false;
     return std::unique_ptr<Json::CharReader>(builder.newCharReader());
+}
+
+/// Where brackets are nested too deeply for the first time; else the text's end.
+std::size_t deepest(std::string_view text) {
+    int depth = 0;
+    bool quoted = false;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char c = text[i];
+        if (quoted) {
+            i += c == '\\' ? 1 : 0;
+            quoted = c != '"';
+        } else if (c == '[' || c == '{') {
+            if (++depth > kDeepestNesting) {
+                return i;
+            }
+        } else {
+            depth -= c == ']' || c == '}' ? 1 : 0;
+            quoted = c == '"';
+        }
+    }
+    return text.size();
 }
 
 bool isPlainText(const std::string& text) {
@@ -60,6 +83,9 @@ bool JsonFile::read(const std::filesystem::path& file, std::uint64_t maximumSize
                        {input.name(), "", "a file that cannot be read to its end", ""}));
         return false;
     }
+    if (text_.starts_with(kByteOrderMark)) {
+        text_.erase(0, kByteOrderMark.size());  // the parser skips it, but does not count it
+    }
     parse();
     return !failed();
 }
@@ -72,9 +98,9 @@ void JsonFile::parse() {
             return;
         }
     } catch (const Json::Exception&) {
-        fail(makeError(ErrorCode::WrongFormat,
-                       {file_.string(), "", "values nested more deeply than anyone reads",
-                        "at most " + countText(kDeepestNesting, "level")}));
+        fail(makeError(ErrorCode::WrongFormat, {file_.string(), placeAt(deepest(text_)),
+                                                "values nested more deeply than anyone reads",
+                                                "at most " + countText(kDeepestNesting, "level")}));
         return;
     }
     if (!root_.isObject()) {
@@ -109,7 +135,11 @@ std::string_view JsonFile::textOf(const Json::Value& value) const {
 }
 
 std::string JsonFile::placeOf(const Json::Value& value) const {
-    const std::string_view before(text_.data(), static_cast<std::size_t>(value.getOffsetStart()));
+    return placeAt(static_cast<std::size_t>(value.getOffsetStart()));
+}
+
+std::string JsonFile::placeAt(std::size_t offset) const {
+    const std::string_view before = std::string_view(text_).substr(0, offset);
     const auto line = 1 + std::count(before.begin(), before.end(), '\n');
     const std::size_t lineStart = before.rfind('\n') + 1;  // 0 when there is no line end
     return "line " + std::to_string(line) + ", column " +

@@ -49,6 +49,7 @@ class JsonFile {
 
   private:
     void parse();
+    std::string placeAt(std::size_t offset) const;
     void failToParse(const std::string& report);
 
     std::filesystem::path file_;

@@ -75,7 +75,8 @@ ErrorPtr listLas(const std::filesystem::path& path, std::vector<ScanListing>& sc
 }  // namespace
 
 Format lasFormat() {
-    return {listLas, [](const ScanSource& source) { return std::make_unique<LasReader>(source); }};
+    return {listLas, [](const ScanSource& source) { return std::make_unique<LasReader>(source); },
+            VardexLib::CorvinMobileScanData::getStaticPointSetClassIdentifier()};
 }
 
 }  // namespace Ovr::Formats

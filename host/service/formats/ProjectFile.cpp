@@ -71,6 +71,12 @@ std::string faultOfPose(const std::array<double, 16>& m) {
     return handedness > 0.0 ? "" : "a matrix that mirrors";
 }
 
+std::string classIdentifierOf(ProjectScanKind kind) {
+    return kind == ProjectScanKind::Mobile
+               ? VardexLib::CorvinMobileScanData::getStaticPointSetClassIdentifier()
+               : VardexLib::CorvinStanceScanData::getStaticPointSetClassIdentifier();
+}
+
 /// Reads the scans of one project file. Faults are kept by the JSON file.
 class ProjectReader {
   public:
@@ -84,6 +90,7 @@ class ProjectReader {
     void readKind(JsonMembers& members, ProjectScan& scan);
     void readName(JsonMembers& members, ProjectScan& scan);
     void readFiles(JsonMembers& members, ProjectScan& scan);
+    void checkFormat(const Json::Value& points, const ProjectScan& scan);
     void readIndex(JsonMembers& members, ProjectScan& scan);
     const std::vector<ScanListing>& scansOf(const Json::Value& at, const fs::path& points);
     void readClock(JsonMembers& members, ProjectScan& scan);
@@ -178,16 +185,29 @@ void ProjectReader::readName(JsonMembers& members, ProjectScan& scan) {
 void ProjectReader::readFiles(JsonMembers& members, ProjectScan& scan) {
     if (const Json::Value* points = members.require("points")) {
         scan.points = existingFile(*points);
-        if (!json_.failed() && !FormatRegistry::the().find(scan.points)) {
-            json_.fail(*points, inQuotes(points->asString()),
-                       "a points file: " + FormatRegistry::the().knownExtensions(),
-                       ErrorCode::Unsupported);
-        }
+        checkFormat(*points, scan);
     }
     readIndex(members, scan);
     refuseUnlessKind(members, "trajectory", scan, ProjectScanKind::Mobile);
     if (const Json::Value* trajectory = members.find("trajectory")) {
         scan.trajectory = existingFile(*trajectory);
+    }
+}
+
+void ProjectReader::checkFormat(const Json::Value& points, const ProjectScan& scan) {
+    if (json_.failed()) {
+        return;
+    }
+    const auto format = FormatRegistry::the().find(scan.points);
+    if (!format) {
+        json_.fail(points, inQuotes(points.asString()),
+                   "a points file: " + FormatRegistry::the().knownExtensions(),
+                   ErrorCode::Unsupported);
+    } else if (!format->classIdentifier.empty() &&
+               format->classIdentifier != classIdentifierOf(scan.kind)) {
+        const bool mobile = scan.kind == ProjectScanKind::Mobile;
+        json_.fail(points, inQuotes(points.asString()) + ", whose scans are of the other kind",
+                   mobile ? "a file of mobile scans" : "a file of stationary scans");
     }
 }
 
@@ -332,10 +352,7 @@ void ProjectReader::refuseUnlessKind(JsonMembers& members, const char* key, cons
 
 ScanListing ProjectScan::listing(std::shared_ptr<ScanProject> project) const {
     ScanListing listing;
-    listing.classIdentifier =
-        kind == ProjectScanKind::Mobile
-            ? VardexLib::CorvinMobileScanData::getStaticPointSetClassIdentifier()
-            : VardexLib::CorvinStanceScanData::getStaticPointSetClassIdentifier();
+    listing.classIdentifier = classIdentifierOf(kind);
     listing.name = name;
     listing.source.file = points;
     listing.source.scanIndex = scanIndex;

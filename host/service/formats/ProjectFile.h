@@ -66,7 +66,8 @@ struct ProjectFile {
 /// @param project  changed only on success
 /// @return empty on success; else an error that names the file, and where it can the line and
 ///         column, with the code FileNotFound, IsDirectory, CannotRead, EmptyFile, WrongFormat,
-///         NewerVersion or InvalidValue
+///         NewerVersion, InvalidValue, Unsupported for points of an unknown format, or that of
+///         listing the points file
 [[nodiscard]] HOST_EXPORT ErrorPtr readProjectFile(const std::filesystem::path& file,
                                                    ProjectFile& project);
 

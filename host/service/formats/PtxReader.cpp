@@ -196,7 +196,8 @@ ErrorPtr listPtx(const std::filesystem::path& path, std::vector<ScanListing>& sc
 }  // namespace
 
 Format ptxFormat() {
-    return {listPtx, [](const ScanSource& source) { return std::make_unique<PtxReader>(source); }};
+    return {listPtx, [](const ScanSource& source) { return std::make_unique<PtxReader>(source); },
+            VardexLib::CorvinStanceScanData::getStaticPointSetClassIdentifier()};
 }
 
 }  // namespace Ovr::Formats

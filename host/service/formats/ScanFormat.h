@@ -72,6 +72,8 @@ struct Format {
     std::function<ErrorPtr(const std::filesystem::path& file, std::vector<ScanListing>& scans)>
         list;
     std::function<std::unique_ptr<IScanReader>(const ScanSource& source)> makeReader;
+    /// Of the point-set class that holds the format's scans; empty when it is not one for all.
+    std::string classIdentifier = {};
 };
 
 /// The file formats of the service by extension. LAS and PTX are there from the start.
