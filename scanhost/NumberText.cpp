@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "Tq/String.h"
+#include "formats/TextFields.h"
 
 namespace ScanHost {
 
@@ -27,22 +28,6 @@ std::optional<std::string> nameOfNonFinite(double value) {
         return value > 0 ? "infinite" : "-infinite";
     }
     return std::nullopt;
-}
-
-template <typename T>
-std::optional<T> parseWhole(std::string_view text) {
-    T value{};
-    const char* end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, value);
-    if (error != std::errc{} || stop != end) {
-        return std::nullopt;
-    }
-    return value;
-}
-
-std::string_view withoutPlus(std::string_view text) {
-    const bool plus = text.size() > 1 && text[0] == '+' && text[1] != '-';
-    return plus ? text.substr(1) : text;
 }
 
 // Both blocks of control characters: U+009B alone starts a terminal's escape sequence.
@@ -86,12 +71,15 @@ std::string countText(std::uint64_t count, std::string_view one, std::string_vie
 }
 
 std::optional<double> parseNumber(std::string_view text) {
-    const std::optional<double> value = parseWhole<double>(withoutPlus(text));
-    return value && std::isfinite(*value) ? value : std::nullopt;
+    double value = 0.0;
+    return Ovr::Formats::parseNumber(text, value) ? std::optional(value) : std::nullopt;
 }
 
 std::optional<std::uint64_t> parseCount(std::string_view text) {
-    return parseWhole<std::uint64_t>(text);
+    std::uint64_t value = 0;
+    const char* const end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, value);
+    return error == std::errc{} && stop == end ? std::optional(value) : std::nullopt;
 }
 
 std::optional<Tq_1_1::Vec3d<double>> parsePoint(std::string_view text) {

@@ -20,6 +20,18 @@ std::string_view withoutPlus(std::string_view field) {
     return plus ? field.substr(1) : field;
 }
 
+/// Reads a number of which is known that it lies outside the range of doubles.
+/// @return false when it is too large rather than too small
+bool parseTiny(std::string_view number, double& value) {
+    long double wide = 0.0L;
+    const char* const end = number.data() + number.size();
+    if (std::from_chars(number.data(), end, wide).ec != std::errc() || std::abs(wide) > 1.0L) {
+        return false;
+    }
+    value = static_cast<double>(wide);
+    return true;
+}
+
 }  // namespace
 
 std::string_view trimmed(std::string_view text) {
@@ -59,7 +71,8 @@ bool parseNumber(std::string_view field, double& value) {
     const char* const end = number.data() + number.size();
     double parsed = 0.0;
     const auto [stop, failure] = std::from_chars(number.data(), end, parsed);
-    if (failure != std::errc() || stop != end || !std::isfinite(parsed)) {
+    if (stop != end || (failure == std::errc::result_out_of_range && !parseTiny(number, parsed)) ||
+        failure == std::errc::invalid_argument || !std::isfinite(parsed)) {
         return false;
     }
     value = parsed;

@@ -10,6 +10,8 @@
 #include <string>
 #include <string_view>
 
+#include "HostExport.h"
+
 namespace Ovr::Formats {
 
 /// @return whether the character separates fields of a line: a blank, a tab, or the carriage return
@@ -27,10 +29,10 @@ std::string_view trimmed(std::string_view text);
 std::size_t splitFields(std::string_view line, std::span<std::string_view> fields);
 
 /// Reads a decimal number with a point, in the same way under every locale; a plus sign in front is
-/// fine.
-/// @return false, with @p value untouched, for anything else: words, "nan", "inf", a number that
-///         does not fit a double, characters left over
-bool parseNumber(std::string_view field, double& value);
+/// fine. A number too close to 0 for a double becomes the nearest there is.
+/// @return false, with @p value untouched, for anything else: words, "nan", "inf", a number too
+///         large for a double, characters left over
+HOST_EXPORT bool parseNumber(std::string_view field, double& value);
 
 /// Reads a decimal integer.
 /// @return empty for anything else, also for a number that does not fit

@@ -71,6 +71,9 @@ bool TextLines::nextRaw() {
             return false;
         }
         if (!fill()) {
+            if (error_) {
+                return false;
+            }
             lineEnd = buffer_.data() + end_;
             break;
         }
@@ -95,6 +98,11 @@ bool TextLines::fill() {
     begin_ = 0;
     const std::size_t got = file_.readAt(bufferOffset_ + end_, std::span(buffer_).subspan(end_));
     end_ += got;
+    if (got == 0 && bufferOffset_ + end_ < file_.size()) {
+        line_ = nextLine_;
+        error_ = fault(ErrorCode::CannotRead, "the end of what can be read",
+                       "the file's " + std::to_string(file_.size()) + " bytes");
+    }
     return got != 0;
 }
 
