@@ -13,9 +13,10 @@ namespace ScanHost {
 namespace {
 
 constexpr Rgb kNoReturn{255, 0, 255};
-// Small grids are enlarged to about this width, large ones thinned out to below it [pixels].
-constexpr std::int64_t kSmallWidth = 900;
-constexpr std::int64_t kLargeWidth = 4000;
+// The longer side: small grids are enlarged to about this size, large ones thinned out to below
+// it [pixels].
+constexpr std::int64_t kSmallSide = 900;
+constexpr std::int64_t kLargeSide = 4000;
 
 /// How the grid lies in the scanner's surroundings.
 struct Orientation {
@@ -32,7 +33,7 @@ Orientation orientationOf(const Hx::PointSet& points) {
         for (int col = 0; col < cols; ++col) {
             const auto& point = points.getScanPt(row, col);
             const double length = std::hypot(point.x, point.y, point.z);
-            if (!isReturn(point)) {
+            if (!isReturn(points, point)) {
                 continue;
             }
             upward += (2.0 * row - (rows - 1)) * (point.z / length);
@@ -52,8 +53,9 @@ Picture panorama(const Hx::PointSet& points) {
     const std::int64_t cols = points.getNumCols();
     const PointColor colorOf(points, summarize(points, Tq_1_1::Mat4d<double>::identity()));
     const Orientation grid = orientationOf(points);
-    const std::int64_t step = (cols + kLargeWidth - 1) / kLargeWidth;
-    const std::int64_t zoom = std::max<std::int64_t>(1, kSmallWidth / cols);
+    const std::int64_t longest = std::max(rows, cols);
+    const std::int64_t step = (longest + kLargeSide - 1) / kLargeSide;
+    const std::int64_t zoom = std::max<std::int64_t>(1, kSmallSide / longest);
     const std::int64_t width = (cols + step - 1) / step;
     const std::int64_t height = (rows + step - 1) / step;
     Picture picture(static_cast<std::size_t>(width * zoom), static_cast<std::size_t>(height * zoom),
@@ -63,7 +65,7 @@ Picture panorama(const Hx::PointSet& points) {
             const std::int64_t row = grid.upsideDown ? rows - 1 - y * step : y * step;
             const std::int64_t col = grid.mirrored ? cols - 1 - x * step : x * step;
             const auto index = static_cast<std::uint64_t>(row * cols + col);
-            if (isReturn(points.getScanPt(index))) {
+            if (isReturn(points, points.getScanPt(index))) {
                 picture.fill(x * zoom, y * zoom, zoom, zoom, colorOf(index));
             }
         }

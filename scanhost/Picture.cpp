@@ -5,13 +5,29 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 
 #include <png.h>
 
 #include "scanhost/Failure.h"
 
 namespace ScanHost {
+
+namespace {
+
+/// Narrows the part of a line, from 0 to 1, to where one coordinate lies between -1 and an end.
+/// @return false when nothing is left
+bool clip(double start, double way, double end, double& from, double& to) {
+    if (way == 0.0) {
+        return start >= -1.0 && start <= end;
+    }
+    const double one = (-1.0 - start) / way;
+    const double other = (end - start) / way;
+    from = std::max(from, std::min(one, other));
+    to = std::min(to, std::max(one, other));
+    return from <= to;
+}
+
+}  // namespace
 
 Picture::Picture(std::size_t width, std::size_t height, const Rgb& background)
     : width_(width), height_(height), pixels_(width * height, background) {}
@@ -23,13 +39,20 @@ void Picture::set(std::int64_t x, std::int64_t y, const Rgb& color) {
     }
 }
 
-void Picture::line(std::int64_t x0, std::int64_t y0, std::int64_t x1, std::int64_t y1,
-                   const Rgb& color) {
-    const std::int64_t steps = std::max(std::abs(x1 - x0), std::abs(y1 - y0));
-    for (std::int64_t i = 0; i <= steps; ++i) {
-        const double part = steps == 0 ? 0.0 : static_cast<double>(i) / static_cast<double>(steps);
-        set(x0 + std::llround(part * static_cast<double>(x1 - x0)),
-            y0 + std::llround(part * static_cast<double>(y1 - y0)), color);
+void Picture::line(double x0, double y0, double x1, double y1, const Rgb& color) {
+    const double dx = x1 - x0;
+    const double dy = y1 - y0;
+    double from = 0.0;
+    double to = 1.0;
+    if (!std::isfinite(dx) || !std::isfinite(dy) ||
+        !clip(x0, dx, static_cast<double>(width_), from, to) ||
+        !clip(y0, dy, static_cast<double>(height_), from, to)) {
+        return;
+    }
+    const double steps = std::ceil((to - from) * std::max(std::abs(dx), std::abs(dy)));
+    for (double i = 0.0; i <= steps; ++i) {
+        const double part = steps == 0.0 ? from : from + (to - from) * i / steps;
+        set(std::llround(x0 + part * dx), std::llround(y0 + part * dy), color);
     }
 }
 

@@ -26,8 +26,9 @@ class Picture {
     const Rgb& pixel(std::size_t x, std::size_t y) const { return pixels_[y * width_ + x]; }
     /// Pixels outside the picture are dropped.
     void set(std::int64_t x, std::int64_t y, const Rgb& color);
-    /// A straight line, both ends included.
-    void line(std::int64_t x0, std::int64_t y0, std::int64_t x1, std::int64_t y1, const Rgb& color);
+    /// A straight line, both ends included, as far as it lies in the picture. Ends may lie anywhere;
+    /// a line whose length is not finite is dropped.
+    void line(double x0, double y0, double x1, double y1, const Rgb& color);
     /// A filled rectangle of @p width x @p height pixels from (x, y) on.
     void fill(std::int64_t x, std::int64_t y, std::int64_t width, std::int64_t height,
               const Rgb& color);

@@ -25,7 +25,7 @@ PointSummary summarize(const Hx::PointSet& points, const Tq_1_1::Mat4d<double>& 
     std::uint64_t reflectionSum = 0;
     for (std::uint64_t index = 0; index < summary.cells; ++index) {
         const Hx::PointSet::ScanPt& point = points.getScanPt(index);
-        if (!isReturn(point)) {
+        if (!isReturn(points, point)) {
             continue;
         }
         ++summary.returns;

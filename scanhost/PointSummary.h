@@ -27,9 +27,10 @@ struct Range {
     }
 };
 
-/// Whether a record holds a return of the scanner: cells without one hold the host's null point.
-inline bool isReturn(const Hx::PointSet::ScanPt& point) {
-    return !(point.x == 0.0F && point.y == 0.0F && point.z == 0.0F);
+/// Whether a record holds a return of the scanner: the cells of a grid without one hold the host's
+/// null point. A point cloud has returns only, also one at the origin of its coordinates.
+inline bool isReturn(const Hx::PointSet& points, const Hx::PointSet::ScanPt& point) {
+    return !(point.x == 0.0F && point.y == 0.0F && point.z == 0.0F) || points.isPointCloud();
 }
 
 /// The point in double precision, to be transformed.

@@ -35,6 +35,12 @@ double roundUp(double value) {
     return 10.0 * power;
 }
 
+/// A length of one digit, written out.
+std::string lengthText(double metres) {
+    const double behindPoint = std::ceil(-std::log10(metres) - 0.001);
+    return fixedText(metres, static_cast<int>(std::clamp(behindPoint, 0.0, 12.0))) + " m";
+}
+
 /// From the world to the cells that points are gathered in, and from there to pixels.
 struct Frame {
     double left;
@@ -49,15 +55,14 @@ struct Frame {
         const auto row = static_cast<std::size_t>((top - world.y) / cell);
         return row * cols + col;
     }
-    std::int64_t x(double world) const { return kMargin + pixels((world - left) / cell); }
-    std::int64_t y(double world) const { return kMargin + pixels((top - world) / cell); }
+    /// In pixels, also outside the picture.
+    double x(double world) const { return kMargin + pixels((world - left) / cell); }
+    double y(double world) const { return kMargin + pixels((top - world) / cell); }
     std::int64_t width() const { return static_cast<std::int64_t>(cols) * zoom + 2 * kMargin; }
     std::int64_t height() const { return static_cast<std::int64_t>(rows) * zoom + 2 * kMargin; }
 
   private:
-    std::int64_t pixels(double cells) const {
-        return static_cast<std::int64_t>(cells * static_cast<double>(zoom));
-    }
+    double pixels(double cells) const { return std::floor(cells * static_cast<double>(zoom)); }
 };
 
 /// Cells as small as the picture allows, but large enough for a few points each: a thin scan would
@@ -156,11 +161,11 @@ void drawStance(const ImportedScan& scan, const Frame& frame, Picture& picture) 
     if (MobileScan::isMobile(scan)) {
         return;
     }
-    constexpr std::int64_t kArm = 8;  // pixels
+    constexpr double kArm = 8.0;  // pixels
     const Tq_1_1::Mat4d<double> toWorld = scan.toWorld();
-    const std::int64_t x = frame.x(toWorld(0, 3));
-    const std::int64_t y = frame.y(toWorld(1, 3));
-    for (std::int64_t thick = -1; thick <= 1; ++thick) {
+    const double x = frame.x(toWorld(0, 3));
+    const double y = frame.y(toWorld(1, 3));
+    for (const double thick : {-1.0, 0.0, 1.0}) {
         picture.line(x - kArm, y + thick, x + kArm, y + thick, kRed);
         picture.line(x + thick, y - kArm, x + thick, y + kArm, kRed);
     }
@@ -169,8 +174,8 @@ void drawStance(const ImportedScan& scan, const Frame& frame, Picture& picture) 
 /// @return length of the bar [m]
 double drawScale(const Frame& frame, Picture& picture) {
     const double bar = roundUp(frame.cell * static_cast<double>(frame.cols) / 12.0);
-    picture.fill(kMargin, frame.height() - kMargin / 2, frame.x(frame.left + bar) - kMargin, 4,
-                 kBlack);
+    const auto length = static_cast<std::int64_t>(frame.x(frame.left + bar)) - kMargin;
+    picture.fill(kMargin, frame.height() - kMargin / 2, length, 4, kBlack);
     return bar;
 }
 
@@ -190,7 +195,7 @@ Picture topView(const std::vector<ImportedScan>& scans, std::string& legend) {
         const Tq_1_1::Mat4d<double> toWorld = scans[i].toWorld();
         for (std::uint64_t index = 0; index < summaries[i].cells; ++index) {
             const Hx::PointSet::ScanPt& point = points.getScanPt(index);
-            if (isReturn(point)) {
+            if (isReturn(points, point)) {
                 cells.add(toWorld.transform(positionOf(point)), colorOf(index));
             }
         }
@@ -203,8 +208,8 @@ Picture topView(const std::vector<ImportedScan>& scans, std::string& legend) {
         drawStance(scan, frame, picture);
     }
     const double bar = drawScale(frame, picture);
-    legend = "top view in cells of " + shortText(frame.cell) + " m, " + std::to_string(frame.zoom) +
-             " pixels each, bar " + shortText(bar) + " m";
+    legend = "top view in cells of " + lengthText(frame.cell) + ", " + std::to_string(frame.zoom) +
+             " pixels each, bar " + lengthText(bar);
     return picture;
 }
 
