@@ -35,13 +35,13 @@ void declare(CLI::App& app, Request& request, std::vector<std::unique_ptr<Comman
     app.footer(kFooter);
     app.get_formatter()->column_width(kHelpColumn);
     app.get_formatter()->label("SUBCOMMAND", "COMMAND");
-    app.get_formatter()->label("Subcommands", "Commands");
     app.set_help_flag("-h,--help", "Print this help and end");
     app.add_flag("--version", request.version, "Print the module's name and version and end");
     addModuleOption(app, request.common);
     app.require_subcommand(0, 1);
     for (const auto& command : commands) {
         CLI::App* sub = app.add_subcommand(command->name(), command->summary());
+        sub->group("Commands");
         command->declare(*sub);
         addCommonOptions(*sub, request.common);
         sub->callback([&request, chosen = command.get()] { request.command = chosen; });

@@ -33,10 +33,9 @@ double numberOf(const std::string& option, const std::string& text) {
 }
 
 /// An option whose value is one of a few words.
-template <typename Value>
-CLI::Option* addChoice(CLI::App& app, const std::string& name, Value& value,
-                       const std::map<std::string, Value>& words, const std::string& type,
-                       const std::string& help) {
+template <typename Value, typename Words>
+CLI::Option* addChoice(CLI::App& app, const std::string& name, Value& value, const Words& words,
+                       const std::string& type, const std::string& help) {
     const auto take = [&value, &words, name, type](const std::string& text) {
         const auto word = words.find(text);
         if (word == words.end()) {
@@ -67,7 +66,7 @@ void addModuleOption(CLI::App& app, CommonOptions& options) {
 void addScan(CLI::App& app, ScanOptions& options) {
     app.add_option_function<std::string>(
            "SCAN", [&options](const std::string& file) { options.files = {file}; },
-           "Points file: .las or .ptx")
+           "Points file (.las, .ptx) or scanner project (.json)")
         ->type_name("")
         ->required();
     addScanSettings(app, options);
@@ -81,8 +80,8 @@ void addScanSettings(CLI::App& app, ScanOptions& options) {
         }
         options.number = static_cast<std::uint32_t>(*number);
     };
-    app.add_option_function<std::string>("--scan", takeNumber,
-                                         "Which scan of a file that holds several, from 1 on")
+    app.add_option_function<std::string>(
+           "--scan", takeNumber, "Which scan of a file or project that holds several, from 1 on")
         ->type_name("N");
     app.add_option_function<std::string>(
            "--trajectory", [&options](const std::string& path) { options.trajectory = path; },
@@ -91,11 +90,11 @@ void addScanSettings(CLI::App& app, ScanOptions& options) {
     app.add_option_function<std::string>(
            "--time-offset",
            [&options](const std::string& text) {
-               options.clock.offset = numberOf("--time-offset", text);
+               options.timeOffset = numberOf("--time-offset", text);
            },
            "Added to the points' times to bring them onto the trajectory's clock")
         ->type_name("SECONDS");
-    addChoice(app, "--time-unit", options.clock.unit, kTimeUnits, "s|ms|us|ns",
+    addChoice(app, "--time-unit", options.timeUnit, kTimeUnits, "s|ms|us|ns",
               "Unit of the times in the points file (s)");
 }
 

@@ -25,12 +25,14 @@ struct CommonOptions {
     ProgressMode progress = ProgressMode::Automatic;
 };
 
-/// One scan, or the scans of several files, and what the user says of them.
+/// One scan, or the scans of several files, and what the user says of them: it goes before what a
+/// project says.
 struct ScanOptions {
     std::vector<std::string> files;
     std::optional<std::uint32_t> number;  ///< among the scans of a file, from 1 on
     std::optional<std::filesystem::path> trajectory;
-    Ovr::ClockSettings clock;
+    std::optional<Ovr::TimeUnit> timeUnit;
+    std::optional<double> timeOffset;  ///< [s]
 };
 
 void addCommonOptions(CLI::App& app, CommonOptions& options);

@@ -18,10 +18,14 @@ namespace ScanHost {
 
 namespace {
 
-/// The listing's source with what the user said of the scan.
-void applyOptions(Ovr::ScanSource& source, const ScanOptions& options) {
-    source.trajectory = options.trajectory;
-    source.clock = options.clock;
+/// A source with what the user said of the scan.
+Ovr::ScanSource withOptions(Ovr::ScanSource source, const ScanOptions& options) {
+    if (options.trajectory) {
+        source.trajectory = options.trajectory;
+    }
+    source.clock.unit = options.timeUnit.value_or(source.clock.unit);
+    source.clock.offset = options.timeOffset.value_or(source.clock.offset);
+    return source;
 }
 
 Hx::FileInfo fileInfoOf(const Ovr::ScanSource& source) {
@@ -66,24 +70,20 @@ std::vector<Ovr::Formats::ScanListing> ScanImporter::list(const std::string& fil
                                                           const ScanOptions& options) const {
     std::vector<Ovr::Formats::ScanListing> scans;
     requireOk(Ovr::Formats::listScans(file, scans));
-    if (options.number) {
-        if (*options.number > scans.size()) {
-            throw Failure(file + ": found " + countText(scans.size(), "scan", "scans") +
-                          ", expected a scan number " + std::to_string(*options.number));
-        }
-        scans = {scans[*options.number - 1]};
-    }
+    scans = chosenScans(std::move(scans), file, options);
     for (Ovr::Formats::ScanListing& scan : scans) {
-        applyOptions(scan.source, options);
         scan.source.project = project_;
     }
     return scans;
 }
 
-ImportedScan ScanImporter::import(const Ovr::Formats::ScanListing& listing, Hx::Object& parent) {
-    ImportedScan scan{listing.name,   listing.classIdentifier,
-                      listing.source, listing.source.trajectory.has_value(),
-                      nullptr,        nullptr};
+ImportedScan ScanImporter::import(const Ovr::Formats::ScanListing& listing,
+                                  const ScanOptions& options, Hx::Object& parent) {
+    ImportedScan scan;
+    scan.name = listing.name;
+    scan.classIdentifier = listing.classIdentifier;
+    scan.source = withOptions(listing.source, options);
+    scan.trajectoryNamed = scan.source.trajectory.has_value();
     scan.source.progress = console_.progress();
     scan.source.cancel = std::make_shared<Interrupt>();
     scan.pointSet = std::dynamic_pointer_cast<Vardex::CorvinPointSet>(
@@ -110,16 +110,6 @@ ImportedScan ScanImporter::import(const Ovr::Formats::ScanListing& listing, Hx::
     place(scan, console_);
     Interrupt::check();
     return scan;
-}
-
-ImportedScan ScanImporter::importOne(const ScanOptions& options) {
-    const std::string& file = options.files.front();
-    const std::vector<Ovr::Formats::ScanListing> scans = list(file, options);
-    if (scans.size() != 1) {
-        throw Failure(file + ": found " + countText(scans.size(), "scan", "scans") +
-                      ", expected one: choose it with --scan N");
-    }
-    return import(scans.front(), session_.root());
 }
 
 void place(const ImportedScan& scan, Console& console) {

@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "Hx/IOMessages.h"
@@ -18,7 +19,9 @@
 #include "pointset/CorvinPointSet.h"
 #include "scanhost/Arguments.h"
 #include "scanhost/Console.h"
+#include "scanhost/Failure.h"
 #include "scanhost/ModuleSession.h"
+#include "scanhost/NumberText.h"
 
 namespace ScanHost {
 
@@ -42,19 +45,33 @@ void requireOk(int result, const std::string& what);
 /// Throws the error's words; a cancelled operation ends the program as such.
 void requireOk(const Ovr::ErrorPtr& error);
 
+/// The scans of a file that the options choose: all of them, or number N.
+template <typename Scan>
+std::vector<Scan> chosenScans(std::vector<Scan> scans, const std::string& file,
+                              const ScanOptions& options) {
+    if (options.number) {
+        if (*options.number > scans.size()) {
+            throw Failure(file + ": found " + countText(scans.size(), "scan", "scans") +
+                          ", expected a scan number " + std::to_string(*options.number));
+        }
+        scans = {std::move(scans[*options.number - 1])};
+    }
+    return scans;
+}
+
 /// Imports scans through the module into one project: they share one origin.
 class ScanImporter {
   public:
     ScanImporter(ModuleSession& session, Console& console);
 
-    /// The scans of a file that the options choose: all of them, or number N.
+    /// The scans of a points file that the options choose.
     std::vector<Ovr::Formats::ScanListing> list(const std::string& file,
                                                 const ScanOptions& options) const;
     /// Imports one scan and places it in the tree. Throws a Failure when that fails.
-    /// @param parent  where in the tree
-    ImportedScan import(const Ovr::Formats::ScanListing& listing, Hx::Object& parent);
-    /// Imports the scan that the options name; several to choose from are a failure.
-    ImportedScan importOne(const ScanOptions& options);
+    /// @param options  go before what the listing says of its trajectory and clock
+    /// @param parent   where in the tree
+    ImportedScan import(const Ovr::Formats::ScanListing& listing, const ScanOptions& options,
+                        Hx::Object& parent);
 
     const std::shared_ptr<Ovr::ScanProject>& project() const { return project_; }
 

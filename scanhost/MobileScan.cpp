@@ -94,7 +94,11 @@ void MobileScan::requireDuration() {
     if (!loadTimes()) {
         console_.warn(scan_.source.file.string() +
                       ": the points carry no time; the scan lasts as long as its trajectory");
-        points_->setMaxScanPointTime(nodes_.back().time - nodes_.front().time);
+        double last = nodes_.front().time;
+        for (const Ovr::VardexLib::TrajectoryNode& node : nodes_) {
+            last = std::max(last, node.time);
+        }
+        points_->setMaxScanPointTime(last - nodes_.front().time);
     }
 }
 

@@ -62,6 +62,18 @@ void setPose(const ProjectScan& said, const ImportedScan& scan, Console& console
     }
 }
 
+/// What a project says of those of its scans that the options choose.
+std::vector<ProjectScan> scansOf(const Vardex::VardexDataObj& project, const ScanOptions& options) {
+    return chosenScans(project.getProject()->scans, project.getFilePath().toUtf8(), options);
+}
+
+void requireOne(std::size_t scans, const std::string& file) {
+    if (scans != 1) {
+        throw Failure(file + ": found " + countText(scans, "scan", "scans") +
+                      ", expected one: choose it with --scan N");
+    }
+}
+
 Json::Value jsonOf(const Hx::AttrValue& value) {
     if (const bool* flag = std::get_if<bool>(&value)) {
         return *flag;
@@ -105,15 +117,28 @@ Tq_1_1::SmartPtr<Vardex::VardexDataObj> openProject(ModuleSession& session, Cons
 }
 
 std::vector<ImportedScan> importProject(Vardex::VardexDataObj& project, ScanImporter& importer,
-                                        Console& console) {
+                                        const ScanOptions& options, Console& console) {
     std::vector<ImportedScan> scans;
-    for (const ProjectScan& said : project.getProject()->scans) {
-        ImportedScan scan = importer.import(said.listing(importer.project()), project);
+    for (const ProjectScan& said : scansOf(project, options)) {
+        ImportedScan scan = importer.import(said.listing(importer.project()), options, project);
         setMetadata(said, *scan.pointSet);
         setPose(said, scan, console);
         scans.push_back(std::move(scan));
     }
     return scans;
+}
+
+ImportedScan importOne(ModuleSession& session, Console& console, const ScanOptions& options) {
+    ScanImporter importer(session, console);
+    const std::string& file = options.files.front();
+    if (isProjectFile(file)) {
+        const auto project = openProject(session, console, file);
+        requireOne(scansOf(*project, options).size(), file);
+        return importProject(*project, importer, options, console).front();
+    }
+    const std::vector<Ovr::Formats::ScanListing> scans = importer.list(file, options);
+    requireOne(scans.size(), file);
+    return importer.import(scans.front(), options, session.root());
 }
 
 void describeProject(const Vardex::VardexDataObj& project, Report& report) {

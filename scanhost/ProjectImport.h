@@ -24,9 +24,14 @@ bool isProjectFile(const std::string& file);
 Tq_1_1::SmartPtr<Vardex::VardexDataObj> openProject(ModuleSession& session, Console& console,
                                                     const std::string& file);
 
-/// Imports the scans of a project below its data object, with what the project says of them.
+/// Imports the scans of a project that the options choose below its data object, with what the
+/// project says of them.
 std::vector<ImportedScan> importProject(Vardex::VardexDataObj& project, ScanImporter& importer,
-                                        Console& console);
+                                        const ScanOptions& options, Console& console);
+
+/// Imports the scan that the options name, of a points file or a project; several to choose from
+/// are a failure.
+ImportedScan importOne(ModuleSession& session, Console& console, const ScanOptions& options);
 
 /// Writes the object's attributes and JSON form into a report.
 void describeProject(const Vardex::VardexDataObj& project, Report& report);

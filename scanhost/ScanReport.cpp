@@ -200,10 +200,16 @@ void describeTimes(const MobileScan& mobile, Report& report) {
     Report& times = report.group("times", "point times");
     times.addNumber("duration", "duration", mobile.duration(), kSecondDigits, " s");
     Json::Value notes(Json::arrayValue);
+    std::string lines;
     for (const std::string& note : mobile.points().getMobileScanData().getNotes()) {
         notes.append(printable(note));
+        lines += (lines.empty() ? "" : "; ") + printable(note);
     }
-    times.addHidden("notes", notes);
+    if (lines.empty()) {
+        times.addHidden("notes", notes);
+    } else {
+        times.add("notes", "noticed", notes, lines);
+    }
     if (range.isEmpty()) {
         return;
     }

@@ -18,6 +18,7 @@
 #include "scanhost/MobileScan.h"
 #include "scanhost/ModuleSession.h"
 #include "scanhost/NumberText.h"
+#include "scanhost/ProjectImport.h"
 
 namespace ScanHost {
 
@@ -76,7 +77,7 @@ class ExportCommand final : public Command {
     }
     void run(const CommonOptions& common, Console& console) override {
         ModuleSession session(common.module);
-        const ImportedScan scan = ScanImporter(session, console).importOne(scan_);
+        const ImportedScan scan = importOne(session, console, scan_);
         MobileScan mobile(scan, console);
         mobile.requireTrajectory();
         Report report(scan.name);

@@ -69,14 +69,14 @@ class InfoCommand final : public Command {
                     std::vector<ImportedScan>& scans, Report& report, Console& console) const {
         if (isProjectFile(file)) {
             const auto project = openProject(session, console, file);
-            for (ImportedScan& scan : importProject(*project, importer, console)) {
+            for (ImportedScan& scan : importProject(*project, importer, scan_, console)) {
                 scans.push_back(std::move(scan));
             }
             describeProject(*project, report.item("projects", "project " + file));
             return;
         }
         for (const Ovr::Formats::ScanListing& listing : importer.list(file, scan_)) {
-            scans.push_back(importer.import(listing, session.root()));
+            scans.push_back(importer.import(listing, scan_, session.root()));
         }
     }
 

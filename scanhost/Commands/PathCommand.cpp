@@ -12,6 +12,7 @@
 #include "scanhost/MobileScan.h"
 #include "scanhost/ModuleSession.h"
 #include "scanhost/NumberText.h"
+#include "scanhost/ProjectImport.h"
 
 namespace ScanHost {
 
@@ -52,7 +53,7 @@ class PathCommand final : public Command {
     }
     void run(const CommonOptions& common, Console& console) override {
         ModuleSession session(common.module);
-        const ImportedScan scan = ScanImporter(session, console).importOne(scan_);
+        const ImportedScan scan = importOne(session, console, scan_);
         MobileScan mobile(scan, console);
         mobile.requireTrajectory();
         mobile.requireDuration();

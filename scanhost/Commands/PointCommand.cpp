@@ -14,6 +14,7 @@
 #include "scanhost/ModuleSession.h"
 #include "scanhost/NumberText.h"
 #include "scanhost/PointSummary.h"
+#include "scanhost/ProjectImport.h"
 #include "stance/CorvinStancePointSet.h"
 
 namespace ScanHost {
@@ -92,7 +93,7 @@ class PointCommand final : public Command {
                           ExitCode::WrongUsage);
         }
         ModuleSession session(common.module);
-        const ImportedScan scan = ScanImporter(session, console).importOne(scan_);
+        const ImportedScan scan = importOne(session, console, scan_);
         const Hx::SelectItem item = address(*scan.pointSet, scan.source.file.string());
         Report report(scan.name);
         report.addHidden("scan", scan.name);
@@ -130,8 +131,8 @@ class PointCommand final : public Command {
         report.addCount("row", "row", static_cast<std::uint64_t>(row));
         report.addCount("column", "column", static_cast<std::uint64_t>(col));
         const Hx::PointSet::ScanPt& point = points.getScanPt(item);
-        report.addFlag("hasReturn", "return", isReturn(point));
-        if (!isReturn(point)) {
+        report.addFlag("hasReturn", "return", isReturn(points, point));
+        if (!isReturn(points, point)) {
             return;
         }
         const Tq_1_1::Vec3d<double> position = positionOf(point);

@@ -8,6 +8,7 @@
 #include <filesystem>
 
 #include "formats/LasWriter.h"
+#include "formats/PointClock.h"
 
 #include "scanhost/Commands/Command.h"
 #include "scanhost/Failure.h"
@@ -15,6 +16,7 @@
 #include "scanhost/MobileScan.h"
 #include "scanhost/ModuleSession.h"
 #include "scanhost/PointSummary.h"
+#include "scanhost/ProjectImport.h"
 
 namespace ScanHost {
 
@@ -48,22 +50,25 @@ std::uint64_t countSharedTimes(const Vardex::CorvinMobilePointSet& points) {
 
 /// The finest power of ten [m] with which a LAS file's 32 bits reach every point.
 double scaleFor(const PointSummary& summary, const std::array<double, 3>& offset) {
+    constexpr double kFinest = 0.00001;
+    if (summary.returns == 0) {
+        return kFinest;
+    }
     double reach = 0.0;
     for (std::size_t i = 0; i < 3; ++i) {
         reach = std::max({reach, std::abs(summary.bounds[i].low - offset[i]),
                           std::abs(summary.bounds[i].high - offset[i])});
     }
-    double scale = 0.00001;
+    double scale = kFinest;
     while (reach / scale > 2.0e9) {
         scale *= 10.0;
     }
     return scale;
 }
 
-/// Times in this range can only be adjusted GPS time: week seconds stay below it, Unix and GPS
-/// seconds have been above it since 2001 and 2011.
-bool isAdjustedGpsTime(double seconds) {
-    return seconds > 604800.0 && seconds < 1.0e9;
+bool isAdjustedGpsTime(double first, double duration) {
+    return Ovr::Formats::clockKind({first, first + duration, false}) ==
+           Ovr::Formats::ClockKind::AdjustedGps;
 }
 
 class SortCommand final : public Command {
@@ -81,7 +86,7 @@ class SortCommand final : public Command {
     }
     void run(const CommonOptions& common, Console& console) override {
         ModuleSession session(common.module);
-        const ImportedScan scan = ScanImporter(session, console).importOne(scan_);
+        const ImportedScan scan = importOne(session, console, scan_);
         MobileScan mobile(scan, console);
         const bool onTrajectoryClock = mobile.loadTrajectory();
         mobile.requireTimes();
@@ -120,7 +125,7 @@ class SortCommand final : public Command {
         settings.colored = summary.withColor > 0;
         settings.offset = {toWorld(0, 3), toWorld(1, 3), toWorld(2, 3)};
         settings.scale.fill(scaleFor(summary, settings.offset));
-        settings.adjustedTime = isAdjustedGpsTime(zero);
+        settings.adjustedTime = isAdjustedGpsTime(zero, points.getMaxScanPointTime());
         settings.generatingSoftware = "scanhost";
         Ovr::Formats::LasWriter writer;
         requireOk(writer.open(output_, settings));

@@ -8,6 +8,7 @@
 #include "scanhost/Commands/Command.h"
 #include "scanhost/MobileScan.h"
 #include "scanhost/ModuleSession.h"
+#include "scanhost/ProjectImport.h"
 #include "scanhost/ScanReport.h"
 
 namespace ScanHost {
@@ -58,7 +59,7 @@ class TimesCommand final : public Command {
     }
     void run(const CommonOptions& common, Console& console) override {
         ModuleSession session(common.module);
-        const ImportedScan scan = ScanImporter(session, console).importOne(scan_);
+        const ImportedScan scan = importOne(session, console, scan_);
         MobileScan mobile(scan, console);
         mobile.loadTrajectory();
         mobile.requireTimes();

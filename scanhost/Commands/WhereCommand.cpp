@@ -10,6 +10,7 @@
 #include "scanhost/MobileScan.h"
 #include "scanhost/ModuleSession.h"
 #include "scanhost/NumberText.h"
+#include "scanhost/ProjectImport.h"
 
 namespace ScanHost {
 
@@ -58,7 +59,7 @@ class WhereCommand final : public Command {
     }
     void run(const CommonOptions& common, Console& console) override {
         ModuleSession session(common.module);
-        const ImportedScan scan = ScanImporter(session, console).importOne(scan_);
+        const ImportedScan scan = importOne(session, console, scan_);
         MobileScan mobile(scan, console);
         mobile.requireTrajectory();
         mobile.requireDuration();

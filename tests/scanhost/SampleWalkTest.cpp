@@ -6,14 +6,15 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <filesystem>
 #include <map>
 #include <string>
 #include <tuple>
 #include <vector>
 
-#include "LasBytes.h"
 #include "Program.h"
 #include "scanhost/Sample/SampleScan.h"
+#include "tests/support/LasBytes.h"
 
 namespace ScanHost::Tests {
 namespace {
@@ -31,6 +32,34 @@ Vec3 vectorOf(const Json::Value& point) {
     return point.isArray()
                ? Vec3(point[0].asDouble(), point[1].asDouble(), point[2].asDouble())
                : Vec3(point["x"].asDouble(), point["y"].asDouble(), point["z"].asDouble());
+}
+
+struct LasValue {
+    Tq_1_1::Vec3d<double> point;
+    std::uint16_t intensity;
+    std::uint16_t red;
+    double time;
+};
+
+/// The points of a LAS file of format 3, read byte by byte.
+std::vector<LasValue> readLas(const std::string& bytes) {
+    std::vector<LasValue> values;
+    const auto length = Support::peek<std::uint16_t>(bytes, 105);
+    const auto first = Support::peek<std::uint32_t>(bytes, 96);
+    for (std::uint32_t i = 0; i < Support::peek<std::uint32_t>(bytes, 107); ++i) {
+        const std::size_t record = first + std::size_t{i} * length;
+        LasValue value{{},
+                       Support::peek<std::uint16_t>(bytes, record + 12),
+                       Support::peek<std::uint16_t>(bytes, record + 28),
+                       Support::peek<double>(bytes, record + 20)};
+        for (std::size_t axis = 0; axis < 3; ++axis) {
+            value.point[axis] = Support::peek<std::int32_t>(bytes, record + 4 * axis) *
+                                    Support::peek<double>(bytes, 131 + 8 * axis) +
+                                Support::peek<double>(bytes, 155 + 8 * axis);
+        }
+        values.push_back(value);
+    }
+    return values;
 }
 
 class SampleWalk : public testing::Test {
@@ -230,6 +259,23 @@ TEST_F(SampleWalk, ExportReadsBackAsTheSameTrajectory) {
     for (Json::ArrayIndex i = 0; i < 2; ++i) {
         EXPECT_LT(apart(vectorOf(actual[i]), vectorOf(expected[i])), 2e-9) << i;
     }
+}
+
+TEST_F(SampleWalk, IsAlsoReachedThroughTheProject) {
+    std::filesystem::rename(folder_.file("walk.txt"), folder_.file("elsewhere.txt"));
+    const auto project = folder_.write("project.json", R"({"version": 1, "scans": [
+        {"kind": "stance", "name": "A", "points": "room-a.ptx"},
+        {"kind": "mobile", "name": "W", "points": "walk.las", "trajectory": "elsewhere.txt"}]})");
+    const Json::Value report = runJson({"where", project, "--scan", "2", "--at", "10"});
+    EXPECT_EQ(report["scan"], "W");
+    EXPECT_LT(apart(vectorOf(report["positions"][0]), {431204.9, 5412302.5, 313.55}), 1e-5);
+    const Outcome either = run({"where", project, "--at", "10"});
+    EXPECT_EQ(either.exitCode, 1);
+    EXPECT_NE(either.err.find(project + ": found 2 scans"), std::string::npos) << either.err;
+    const Outcome early =
+        run({"times", project, "--scan", "2", "--time-offset", "-1e6", "--progress=none"});
+    EXPECT_EQ(early.exitCode, 1);
+    EXPECT_NE(early.err.find("461500000.0008"), std::string::npos) << early.err;
 }
 
 TEST_F(SampleWalk, DroppedTimesAreGone) {

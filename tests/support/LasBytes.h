@@ -11,7 +11,16 @@
 
 namespace Support {
 
-/// Overwrites bytes of a file image (this machine and the formats are little-endian).
+// This machine and the formats are little-endian.
+
+template <typename T>
+T peek(const std::string& bytes, std::size_t at) {
+    T value{};
+    std::memcpy(&value, bytes.data() + at, sizeof value);
+    return value;
+}
+
+/// Overwrites bytes of a file image.
 template <typename T>
 void poke(std::string& bytes, std::size_t at, T value) {
     std::memcpy(bytes.data() + at, &value, sizeof value);

@@ -7,6 +7,7 @@
 #include <span>
 #include <string>
 
+#include "HostExport.h"
 #include "Ovr/Errors.h"
 #include "Ovr/ScanSource.h"
 #include "Ovr/TrajectoryNode.h"
@@ -28,7 +29,7 @@ enum class ClockKind { WeekSeconds, AdjustedGps, UnixOrGps, OtherUnit, Unknown }
 
 /// The clock that times look like by their size.
 /// @param range  [s], if the unit that the user named is right
-ClockKind clockKind(const TimeRange& range);
+HOST_EXPORT ClockKind clockKind(const TimeRange& range);
 
 /// A phrase for messages.
 std::string describe(ClockKind kind);
