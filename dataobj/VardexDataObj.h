@@ -51,7 +51,7 @@ class VARDEX_EXPORT VardexDataObj : public Hx::RawScanFileObject {
     static const std::string JSON_ATTR_POINT_CLOUD;
     static const std::string JSON_ATTR_IS_PROCESSING_DONE;
 
-    /// Its address is the key of commandFilter in the host's restriction manager.
+    /// The address of the object it holds is the key of commandFilter in the host's restriction manager.
     static const Tq_1_1::SmartPtr<Hx::Observer> commandFilterKey;
     /// Identifiers of the commands that commandFilter denies.
     static const std::set<Tq_1_1::String> forbiddenCommands;

@@ -29,7 +29,7 @@ class TrajectoryCache;
 /// timed poses, which its scan data hold.
 ///
 /// Scan time: seconds since the start of the recording, which is the time of the first trajectory
-/// node. Fractions of the scan are scan time / getMaxScanPointTime().
+/// node, without a trajectory that of the earliest point. Fractions of the scan are scan time / getMaxScanPointTime().
 /// Positions are in the frame of the set's points [m].
 ///
 /// Threads: reading is free of locks. Times of single points, and the nodes, are written by one
@@ -68,11 +68,15 @@ class VARDEX_EXPORT CorvinMobilePointSet final : public CorvinPointSet, public H
     [[nodiscard]] Hx::IOMessages::IOResult enableTimeStamps(bool enable);
     bool areTimeStampsEnabled() const { return timeStampsEnabled_; }
 
-    /// Gives the records a time field and has the scan data fill it. Holds the point-data write
-    /// lock and, while the scan data are at work, exclusive access.
+    /// Gives the records a time field and has the scan data fill it; they also read and keep the
+    /// trajectory when they hold none. Holds the point-data write lock and, while the scan data are
+    /// at work, exclusive access. The field stays when a later step fails.
+    /// Times are the file's, in its order: after a sort they belong to other points, so sort a scan
+    /// only after its times were loaded, and import it anew to load them again.
     /// @return IO_LOCK_NOT_OBTAINED when either was not given; IO_NO_POINT_TIMES when there are no
     ///         points that could carry times; the converted error of the scan data
     /// @throw std::runtime_error  an error of the scan data that is none of the service's
+    /// @throw std::bad_alloc      the records are as they were
     [[nodiscard]] Hx::IOMessages::IOResult loadScanPtTimes() override;
 
     /// Has the scan data drop the times. The records keep their time field.
@@ -93,7 +97,9 @@ class VARDEX_EXPORT CorvinMobilePointSet final : public CorvinPointSet, public H
     /// The scan's duration as its metadata state it [s]; the records are not searched.
     /// @return the largest double when the metadata are not a mobile scan's
     double getMaxScanPointTime() const override;
-    /// Does nothing when the metadata are not a mobile scan's.
+    /// Does nothing when the metadata are not a mobile scan's. Does not mark the info as modified:
+    /// the duration is found, not entered.
+    /// @param seconds  [s]
     void setMaxScanPointTime(double seconds);
 
     /// Puts the points into the order in which they were measured; without point times nothing
@@ -117,7 +123,7 @@ class VARDEX_EXPORT CorvinMobilePointSet final : public CorvinPointSet, public H
     /// The span of the unbroken stretch of path around the node nearest to a point.
     /// @param predicate  whether a position belongs to the stretch; an empty one throws
     ///                   std::bad_function_call
-    /// @param begin,end  out: fractions of the scan
+    /// @param begin,end  out: fractions of the scan; infinite or not a number when its duration is 0
     /// @return false without a trajectory; nothing is written then
     bool getTrajectoryFractionAtPoint(
         const Tq_1_1::Vec3d<double>& point,
@@ -133,8 +139,10 @@ class VARDEX_EXPORT CorvinMobilePointSet final : public CorvinPointSet, public H
         const double& seconds) const override;
 
     /// Writes the trajectory as text in world coordinates; see docs/trajectory-text.md.
-    /// @return IO_NO_STREAMS when there is no trajectory; the converted error of reading it; in both
-    ///         cases nothing is written. IO_WRITE_FAILED when the stream has failed afterwards
+    /// @return IO_NO_STREAMS when there are neither nodes nor streams to read them from; the
+    ///         converted error of reading them; in both cases nothing is written. A trajectory
+    ///         without nodes gives the header line alone. IO_WRITE_FAILED when the stream has failed
+    ///         afterwards
     [[nodiscard]] Hx::IOMessages::IOResult writeTrajectoryToStream(std::ostream& out) const;
 
     // --- What the host asks of every point set -------------------------------------------------

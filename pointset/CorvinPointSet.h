@@ -72,11 +72,11 @@ class VARDEX_EXPORT CorvinPointSet : public Hx::OvrPointSet {
     Tq_1_1::SVec2d<int> getRowCol(const Hx::SelectItem& item) const final;
 
     // --- Points --------------------------------------------------------------------------------
+    // References are valid until the records are sized anew or get their times.
     const ScanPt& getScanPt(const ColRow& colRow) const final;  ///< unguarded
     const ScanPt& getScanPt(int row, int col) const final;      ///< unguarded
     const ScanPt& getScanPt(std::uint64_t index) const final;   ///< as an item
     void getScanPt(const Hx::SelectItem& item, ScanPt& out) const final;
-    /// Valid until the records are sized anew.
     const ScanPt& getScanPt(const Hx::SelectItem& item) const final;
     // Writing a point sets the record's separate reflection and its time to 0.
     void setScanPt(const ColRow& colRow, const ScanPt& point) final;  ///< unguarded
@@ -89,7 +89,8 @@ class VARDEX_EXPORT CorvinPointSet : public Hx::OvrPointSet {
     /// Length of the position [m], reckoned in single precision.
     /// @return -1.0 for the invalid item; 0.0 where no record is
     double getDistance(const Hx::SelectItem& item) const final;
-    /// Moves the point along its ray, and one at the origin along +x.
+    /// Moves the point along its ray, and one at the origin along +x. Writes it like setScanPt.
+    /// @param distance  [m], narrowed to single precision
     void setDistance(const Hx::SelectItem& item, double distance) final;
 
     Color getColor(int row, int col) const final;     ///< guarded
@@ -134,12 +135,12 @@ class VARDEX_EXPORT CorvinPointSet : public Hx::OvrPointSet {
     void setScannerSoftware(const Tq_1_1::String& version);
     void setScannerVendor(const Tq_1_1::String& vendor);
     /// Stores whole microseconds. A time that they cannot hold is not stored.
-    /// @param seconds  [s]
+    /// @param seconds  [s] since 1970-01-01 UTC
     void setRecordingTime(double seconds);
     void setRecordingSessionId(const Hx::Uuid& id);
     /// @return the default identifier when there is none or its text makes no sense
     Hx::Uuid getRecordingSessionId() const;
-    /// @return empty when the recording time is unknown (0)
+    /// @return [s] since 1970-01-01 UTC; empty when the recording time is unknown (0)
     std::unique_ptr<Hx::Time> getScanRecordingTime() const override;
 
     // --- Import and project output -------------------------------------------------------------

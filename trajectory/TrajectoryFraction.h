@@ -26,7 +26,7 @@ struct TimeFraction {
 /// @param nodes     in the order recorded; Requires: not empty
 /// @param point     [m], in the frame of the scan's points
 /// @param belongs   asked with a node's position [m]; what it throws passes to the caller
-/// @param duration  of the scan [s]; 0 gives infinite fractions, and none for the first node
+/// @param duration  of the scan [s]; 0 gives infinite fractions, and for the first node no number
 TimeFraction fractionAround(std::span<const Ovr::VardexLib::TrajectoryNode> nodes,
                             const Tq_1_1::Vec3d<double>& point,
                             const std::function<bool(const Tq_1_1::Vec3d<double>&)>& belongs,

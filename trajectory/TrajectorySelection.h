@@ -22,7 +22,7 @@ namespace Vardex {
 /// @param end    scan time [s], included
 /// @return positions [m] in the frame of the scan's points, in node order; empty when no node's
 ///         time falls into the span. A node whose time or position is not a number is left out,
-///         unless its position is the first.
+///         unless its position is the first: that one is kept, and all others are left out.
 std::vector<Tq_1_1::Vec3d<double>> selectPositions(
     std::span<const Ovr::VardexLib::TrajectoryNode> nodes, double start, double end);
 

@@ -18,25 +18,31 @@ namespace Hx {
 class PC2TimeFilter;
 class PointSet;
 
-/// Point times and trajectory of a point set. The virtual operations keep their order.
+/// Point times and trajectory of a point set. Scan time counts from the start of the recording;
+/// positions are in the frame of the set's points [m]. The virtual operations keep their order.
+/// Threads: questions from any thread while nobody writes points, times or trajectory.
 class HOST_EXPORT IScanPointTimes {
   public:
     virtual ~IScanPointTimes();
 
-    /// @param seconds  out: time of the point [s, scan time]
+    /// @param seconds  out: time of the point [s, scan time]; 0 when there is none
+    /// @return false outside the grid and while the points are not valid
     virtual bool getScanPtTime(int row, int col, double& seconds) const = 0;
+    /// Loads the times of all points from where the scan came from.
     virtual IOMessages::IOResult loadScanPtTimes() = 0;
     /// Duration of the scan [s].
     virtual double getMaxScanPointTime() const = 0;
-    /// Walked positions within a time span, near-duplicates left out.
+    /// Walked positions within a time span, near-duplicates left out; empty without a trajectory.
     virtual std::vector<Tq_1_1::Vec3d<double>> getSelectedTrajectory(
         const PC2TimeFilter& filter) const = 0;
     /// Time span of the path around a point, as fractions of the scan.
+    /// @return false without a trajectory; @p begin and @p end are untouched then
     virtual bool getTrajectoryFractionAtPoint(
         const Tq_1_1::Vec3d<double>& point,
         const std::function<bool(const Tq_1_1::Vec3d<double>&)>& predicate, double& begin,
         double& end) const = 0;
     /// Scanner position at a scan time [s].
+    /// @return no value outside the scan and without a trajectory
     virtual std::optional<Tq_1_1::Vec3d<double>> getRecordingPositionForTime(
         const double& seconds) const = 0;
 

@@ -205,7 +205,7 @@ class HOST_EXPORT PointSet : public PointContainer, public PointDataInterf {
     /// Whether point data are loaded and usable. Set by the host around loading and sizing.
     bool hasValidData() const { return validData_; }
     void setValidData(bool valid) { validData_ = valid; }
-    /// Checks that counts and records fit, runs PointSetOps::Validate for the point set's class and
+    /// Checks that the counts are sound, runs PointSetOps::Validate for the point set's class and
     /// its bases, and marks the data as valid unless a check gives what IOMessages::isKnownFailure
     /// calls a failure.
     /// @return the failure; else the first result that is not 0; else 0

@@ -48,7 +48,8 @@ class HOST_EXPORT IScanData {
     /// Sizes the point set and writes its points, streaming the file.
     /// @param count       number of points to load at most
     /// @param statistics  filled on success
-    /// @return empty on success; else the point set is left with no records
+    /// @return empty on success; else the point set is left with no records, or as it was when
+    ///         there is no reader for the file or the lock is not valid
     virtual ErrorPtr loadPoints(std::uint64_t count, StatisticsReport& statistics,
                                 DataStructures::ScanDataModificationScope& scope,
                                 const IPointDataWriteLock& lock) = 0;

@@ -31,7 +31,7 @@ namespace Ovr::Formats {
 /// @param warnings  receives what was noticed: quaternions off unit length, times that go back,
 ///                  repeat or jump (a gap above 10 x the median step), each with its first line
 /// @return empty on success. Fields missing or left over, words, numbers that are not finite and
-///         quaternions of length zero are refused.
+///         quaternions of length zero (less than 1e-6, or more than 1e6) are refused.
 HOST_EXPORT ErrorPtr readTrajectoryFile(const std::filesystem::path& file, ScanProject* project,
                                         std::vector<VardexLib::TrajectoryNode>& nodes,
                                         std::vector<std::string>& warnings);

@@ -12,6 +12,9 @@ namespace Ovr::VardexLib {
 
 /// Takes and gives the times of a scan's points. A point set that keeps times lends this service.
 /// Rows and columns are those of the point grid; a time outside it is dropped and reads as 0.
+/// Times count from the start of the recording. A point set may keep 32 bits of them, which is why
+/// the scan data refuse scans that last longer.
+/// Threads: written under the exclusive point-data access; the service itself takes no lock.
 class HOST_EXPORT IScanPointTimes : public Interfaces::IService {
   public:
     ~IScanPointTimes() override;
