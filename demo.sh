@@ -76,9 +76,9 @@ section 'The points in the order in which they were measured'
 run sort walk.las -o walk-sorted.las
 run times walk-sorted.las --trajectory walk.txt
 
+section 'Pictures'
+printf '%s\n' "$demo"/*.png
+
 section 'Round trip: the exported trajectory, read back, has the same poses to 1e-9'
 run export walk.las -o walk-exported.txt --verify
 run where walk.las --at 4.5 --trajectory walk-exported.txt
-
-section 'Pictures'
-printf '%s\n' "$demo"/*.png
