@@ -70,18 +70,6 @@ TEST(PointDataLocks, GiveExclusiveAccessOnceAndOnlyForTheirOwnLock) {
 
 class OtherService : public Ovr::Interfaces::IService {};
 
-/// Asks the registry when it is destroyed.
-class CallingBack final : public OtherService {
-  public:
-    explicit CallingBack(Ovr::ServiceRegistry& registry) : registry_(registry) {}
-    CallingBack(const CallingBack&) = delete;
-    CallingBack& operator=(const CallingBack&) = delete;
-    ~CallingBack() override { registry_.getService<OtherService>(); }
-
-  private:
-    Ovr::ServiceRegistry& registry_;
-};
-
 TEST(ServiceRegistry, KeepsOneServicePerInterface) {
     using Ovr::VardexLib::IScanPointTimes;
     Ovr::ServiceRegistry registry;
@@ -97,14 +85,6 @@ TEST(ServiceRegistry, KeepsOneServicePerInterface) {
     EXPECT_TRUE(registry.store(typeid(IScanPointTimes), std::make_shared<OtherService>()));
     EXPECT_EQ(registry.getService<IScanPointTimes>(), nullptr);
     EXPECT_EQ(times.use_count(), 1);
-}
-
-TEST(ServiceRegistry, ReleasesAReplacedServiceOutsideItsLock) {
-    Ovr::ServiceRegistry registry;
-    registry.registerService<OtherService>(std::make_shared<CallingBack>(registry));
-    const auto next = std::make_shared<OtherService>();
-    registry.registerService<OtherService>(next);  // hangs when the lock is held meanwhile
-    EXPECT_EQ(registry.getService<OtherService>(), next);
 }
 
 TEST(Errors, AreOneLineOfPlaceFoundAndExpected) {

@@ -80,27 +80,23 @@ AttrValue progressOf(const Hx::AttrContainer& object) {
 
 TEST(DataObjectStatics, LieBetweenInitAndClear) {
     const SmartPtr<DerivedDataObj> object(new DerivedDataObj);
-    const auto expectOnlyTheBasesAnswers = [&](const char* when) {
-        EXPECT_EQ(DerivedDataObj::attrNames, nullptr) << when;
-        EXPECT_EQ(DerivedDataObj::attrDefMap, nullptr) << when;
-        EXPECT_EQ(object->getAttrToken(L"ProcessingProgress"), 0xFFFFFFFFU) << when;
-        EXPECT_EQ(object->getAttrToken(L"Name"), 1U) << when;
-        EXPECT_TRUE(object->getAttrName(13).isNull()) << when;
-        EXPECT_EQ(object->getAttrName(1), L"Name") << when;
-        EXPECT_EQ(object->getAttrDefinition(13), nullptr) << when;
-        EXPECT_NE(object->getAttrDefinition(1), nullptr) << when;
-    };
-    expectOnlyTheBasesAnswers("before");
-    VardexDataObj::Class()->initClassStatics();
-    const auto* names = DerivedDataObj::attrNames;
-    const auto* definitions = DerivedDataObj::attrDefMap;
-    VardexDataObj::initStatics();
-    EXPECT_EQ(DerivedDataObj::attrNames, names);
-    EXPECT_EQ(DerivedDataObj::attrDefMap, definitions);
-    EXPECT_EQ(definitions->size(), 1U);
-    VardexDataObj::Class()->clearClassStatics();
-    VardexDataObj::clearStatics();
-    expectOnlyTheBasesAnswers("after");
+    for (const char* round : {"never set up", "cleared"}) {
+        EXPECT_EQ(DerivedDataObj::attrNames, nullptr) << round;
+        EXPECT_EQ(DerivedDataObj::attrDefMap, nullptr) << round;
+        EXPECT_EQ(object->getAttrToken(L"ProcessingProgress"), 0xFFFFFFFFU) << round;
+        EXPECT_EQ(object->getAttrToken(L"Name"), 1U) << round;
+        EXPECT_TRUE(object->getAttrName(13).isNull()) << round;
+        EXPECT_EQ(object->getAttrDefinition(13), nullptr) << round;
+        VardexDataObj::Class()->initClassStatics();
+        const auto* names = DerivedDataObj::attrNames;
+        const auto* definitions = DerivedDataObj::attrDefMap;
+        VardexDataObj::initStatics();
+        EXPECT_EQ(DerivedDataObj::attrNames, names) << round;
+        EXPECT_EQ(DerivedDataObj::attrDefMap, definitions) << round;
+        EXPECT_EQ(definitions->size(), 1U) << round;
+        VardexDataObj::Class()->clearClassStatics();
+        VardexDataObj::clearStatics();
+    }
 }
 
 TEST(DataObjectStatics, AnswerForOneAttributeAndLeaveTheRestToTheBase) {
@@ -112,15 +108,12 @@ TEST(DataObjectStatics, AnswerForOneAttributeAndLeaveTheRestToTheBase) {
     ASSERT_EQ(definition, &DerivedDataObj::attrDefs[0]);
     EXPECT_EQ(definition->usage, 0U);
     EXPECT_EQ(definition->type, 16U);
-    EXPECT_EQ(DerivedDataObj::attrDefs[1].token, 14U);
-    EXPECT_TRUE(DerivedDataObj::attrDefs[1].name.isNull());
     EXPECT_EQ(DerivedDataObj::attrDefs[1].usage, 54U);
     EXPECT_EQ(DerivedDataObj::attrDefs[1].type, 1U);
 
     EXPECT_EQ(object->getAttrToken(L"Name"), 1U);
     EXPECT_EQ(object->getAttrName(2), L"FilePath");
     EXPECT_EQ(object->getAttrDefinition(1)->name, L"Name");
-    EXPECT_EQ(object->getAttrToken(String::NIL), 0xFFFFFFFFU);
     EXPECT_TRUE(object->getAttrName(14).isNull());
     EXPECT_EQ(object->getAttrDefinition(14), nullptr);
     EXPECT_EQ(object->getProgressAttrToken(), 13U);
@@ -150,7 +143,6 @@ TEST(DataObject, DuplicatesAsACopyExceptForATemplate) {
     for (const Case& c : {
              Case{"new", 0, L"site", 40},
              Case{"copy", 1, L"site", 40},
-             Case{"move", 2, L"site", 40},
              Case{"template", 3, L"VardexDataObj", -1},
          }) {
         const SmartPtr<Hx::AttrContainer> made =
@@ -222,11 +214,6 @@ TEST(CreateFromImportedKpx, HandsAnObjectOutUnlessReadingFails) {
              Case{"no file", nullptr, 171, false},
              Case{"missing", fileOf(folder.path() / "none.json"), 171, false},
              Case{"newer", fileOf(folder.write("b.json", R"({"version": 9})")), 15, false},
-             Case{"scan missing",
-                  fileOf(folder.write("c.json", R"({"version": 1, "scans": [)"
-                                                R"({"kind": "stance", "name": "A",)"
-                                                R"( "points": "none.ptx"}]})")),
-                  171, false},
              Case{"good", fileOf(folder.write("d.json", "{\"version\": 1, " + scans + "}")), 0,
                   true},
              Case{"unknown field",

@@ -66,19 +66,6 @@ TEST(CreateNewPointSet, GivesNothingWhenTheSecondSizingFails) {
     limit.reset();
 }
 
-TEST(CorvinStancePointSet, AnswersForAStationaryScan) {
-    const CorvinStancePointSet set(L"scan");
-    EXPECT_EQ(set.getHorizontalRange(), 6.283185307179586);
-    EXPECT_EQ(set.getMinHorizontalAngle(), -3.141592653589793);
-    EXPECT_EQ(set.getMaxHorizontalAngle(), 3.141592653589793);
-    EXPECT_EQ(set.getMaxVerticalAngle(), 1.5707963267948966);
-    EXPECT_FALSE(set.isPointCloud());
-    EXPECT_EQ(set.getPointAccuracy(), 0.005);
-    EXPECT_TRUE(set.hasThreadSafeScanPoints());
-    EXPECT_TRUE(set.getColorMapName().isNull());
-    EXPECT_EQ(set.getColRow(ScanPolar3d<float>()), (Hx::CPoint{-1, -1}));
-}
-
 template <typename T>
 class ScanPolarTest : public testing::Test {
   protected:

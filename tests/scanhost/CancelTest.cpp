@@ -12,8 +12,8 @@
 #include <string>
 #include <thread>
 
-#include "LasBytes.h"
 #include "Program.h"
+#include "tests/support/LasBytes.h"
 
 namespace ScanHost::Tests {
 namespace {
@@ -23,7 +23,8 @@ constexpr std::uint16_t kRecordLength = 28;
 
 /// A LAS file whose points are all zero: large for the program, small on the disk.
 void writeLargeScan(const Folder& folder, const std::string& name) {
-    const std::string header = lasHeader(1, kRecordLength, kPoints);
+    std::string header = Support::LasBytes{}.bytes();
+    Support::poke(header, 107, kPoints);
     std::filesystem::resize_file(folder.write(name, header),
                                  header.size() + std::uint64_t{kPoints} * kRecordLength);
 }

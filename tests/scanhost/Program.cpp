@@ -12,9 +12,7 @@
 #include <algorithm>
 #include <array>
 #include <csignal>
-#include <fstream>
 #include <memory>
-#include <sstream>
 
 namespace ScanHost::Tests {
 
@@ -79,36 +77,13 @@ std::string joined(const std::vector<std::string>& words) {
 
 }  // namespace
 
-Folder::Folder() {
-    std::string name = (std::filesystem::temp_directory_path() / "scanhost-XXXXXX").string();
-    EXPECT_NE(mkdtemp(name.data()), nullptr) << name;
-    path_ = name;
-}
-
-Folder::~Folder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-}
-
-std::string Folder::write(const std::string& name, const std::string& content) const {
-    std::ofstream(path_ / name, std::ios::binary) << content;
-    return file(name);
-}
-
 std::vector<std::string> Folder::names() const {
     std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(path_)) {
+    for (const auto& entry : std::filesystem::directory_iterator(path())) {
         names.push_back(entry.path().filename().string());
     }
     std::sort(names.begin(), names.end());
     return names;
-}
-
-std::string readFile(const std::filesystem::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    std::ostringstream content;
-    content << stream.rdbuf();
-    return content.str();
 }
 
 Outcome run(const std::vector<std::string>& arguments) {

@@ -9,28 +9,24 @@
 
 #include <json/json.h>
 
+#include "tests/support/TempFolder.h"
+
 namespace ScanHost::Tests {
 
-/// A folder of its own, removed with everything in it.
-class Folder {
+/// A folder of its own, with names as the program takes and prints them.
+class Folder : public Support::TempFolder {
   public:
-    Folder();
-    Folder(const Folder&) = delete;
-    Folder& operator=(const Folder&) = delete;
-    ~Folder();
-
-    /// The path of a file in the folder.
-    std::string file(const std::string& name) const { return (path_ / name).string(); }
-    /// Writes a file. @return its path
-    std::string write(const std::string& name, const std::string& content) const;
+    std::string file(const std::string& name) const { return (path() / name).string(); }
+    std::string write(const std::string& name, const std::string& content) const {
+        return TempFolder::write(name, content).string();
+    }
     /// Names of all that is in it, ascending.
     std::vector<std::string> names() const;
-
-  private:
-    std::filesystem::path path_;
 };
 
-std::string readFile(const std::filesystem::path& file);
+inline std::string readFile(const std::filesystem::path& file) {
+    return Support::TempFolder::read(file);
+}
 
 /// How a run of the program went.
 struct Outcome {

@@ -83,24 +83,6 @@ TEST_F(SampleInfo, ProjectTellsWhatItsScansHold) {
     EXPECT_NEAR(walk["times"]["last"].asDouble(), 31.9992, 1e-9);
 }
 
-TEST_F(SampleInfo, StancePoseIsThatOfTheFile) {
-    const Json::Value scan = runJson({"info", file("room-a.ptx")})["scans"][0];
-    // Turned by 0.07 turns about z, then by 0.004 turns about the new y.
-    const double heading = 0.07 * 2 * M_PI;
-    const double pitch = 0.004 * 2 * M_PI;
-    const std::vector<std::vector<double>> expected{
-        {std::cos(heading) * std::cos(pitch), -std::sin(heading),
-         std::cos(heading) * std::sin(pitch), 431202.3},
-        {std::sin(heading) * std::cos(pitch), std::cos(heading),
-         std::sin(heading) * std::sin(pitch), 5412302.1},
-        {-std::sin(pitch), 0, std::cos(pitch), 313.5},
-        {0, 0, 0, 1}};
-    for (Json::ArrayIndex row = 0; row < 4; ++row) {
-        expectNumbers(scan["slamPose"][row], expected[row], 1e-9, "pose");
-        expectNumbers(scan["placement"][row], expected[row], 1e-9, "placement");
-    }
-}
-
 TEST_F(SampleInfo, ProjectObjectShowsItsFormAndWritesTheProjectOutput) {
     const Json::Value document =
         runJson({"info", file("project.json"), "--project-output", file("output.txt")});
