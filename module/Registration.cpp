@@ -51,11 +51,15 @@ auto& changeNotifications() {
     return Hx::PtSetObject::Operations::changedNotifyOperation.entries;
 }
 
-/// The key of a point-set class in the host's factory: the scan data name the class.
+/// The key of a point-set class in the host's factory: the scan data name the class. Made once, for
+/// unregistering is not to fail for want of memory.
 template <typename ScanData>
-Tq_1_1::String identifierOf() {
-    Tq_1_1::String identifier;
-    Hx::TypeConversion::convert(ScanData::getStaticPointSetClassIdentifier(), identifier);
+const Tq_1_1::String& identifierOf() {
+    static const Tq_1_1::String identifier = [] {
+        Tq_1_1::String converted;
+        Hx::TypeConversion::convert(ScanData::getStaticPointSetClassIdentifier(), converted);
+        return converted;
+    }();
     return identifier;
 }
 
