@@ -88,11 +88,11 @@ class SortCommand final : public Command {
         ModuleSession session(common.module);
         const ImportedScan scan = importOne(session, console, scan_);
         MobileScan mobile(scan, console);
-        const bool onTrajectoryClock = mobile.loadTrajectory();
+        mobile.loadTrajectory();
         mobile.requireTimes();
         sortPoints(mobile.points(), scan.name);
         Interrupt::check();
-        const double zero = onTrajectoryClock ? mobile.nodes().front().time : 0.0;
+        const double zero = mobile.points().getMobileScanData().getTimeZero().value_or(0.0);
         const std::uint64_t written = write(scan, mobile.points(), zero, console);
         const std::uint64_t shared = countSharedTimes(mobile.points());
         Report report(scan.name);

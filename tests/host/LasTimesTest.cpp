@@ -56,18 +56,26 @@ TEST_F(LasTimes, CountFromTheFirstNodeOrTheEarliestPoint) {
         ClockSettings clock;
         std::vector<std::uint64_t> microseconds;
         double duration;
+        double zero;
     } cases[] = {
-        {"points alone", {12.5, 10.0, 11.25}, {}, {}, {2500000, 0, 1250000}, 2.5},
-        {"nodes before and behind", {12.0, 10.5}, {10.0, 14.0}, {}, {2000000, 500000}, 4.0},
-        {"halves away from zero", {0.0, 0.0000025, 0.0000004}, {}, {}, {0, 3, 0}, 0.0000025},
-        {"milliseconds", {2000.0, 3500.0}, {}, {TimeUnit::Milliseconds, 0.0}, {0, 1500000}, 1.5},
+        {"points alone", {12.5, 10.0, 11.25}, {}, {}, {2500000, 0, 1250000}, 2.5, 10.0},
+        {"nodes before and behind", {12.0, 10.5}, {10.0, 14.0}, {}, {2000000, 500000}, 4.0, 10.0},
+        {"halves away from zero", {0.0, 0.0000025, 0.0000004}, {}, {}, {0, 3, 0}, 0.0000025, 0.0},
+        {"milliseconds",
+         {2000.0, 3500.0},
+         {},
+         {TimeUnit::Milliseconds, 0.0},
+         {0, 1500000},
+         1.5,
+         2.0},
         {"microseconds, shifted",
          {3e6, 2e6},
          {101.0, 104.0},
          {TimeUnit::Microseconds, 100.0},
          {2000000, 1000000},
-         3.0},
-        {"the longest", {5.0, 4299.967295}, {}, {}, {0, 4294967295}, 4294.967295},
+         3.0,
+         101.0},
+        {"the longest", {5.0, 4299.967295}, {}, {}, {0, 4294967295}, 4294.967295, 5.0},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
@@ -78,6 +86,7 @@ TEST_F(LasTimes, CountFromTheFirstNodeOrTheEarliestPoint) {
         ASSERT_FALSE(error) << error->message();
         EXPECT_EQ(scan->times->times, c.microseconds);
         EXPECT_NEAR(scan->metaData().ScanDuration(), c.duration, 1e-9);
+        EXPECT_EQ(scan->data.getTimeZero(), c.zero);
     }
 }
 

@@ -76,6 +76,7 @@ ErrorPtr LasTimeLoader::load(const LasTimeRemarks& remarks) {
     if (ErrorPtr error = write()) {
         return error;
     }
+    *target_.timeZero = clock_.zero();
     if (target_.metaData != nullptr) {
         target_.metaData->ScanDuration(clock_.duration());
     }

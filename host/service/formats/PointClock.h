@@ -58,6 +58,8 @@ class PointClock {
     /// Requires: start() succeeded for a range that holds the value.
     std::uint64_t microseconds(double value) const;
 
+    /// Time zero [s, trajectory's clock].
+    double zero() const { return zero_; }
     /// From time zero to the last point or node [s].
     double duration() const { return duration_; }
 

@@ -94,6 +94,7 @@ ErrorPtr CorvinMobileScanData::loadTimeStamps(const IPointDataExclusiveAccess& /
         return Formats::unknownExtension(source.file);
     }
     const auto metaData = std::dynamic_pointer_cast<CorvinMobileMetaData>(getMetaData());
+    timeZero_.reset();
     try {
         // A trajectory that cannot be read is an error here: time zero would move to the earliest
         // point, and the times would no longer fit the trajectory once it is repaired.
@@ -102,9 +103,14 @@ ErrorPtr CorvinMobileScanData::loadTimeStamps(const IPointDataExclusiveAccess& /
             return error;
         }
         const auto reader = format->makeReader(source);
-        ErrorPtr error = reader->loadTimes({*times, pointLimit(), nodes, metaData.get(),
-                                            progress ? progress.get() : source.progress.get(),
-                                            cancel ? cancel.get() : source.cancel.get()});
+        double timeZero = 0.0;
+        ErrorPtr error =
+            reader->loadTimes({*times, pointLimit(), nodes, metaData.get(),
+                               progress ? progress.get() : source.progress.get(),
+                               cancel ? cancel.get() : source.cancel.get(), &timeZero});
+        if (!error) {
+            timeZero_ = timeZero;
+        }
         addWarnings(reader->warnings());
         addNotes(reader->notes());
         return error;
@@ -120,6 +126,7 @@ ErrorPtr CorvinMobileScanData::unloadTimeStamps(
     if (!times) {
         return noTimeService(getIntegration().getScanSource());
     }
+    timeZero_.reset();
     const auto [cols, rows] = getIntegration().getGridSize();
     for (int row = 0; row < rows; ++row) {
         for (int col = 0; col < cols; ++col) {

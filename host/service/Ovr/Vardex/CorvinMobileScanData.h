@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -51,6 +52,10 @@ class HOST_EXPORT CorvinMobileScanData final : public CorvinScanData {
                             DataStructures::ScanDataModificationScope& scope,
                             std::shared_ptr<DataStructures::IProgress> progress,
                             std::shared_ptr<DataStructures::ICancelInfo> cancel);
+    /// The time that is scan time 0, on the trajectory's clock [s].
+    /// @return empty while no times are loaded
+    std::optional<double> getTimeZero() const { return timeZero_; }
+
     /// Sets every point time to 0 through the registered service.
     ErrorPtr unloadTimeStamps(const IPointDataExclusiveAccess& access,
                               DataStructures::ScanDataModificationScope& scope);
@@ -61,6 +66,7 @@ class HOST_EXPORT CorvinMobileScanData final : public CorvinScanData {
     // Questions about the path fetch and keep the trajectory from any thread.
     mutable std::mutex nodesMutex_;
     std::vector<TrajectoryNode> nodes_;
+    std::optional<double> timeZero_;
 };
 
 }  // namespace Ovr::VardexLib
