@@ -49,10 +49,14 @@ void Picture::line(double x0, double y0, double x1, double y1, const Rgb& color)
         !clip(y0, dy, static_cast<double>(height_), from, to)) {
         return;
     }
-    const double steps = std::ceil((to - from) * std::max(std::abs(dx), std::abs(dy)));
+    const double left = x0 + from * dx;
+    const double top = y0 + from * dy;
+    const double across = (to - from) * dx;
+    const double down = (to - from) * dy;
+    const double steps = std::ceil(std::max(std::abs(across), std::abs(down)));
     for (double i = 0.0; i <= steps; ++i) {
-        const double part = steps == 0.0 ? from : from + (to - from) * i / steps;
-        set(std::llround(x0 + part * dx), std::llround(y0 + part * dy), color);
+        const double part = steps == 0.0 ? 0.0 : i / steps;
+        set(std::llround(left + part * across), std::llround(top + part * down), color);
     }
 }
 

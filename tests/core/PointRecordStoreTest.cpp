@@ -125,8 +125,9 @@ TEST(PointRecordStore, AFailedSizingThrowsAndStaysWithinItsRecords) {
     EXPECT_EQ(store.layout(), PointRecordLayout::Plain);
     EXPECT_EQ(store.rows(), 10U);
 
-    const Testing::AllocationLimit limit(4000);
+    const Testing::AllocationLimit limit(1000);
     EXPECT_THROW(store.resetRecords(100, 10, PointRecordLayout::Plain), std::bad_alloc);
+    EXPECT_THROW(store.resetRecords(10, 9, PointRecordLayout::Plain), std::bad_alloc);
     EXPECT_EQ(store.pointAt(99).position().x, 7.0F);
     EXPECT_EQ(&store.pointAt(100), &ScanPoint::nullReference);
     EXPECT_THROW(store.resetRecords(100, 10, PointRecordLayout::WithTime), std::bad_alloc);

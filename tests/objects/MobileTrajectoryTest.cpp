@@ -4,8 +4,10 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <filesystem>
 #include <fstream>
+#include <future>
 #include <new>
 #include <sstream>
 
@@ -66,7 +68,7 @@ class MobileTrajectory : public testing::Test {
     }
 
     std::shared_ptr<Ovr::IStructuredStreams> streams;
-    int opened = 0;
+    std::atomic<int> opened = 0;
     std::shared_ptr<CorvinMobilePointSet> set = std::make_shared<CorvinMobilePointSet>(L"walk");
 };
 
@@ -82,6 +84,13 @@ TEST_F(MobileTrajectory, QueriesKeepWhatTheyReadAndExportsDoNot) {
     EXPECT_EQ(opened, 2) << "found in memory afterwards";
     set->setTrajectoryNodes({nullptr});
     EXPECT_EQ(selected({0.0, 1.0}), Xs({1.0, 2.0})) << "no nodes do not hide the streams";
+}
+
+TEST_F(MobileTrajectory, AnyThreadMayBeTheFirstToAsk) {
+    streams = std::make_shared<FileStreams>(kTwoPoses);
+    auto other = std::async(std::launch::async, [this] { return xAt(10.0); });
+    EXPECT_EQ(selected({0.0, 1.0}), Xs({1.0, 2.0}));
+    EXPECT_EQ(other.get(), 2.0);
 }
 
 TEST_F(MobileTrajectory, WhatCannotBeReadIsEmptyForQueriesAndAResultForTheExport) {
