@@ -57,6 +57,10 @@ class PathCommand final : public Command {
         MobileScan mobile(scan, console);
         mobile.requireTrajectory();
         mobile.requireDuration();
+        if ((fromTime_ || toTime_) && !(mobile.duration() > 0.0)) {
+            throw Failure(scan.source.file.string() + ": found a scan that lasts 0 s, expected " +
+                          "one with a stretch from time to time: use --from and --to");
+        }
         const double start =
             fromTime_ ? fractionOf(*fromTime_, mobile.duration(), -1.0) : from_.value_or(0.0);
         const double end =

@@ -13,11 +13,13 @@ thread_local std::size_t largestAllocation = ~std::size_t{0};
 
 }  // namespace
 
+void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
+    return size <= largestAllocation ? std::malloc(size == 0 ? 1 : size) : nullptr;
+}
+
 void* operator new(std::size_t size) {
-    if (size <= largestAllocation) {
-        if (void* memory = std::malloc(size == 0 ? 1 : size)) {
-            return memory;
-        }
+    if (void* memory = operator new(size, std::nothrow)) {
+        return memory;
     }
     throw std::bad_alloc();
 }
