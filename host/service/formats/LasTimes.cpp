@@ -76,7 +76,9 @@ ErrorPtr LasTimeLoader::load(const LasTimeRemarks& remarks) {
     if (ErrorPtr error = write()) {
         return error;
     }
-    *target_.timeZero = clock_.zero();
+    if (target_.timeZero != nullptr) {
+        *target_.timeZero = clock_.zero();
+    }
     if (target_.metaData != nullptr) {
         target_.metaData->ScanDuration(clock_.duration());
     }

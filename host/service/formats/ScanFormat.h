@@ -46,7 +46,8 @@ struct TimeTarget {
     VardexLib::CorvinMobileMetaData* metaData;                 ///< null when absent
     DataStructures::IProgress* progress;                       ///< null when nobody listens
     DataStructures::ICancelInfo* cancel;                       ///< null when nobody may cancel
-    double* timeZero;  ///< out: the time that is scan time 0 [s, trajectory's clock]; not null
+    double* timeZero = nullptr;  ///< out: the time that is scan time 0 [s, trajectory's clock];
+                                 ///< null when nobody asks
 };
 
 /// A reader of one file format. Made for one scan; each operation opens the file afresh.
