@@ -1,4 +1,4 @@
-# Compiles every header on its own, so that none leans on what its users happen to include first.
+# Compiles every header of code and tests on its own, so that none leans on what its users happen to include first.
 # The target header_check is no part of the default build; the test headers_stand_alone builds it.
 function(vardex_add_header_check)
   file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}

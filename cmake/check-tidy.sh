@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Runs clang-tidy over every source file of the project, or over the files named.
+# Runs clang-tidy over every source file of module, host and program, or over the files named.
 # Configures the preset "tidy" for the compile commands.
 set -euo pipefail
 cd "$(dirname "$0")/.."

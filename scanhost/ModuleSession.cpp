@@ -46,9 +46,9 @@ ModuleSession::ModuleSession(const std::filesystem::path& module)
         throw Failure(error);
     }
     callEntryPoints();
-    Hx::Models::the().setApplication(application_.get());
     root_ = Tq_1_1::SmartPtr<Hx::Object>(new Hx::Object);
     root_->init(Tq_1_1::BaseNode::CREATE_NEW, nullptr);
+    Hx::Models::the().setApplication(application_.get());  // last: nothing takes it back on a throw
 }
 
 ModuleSession::~ModuleSession() {

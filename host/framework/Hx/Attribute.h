@@ -32,7 +32,8 @@ class HOST_EXPORT Attribute final : public Observer {
     /// @param owner  the container that changes the value; hears of the change. May be null; else
     ///               it and the attribute are held by a SmartPtr.
     void setValue(AttrValue value, AttrContainer* owner);
-    /// The container that set the value last; null before. Not owned.
+    /// The container that set the value last; null before. Not owned: it may be gone when the
+    /// attribute outlives it.
     const AttrContainer* getOwner() const { return owner_; }
 
     /// While a command previews attribute values, attributes carry a CachedAttributeInfo whose

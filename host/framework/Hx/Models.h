@@ -29,7 +29,8 @@ class HOST_EXPORT Application {
     std::shared_ptr<RestrictionManager> restrictions_;
 };
 
-/// The host's model registry. Threads: contexts from any; the rest is set up before modules load.
+/// The host's model registry. Threads: contexts from any; the rest is set while no other thread
+/// asks for it.
 class HOST_EXPORT Models {
   public:
     static Models& the();
@@ -40,6 +41,7 @@ class HOST_EXPORT Models {
 
     /// @return null until an application has announced itself; not owned
     Application* getApplication() const { return application_; }
+    /// @param application  outlives its stay here; null when it ends
     void setApplication(Application* application) { application_ = application; }
 
     /// The context of an identifier, made on first use; always the same one.

@@ -20,7 +20,8 @@ class HOST_EXPORT NotifyInfo {
     virtual ~NotifyInfo();
 };
 
-/// A node that can be told of changes.
+/// A node that can be told of changes. Threads: infos are attached while no other thread looks them
+/// up.
 class HOST_EXPORT Observer : public Tq_1_1::BaseNode {
   public:
     static const Tq_1_1::HxClass* Class();

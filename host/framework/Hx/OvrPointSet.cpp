@@ -42,18 +42,14 @@ Ovr::Interfaces::IScanData& OvrPointSet::getIScanData() const {
     return integration_->getScanData();
 }
 
-bool OvrPointSet::isPossibleSize(int rows, int cols) {
-    return rows >= 0 && cols >= 0 &&
-           std::int64_t{rows} * cols <= std::numeric_limits<std::int32_t>::max();
-}
-
 bool OvrPointSet::resize(int rows, int cols) {
     if (!supportsResize() || !isPossibleSize(rows, cols)) {
         return false;
     }
-    const bool sameSize = rows == rows_ && cols == cols_;
+    // Sizing drops records that have a reflection beside the colour.
+    const bool kept = rows == rows_ && cols == cols_ && hasValidData() && !hasSeparateReflection();
     const bool sized = resizePointStorage(rows, cols, true, false);
-    setValidData(sized && sameSize && hasValidData());
+    setValidData(sized && kept);
     return sized;
 }
 

@@ -44,11 +44,10 @@ class HOST_EXPORT OvrPointSet : public PointSet {
     /// Null only for a point set made without an integration.
     const std::shared_ptr<PointSetIntegration>& getIntegration() const { return integration_; }
 
-    /// Whether the counts are 0 or more and their product fits 31 bits.
-    static bool isPossibleSize(int rows, int cols);
     /// Sizes the storage to @p rows x @p cols records without separate reflection. The data are
-    /// not valid until validateData, unless they were valid in this size before.
-    /// @return false for negative or impossible counts and when memory runs out
+    /// not valid until validateData, unless they were valid in this size and form before. The caller holds the point write lock.
+    /// @return false when the class supports no sizing, for counts that are not possible, and when
+    ///         memory runs out
     [[nodiscard]] bool resize(int rows, int cols);
 
     /// A scope that says that everything may change.

@@ -9,6 +9,9 @@ namespace Hx {
 
 namespace {
 
+// More than any filter has.
+constexpr std::size_t kMostAttributes = 1024;
+
 Tq_1_1::SmartPtr<Attribute> makeAttribute(std::size_t number, double value) {
     Tq_1_1::SmartPtr<Attribute> attribute(new Attribute(static_cast<unsigned int>(number)));
     attribute->setValue(value, nullptr);
@@ -31,6 +34,9 @@ Attribute* PC2TimeFilter::getAttribute(std::size_t number) {
 }
 
 void PC2TimeFilter::setAttribute(std::size_t number, Tq_1_1::SmartPtr<Attribute> attribute) {
+    if (number >= kMostAttributes) {
+        return;
+    }
     if (number >= attributes_.size()) {
         attributes_.resize(number + 1);
     }

@@ -23,7 +23,7 @@ class HOST_EXPORT PC2TimeFilter {
     /// @return null when the list has no such entry
     const Attribute* getAttribute(std::size_t number) const;
     Attribute* getAttribute(std::size_t number);
-    /// Enters an attribute; the list grows as needed.
+    /// Enters an attribute; the list grows as needed. Numbers from 1024 on are left out.
     void setAttribute(std::size_t number, Tq_1_1::SmartPtr<Attribute> attribute);
 
   private:

@@ -30,12 +30,6 @@ int roundLimit(double limit, int without) {
     return static_cast<int>(std::lround(std::clamp(limit, 0.0, double{kMaxReflection})));
 }
 
-// Counts must be in range and address no more records than a 32-bit count can name.
-bool areSoundCounts(int rows, int cols) {
-    return rows >= 0 && cols >= 0 &&
-           std::int64_t{rows} * cols <= std::numeric_limits<std::int32_t>::max();
-}
-
 }  // namespace
 
 PointSet::PointSet(const Tq_1_1::String& name) : name_(name) {}
@@ -52,8 +46,13 @@ const Tq_1_1::HxClass* PointSet::getClassType() const {
     return Class();
 }
 
+bool PointSet::isPossibleSize(int rows, int cols) {
+    return rows >= 0 && cols >= 0 &&
+           std::int64_t{rows} * cols <= std::numeric_limits<std::int32_t>::max();
+}
+
 std::uint64_t PointSet::getNumLoadedPoints() const {
-    return hasValidData() && areSoundCounts(rows_, cols_)
+    return hasValidData() && isPossibleSize(rows_, cols_)
                ? static_cast<std::uint64_t>(rows_) * static_cast<std::uint64_t>(cols_)
                : 0;
 }
@@ -109,7 +108,7 @@ PointSet::Color PointSet::getMapColor(unsigned short reflection) const {
 }
 
 bool PointSet::checkSizeConsistentWithData() const {
-    return areSoundCounts(rows_, cols_) && getNumPoints() == getNumLoadedPoints();
+    return isPossibleSize(rows_, cols_) && getNumPoints() == getNumLoadedPoints();
 }
 
 bool PointSet::checkStreams() const {

@@ -72,7 +72,13 @@ class HOST_EXPORT PointSet : public PointContainer, public PointDataInterf {
     const Tq_1_1::HxClass* getClassType() const override;
     ~PointSet() override;
 
+    /// Whether the counts are 0 or more and their product fits 31 bits.
+    static bool isPossibleSize(int rows, int cols);
+
     // --- Sizes and addresses -------------------------------------------------------------------
+    // An item is invalid when its index has all bits set. Forms that are asked for an item or an
+    // index outside the points read as the null point or 0 and write nothing; by row and column a
+    // class may leave the test to the caller.
     /// Points that are loaded: rows x cols while the data are valid, else 0.
     virtual std::uint64_t getNumLoadedPoints() const;
     /// Points that can be addressed by flat index.
@@ -100,7 +106,7 @@ class HOST_EXPORT PointSet : public PointContainer, public PointDataInterf {
     virtual void setScanPt(int row, int col, const ScanPt& point) = 0;
     virtual void setScanPt(std::uint64_t index, const ScanPt& point) = 0;
     virtual void setScanPt(const SelectItem& item, const ScanPt& point) = 0;
-    /// [m], from the scanner's origin
+    /// [m], from the origin of the points' frame; -1.0 for the invalid item
     virtual double getDistance(const SelectItem& item) const = 0;
     virtual void setDistance(const SelectItem& item, double distance) = 0;
     virtual Color getColor(int row, int col) const = 0;
@@ -207,7 +213,7 @@ class HOST_EXPORT PointSet : public PointContainer, public PointDataInterf {
     void setValidData(bool valid) { validData_ = valid; }
     /// Checks that the counts are sound, runs PointSetOps::Validate for the point set's class and
     /// its bases, and marks the data as valid unless a check gives what IOMessages::isKnownFailure
-    /// calls a failure.
+    /// calls a failure. The data count as valid for a moment: nobody may read them meanwhile.
     /// @return the failure; else the first result that is not 0; else 0
     [[nodiscard]] int validateData();
 
@@ -216,7 +222,9 @@ class HOST_EXPORT PointSet : public PointContainer, public PointDataInterf {
 
     ScanProperties& getScanProperties() { return properties_; }
     const ScanProperties& getScanProperties() const { return properties_; }
+    // Reflections run from 0 to 65535, distances are [m].
     /// @param valid  marks the reflection statistics as up to date
+    /// @param value  the host's own, kept by nobody here
     void setReflStat(const StatisticValLimits<double>& statistic, bool valid, ReflStatType type,
                      int value);
     void setDistStat(const StatisticValLimitsRounded<double>& statistic, bool valid);

@@ -7,7 +7,7 @@
 
 namespace Hx {
 
-/// Statistics of a value with its limits.
+/// Statistics of a value with its limits, in the value's unit; the standard deviation.
 template <typename T>
 struct StatisticValLimits {
     T minimum{};

@@ -51,25 +51,36 @@ std::filesystem::path absolutePath(const std::filesystem::path& path) {
 std::unique_ptr<LoadedLibrary> LoadedLibrary::open(const std::filesystem::path& path,
                                                    std::string& error) {
     const std::lock_guard lock(loader().mutex);
-    void* handle = dlopen(absolutePath(path).c_str(), RTLD_NOW | RTLD_LOCAL);
-    if (handle == nullptr) {
+    // Made first: once the library is attached nothing may fail any more.
+    std::unique_ptr<LoadedLibrary> library(new LoadedLibrary);
+    const auto close = [](void* handle) { dlclose(handle); };
+    std::unique_ptr<void, decltype(close)> handle(
+        dlopen(absolutePath(path).c_str(), RTLD_NOW | RTLD_LOCAL), close);
+    if (!handle) {
         error = lastLoaderError();
         return nullptr;
     }
-    const auto entry = reinterpret_cast<LibraryEntry>(dlsym(handle, kLibraryEntryName));
+    const auto entry = reinterpret_cast<LibraryEntry>(dlsym(handle.get(), kLibraryEntryName));
     if (entry == nullptr) {
         error = path.string() + ": exports no " + kLibraryEntryName;
-    } else if (!loader().users.contains(handle) && !attach(handle, entry)) {
-        error = path.string() + ": the library refused to load";
-    } else {
-        ++loader().users[handle];
-        return std::unique_ptr<LoadedLibrary>(new LoadedLibrary(handle, entry));
+        return nullptr;
     }
-    dlclose(handle);
-    return nullptr;
+    int& users = loader().users[handle.get()];
+    if (users == 0 && !attach(handle.get(), entry)) {
+        loader().users.erase(handle.get());
+        error = path.string() + ": the library refused to load";
+        return nullptr;
+    }
+    ++users;
+    library->handle_ = handle.release();
+    library->entry_ = entry;
+    return library;
 }
 
 LoadedLibrary::~LoadedLibrary() {
+    if (handle_ == nullptr) {
+        return;
+    }
     const std::lock_guard lock(loader().mutex);
     if (--loader().users[handle_] == 0) {
         loader().users.erase(handle_);
@@ -83,6 +94,7 @@ void* LoadedLibrary::find(const char* name) const {
 }
 
 bool LoadedLibrary::isMapped(const std::filesystem::path& path) {
+    const std::lock_guard lock(loader().mutex);  // letting go may be the last of it
     void* handle = dlopen(absolutePath(path).c_str(), RTLD_LAZY | RTLD_NOLOAD);
     if (handle == nullptr) {
         return false;

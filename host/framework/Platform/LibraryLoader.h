@@ -24,9 +24,10 @@ enum class EntryReason : int {
 inline constexpr const char* kLibraryEntryName = "VardexLibraryEntry";
 using LibraryEntry = int (*)(void* instance, int reason);
 
-/// A library that is open. Opening maps it and calls its entry point with ProcessAttach; when that
-/// fails the entry point is called with ProcessDetach at once and the library is closed. Destroying
-/// calls ProcessDetach and closes it. Threads: one loader lock orders all loads and unloads.
+/// A library that is open. Opening it first maps it and calls its entry point with ProcessAttach;
+/// when that fails the entry point is called with ProcessDetach at once and the library is closed.
+/// Destroying the last one that is open calls ProcessDetach and unmaps it. The entry point does not
+/// throw. Threads: one loader lock orders all loads and unloads.
 class HOST_EXPORT LoadedLibrary {
   public:
     /// @param error  filled with one line when the result is empty
@@ -47,10 +48,10 @@ class HOST_EXPORT LoadedLibrary {
     static bool isMapped(const std::filesystem::path& path);
 
   private:
-    LoadedLibrary(void* handle, LibraryEntry entry) : handle_(handle), entry_(entry) {}
+    LoadedLibrary() = default;
 
-    void* handle_;
-    LibraryEntry entry_;
+    void* handle_ = nullptr;
+    LibraryEntry entry_ = nullptr;
 };
 
 }  // namespace Platform

@@ -44,7 +44,8 @@ class HOST_EXPORT ErrorBase {
     ErrorBase& operator=(const ErrorBase&) = default;
     virtual ~ErrorBase();
 
-    /// One line, UTF-8, for example "room.ptx: line 12: found 'abc', expected a number".
+    /// One line, UTF-8, for example
+    /// "room.ptx: line 12: found 'abc' as field 1, expected a finite number".
     const std::string& message() const { return message_; }
 
   private:
