@@ -63,11 +63,18 @@ void requireOk(const Ovr::ErrorPtr& error) {
     }
 }
 
+void requireUtf8(const std::string& file) {
+    if (Tq_1_1::String::fromUtf8(file).toUtf8() != file) {
+        throw Failure(printable(file) + ": found a name that is not UTF-8, expected one that is");
+    }
+}
+
 ScanImporter::ScanImporter(ModuleSession& session, Console& console)
     : session_(session), console_(console), project_(std::make_shared<Ovr::ScanProject>()) {}
 
 std::vector<Ovr::Formats::ScanListing> ScanImporter::list(const std::string& file,
                                                           const ScanOptions& options) const {
+    requireUtf8(file);
     std::vector<Ovr::Formats::ScanListing> scans;
     requireOk(Ovr::Formats::listScans(file, scans));
     scans = chosenScans(std::move(scans), file, options);

@@ -45,6 +45,9 @@ void requireOk(int result, const std::string& what);
 /// Throws the error's words; a cancelled operation ends the program as such.
 void requireOk(const Ovr::ErrorPtr& error);
 
+/// Throws unless a file's name is UTF-8: the host knows no other names.
+void requireUtf8(const std::string& file);
+
 /// The scans of a file that the options choose: all of them, or number N.
 template <typename Scan>
 std::vector<Scan> chosenScans(std::vector<Scan> scans, const std::string& file,

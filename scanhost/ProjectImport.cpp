@@ -100,6 +100,7 @@ bool isProjectFile(const std::string& file) {
 
 Tq_1_1::SmartPtr<Vardex::VardexDataObj> openProject(ModuleSession& session, Console& console,
                                                     const std::string& file) {
+    requireUtf8(file);
     const std::shared_ptr<Tq_1_1::File> name =
         Tq_1_1::File::fromString(Tq_1_1::String::fromUtf8(file));
     Tq_1_1::SmartPtr<Vardex::VardexDataObj> project;

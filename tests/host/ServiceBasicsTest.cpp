@@ -36,18 +36,11 @@ TEST(PointDataLocks, AreReentrantOnOneThreadAndHeldUntilTheLastIsGone) {
     EXPECT_TRUE(othersGet(*locks, 0));
 }
 
-TEST(PointDataLocks, WaitForMillisecondsAndNoLonger) {
+TEST(PointDataLocks, AreHandedOverToWhoeverWaits) {
     const auto locks = Ovr::makePointDataLocks();
     auto held = locks->getWriteLock(0);
-    const auto begin = std::chrono::steady_clock::now();
-    EXPECT_FALSE(othersGet(*locks, 60));
-    const auto waited = std::chrono::steady_clock::now() - begin;
-    EXPECT_GE(waited, std::chrono::milliseconds(55));
-    EXPECT_LT(waited, std::chrono::seconds(20));
     EXPECT_FALSE(othersGet(*locks, -5));
-
     auto other = std::async(std::launch::async, [&] { return othersGet(*locks, 30000); });
-    std::this_thread::sleep_for(std::chrono::milliseconds(20));
     held.reset();
     EXPECT_TRUE(other.get());
 }
@@ -66,25 +59,6 @@ TEST(PointDataLocks, GiveExclusiveAccessOnceAndOnlyForTheirOwnLock) {
     locks.reset();  // what was handed out lives on
     access.reset();
     lock.reset();
-}
-
-class OtherService : public Ovr::Interfaces::IService {};
-
-TEST(ServiceRegistry, KeepsOneServicePerInterface) {
-    using Ovr::VardexLib::IScanPointTimes;
-    Ovr::ServiceRegistry registry;
-    EXPECT_EQ(registry.getService<IScanPointTimes>(), nullptr);
-    EXPECT_FALSE(registry.registerService(std::shared_ptr<IScanPointTimes>()));
-
-    const auto times = std::make_shared<Support::MemoryTimes>(1);
-    EXPECT_TRUE(registry.registerService<IScanPointTimes>(times));
-    EXPECT_FALSE(registry.registerService(std::shared_ptr<IScanPointTimes>()));
-    EXPECT_EQ(registry.getService<IScanPointTimes>(), times);
-    EXPECT_EQ(registry.getService<OtherService>(), nullptr);
-
-    EXPECT_TRUE(registry.store(typeid(IScanPointTimes), std::make_shared<OtherService>()));
-    EXPECT_EQ(registry.getService<IScanPointTimes>(), nullptr);
-    EXPECT_EQ(times.use_count(), 1);
 }
 
 TEST(Errors, AreOneLineOfPlaceFoundAndExpected) {

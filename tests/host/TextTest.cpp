@@ -40,33 +40,4 @@ TEST(FileName, IsSplitAtTheLastDot) {
     }
 }
 
-TEST(ProjectOutput, IsIndentedTextWhateverTheStreamIsSetTo) {
-    std::ostringstream out;
-    out << std::hex << std::setfill('#') << std::setw(30);
-    const auto context = std::make_shared<Hx::WriteContextBase>(Hx::OutputFormat{3});
-    const auto write = [&](Hx::WriteToScope& scope, const String& name, const String& value) {
-        scope.getMof().startValue(name);
-        Hx::DataOutFormat<String>(out, scope.getWriteContext()->getFormat()).put(value);
-        scope.getMof().endValue();
-    };
-    {
-        Hx::WriteToScope outer(out, context);
-        write(outer, L"Plain", L"site");
-        {
-            Hx::WriteToScope inner(out, context);
-            write(inner, L"Escaped", L"a\"b\\c\n\x7F\x85\xE9");
-            inner.close();
-            inner.close();
-            write(outer, L"None", String::NIL);
-        }
-        write(outer, L"Empty", String::EMPTY);
-    }
-    EXPECT_EQ(context->depth, 0);
-    EXPECT_EQ(out.str(),
-              "   Plain = \"site\"\n"
-              "      Escaped = \"a\\\"b\\\\c\\u000a\\u007f\\u0085\xC3\xA9\"\n"
-              "   None = null\n"
-              "   Empty = \"\"\n");
-}
-
 }  // namespace

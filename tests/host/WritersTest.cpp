@@ -9,7 +9,6 @@
 
 #include "formats/AtomicFile.h"
 #include "formats/LasWriter.h"
-#include "formats/PtxWriter.h"
 #include "tests/support/LoadedScan.h"
 #include "tests/support/TempFolder.h"
 
@@ -18,7 +17,6 @@ namespace {
 using Ovr::Formats::AtomicFile;
 using Ovr::Formats::LasPoint;
 using Ovr::Formats::LasWriter;
-using Ovr::Formats::PtxWriter;
 using enum Ovr::Interfaces::ErrorCode;
 using Support::TempFolder;
 
@@ -140,23 +138,6 @@ TEST(LasWriter, LeavesNothingBehindWhenAPointDoesNotFit) {
         }
     }
     EXPECT_EQ(folder.entries(), 0);
-}
-
-TEST(PtxWriter, WritesTheTextOfTheFormat) {
-    const TempFolder folder;
-    const auto file = folder.path() / "out.ptx";
-    PtxWriter writer;
-    ASSERT_FALSE(writer.open(file));
-    ASSERT_FALSE(
-        writer.beginScan({1, 2, {1, 2, 3, 0, 4, 5, 6, 0, 7, 8, 9, 0, 0.1, 1e-9, 12, 1}, true}));
-    ASSERT_FALSE(writer.write({{1.5, -2.25, 3.1234564}, 0.25, {10, 20, 255}}));
-    ASSERT_FALSE(writer.writeNoReturn());
-    ASSERT_FALSE(writer.finish());
-    EXPECT_EQ(TempFolder::read(file),
-              "1\n2\n0.1 1e-09 12\n1 2 3\n4 5 6\n7 8 9\n"
-              "1 2 3 0\n4 5 6 0\n7 8 9 0\n0.1 1e-09 12 1\n"
-              "1.500000 -2.250000 3.123456 0.250000 10 20 255\n"
-              "0.000000 0.000000 0.000000 0.500000 0 0 0\n");
 }
 
 }  // namespace

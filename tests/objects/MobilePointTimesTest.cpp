@@ -13,6 +13,7 @@
 
 #include "mobile/CorvinMobilePointSet.h"
 #include "tests/support/AllocationLimit.h"
+#include "tests/support/MemoryScan.h"
 #include "tests/support/ScanFakes.h"
 
 namespace Vardex::Testing {
@@ -22,13 +23,6 @@ using namespace Hx::IOMessages;
 using enum PointRecordLayout;
 using Ovr::VardexLib::IScanPointTimes;
 using testing::ElementsAre;
-
-struct ForeignTimes final : IScanPointTimes {
-    int writes = 0;
-    void setTimeStamp(int, int, std::uint64_t) override { ++writes; }
-    std::uint64_t getTimeStamp(int, int) const override { return 7; }
-    bool resizeTimeStamps(int, int) override { return true; }
-};
 
 using LoadTimes = std::function<Ovr::ErrorPtr(IScanPointTimes&)>;
 
@@ -167,20 +161,20 @@ TEST_F(MobilePointTimes, EnablingConvertsOnceAndRunningOutOfMemoryLosesNothing) 
         EXPECT_EQ(set->enableTimeStamps(false), IO_OK);
         EXPECT_EQ(timeAt(0, 1), 2.5);
         EXPECT_EQ(reflections(), kInOrder);
+        set->sortScanPointsByTime(set->lockPoints(5000));
+        EXPECT_EQ(timeAt(1, 2), 2.5);
     }
-    EXPECT_EQ(log.size(), 8U) << "a lock for each conversion that was tried, given back";
+    EXPECT_EQ(log.size(), 12U) << "a lock for each conversion tried and each sort, given back";
     EXPECT_EQ(set->enableTimeStamps(true), IO_OK);
     EXPECT_TRUE(set->resizePointStorage(4, 5, true, true));
     EXPECT_EQ(set->getRecordLayout(), WithReflectionAndTime);
-    const AllocationLimit limit(100);
-    EXPECT_FALSE(set->resizePointStorage(10, 10, true, false));
-    EXPECT_EQ(set->getRecordLayout(), Plain);
-    EXPECT_EQ(set->getNumRows(), 4) << "as it was";
+    EXPECT_TRUE(set->resizePointStorage(4, 5, true, false));
+    EXPECT_EQ(set->getRecordLayout(), WithTime);
 }
 
 TEST_F(MobilePointTimes, AForeignServiceStaysUntilTheSetIsAskedToResize) {
     fill(false);
-    const auto foreign = std::make_shared<ForeignTimes>();
+    const auto foreign = std::make_shared<Support::MemoryTimes>(1);
     services().registerService<IScanPointTimes>(foreign);
     EXPECT_EQ(set->loadScanPtTimes(), IO_OK);
     EXPECT_EQ(set->unloadScanPtTimes(), IO_OK);
@@ -188,6 +182,22 @@ TEST_F(MobilePointTimes, AForeignServiceStaysUntilTheSetIsAskedToResize) {
     EXPECT_FALSE(set->resizeScanPtTimes(3, 2));
     EXPECT_NE(services().getService<IScanPointTimes>(), foreign);
     EXPECT_TRUE(set->resizeScanPtTimes(2, 3));
+}
+
+TEST_F(MobilePointTimes, RecordsWithoutValidDataWaitForTheirTimes) {
+    ASSERT_TRUE(set->resizePointStorage(2, 3, true, true));
+    EXPECT_EQ(set->enableTimeStamps(true), IO_OK);
+    EXPECT_EQ(set->getRecordLayout(), WithReflection);
+    EXPECT_TRUE(log.empty());
+}
+
+TEST_F(MobilePointTimes, ADurationNeedsTheMetadataOfAMobileScan) {
+    for (const auto& record : {std::make_shared<Ovr::VardexLib::CorvinMetaData>(),
+                               std::shared_ptr<Ovr::VardexLib::CorvinMetaData>()}) {
+        set->getMobileScanData().setMetaData(record);
+        set->setMaxScanPointTime(1.0);
+        EXPECT_EQ(set->getMaxScanPointTime(), 1.7976931348623157e308);
+    }
 }
 
 TEST_F(MobilePointTimes, SingleTimes) {

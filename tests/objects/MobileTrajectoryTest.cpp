@@ -2,11 +2,9 @@
 // SPDX-License-Identifier: MIT
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <atomic>
 #include <filesystem>
-#include <fstream>
 #include <future>
 #include <new>
 #include <sstream>
@@ -17,6 +15,7 @@
 
 #include "mobile/CorvinMobilePointSet.h"
 #include "tests/support/AllocationLimit.h"
+#include "tests/support/TempFolder.h"
 
 namespace Vardex::Testing {
 namespace {
@@ -30,13 +29,9 @@ std::shared_ptr<TrajectoryNode> nodeAt(double time, double x) {
 }
 
 struct FileStreams final : Ovr::IStructuredStreams {
-    std::filesystem::path file =
-        std::filesystem::temp_directory_path() /
-        ("vardex-" + std::to_string(getpid()) + "-" + std::to_string(++made));
-    static inline int made = 0;
-    explicit FileStreams(const std::string& text) { std::ofstream(file) << text; }
-    ~FileStreams() override { std::filesystem::remove(file); }
-    std::filesystem::path trajectoryFile() const override { return file; }
+    Support::TempFolder folder;
+    explicit FileStreams(const std::string& text) { folder.write("walk.txt", text); }
+    std::filesystem::path trajectoryFile() const override { return folder.path() / "walk.txt"; }
     std::shared_ptr<Ovr::ScanProject> project() const override { return nullptr; }
 };
 
@@ -153,9 +148,11 @@ TEST_F(MobileTrajectory, PositionsStayThoseOfTheFirstQuestionThatWasAnswered) {
 }
 
 TEST_F(MobileTrajectory, ExportIsPlacedByTheContainerUnderItsGuard) {
-    set->setTrajectoryNodes({nodeAt(7, 1)});
+    // A quarter turn about x, then the container's about z: together x to y, y to z, z to x.
+    set->setTrajectoryNodes({std::make_shared<TrajectoryNode>(
+        TrajectoryNode{7, {1, 0, 0, 7, 0, 0, 1, 7, 0, -1, 0, 7, 1, 0, 0, 7}})});
     const Tq_1_1::SmartPtr<Hx::PtSetObject> container(new Hx::PtSetObject);
-    ASSERT_TRUE(container->setMatrix({{-1, 0, 0, 0, 0, -1, 0, 0, 0, 0, 1, 0, 10, 0, 0, 1}}));
+    ASSERT_TRUE(container->setMatrix({{0, 1, 0, 0, -1, 0, 0, 0, 0, 0, 1, 0, 10, 0, 0, 1}}));
     ASSERT_TRUE(container->setPointSet(set));
     const auto context = Hx::Models::the().context(Hx::ModelContext::ALL_MODELS);
     const std::size_t taken = context->guardsTaken();
@@ -163,10 +160,10 @@ TEST_F(MobileTrajectory, ExportIsPlacedByTheContainerUnderItsGuard) {
     std::ostringstream out;
     EXPECT_EQ(set->writeTrajectoryToStream(out), IO_OK);
     EXPECT_EQ(out.str().substr(61),
-              "7.000000000000000 9.000000000000000 0.000000000000000 0.000000000000000 "
-              "0.000000000000000 0.000000000000000 0.000000000000000 1.000000000000000 0 0 0 "
-              "0.000000000000000 0.000000000000000 1.000000000000000 "
-              "3.141592653589793 0.000000000000000 0.000000000000000\n");
+              "7.000000000000000 10.000000000000000 1.000000000000000 0.000000000000000 "
+              "0.500000000000000 0.500000000000000 0.500000000000000 0.500000000000000 0 0 0 "
+              "1.000000000000000 0.000000000000000 0.000000000000000 "
+              "1.570796326794897 0.000000000000000 1.570796326794897\n");
     EXPECT_EQ(context->guardsTaken(), taken + 1);
     EXPECT_EQ(context->guardsReleased(), taken + 1);
     out.setstate(std::ios_base::failbit);

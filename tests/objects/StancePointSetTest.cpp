@@ -105,5 +105,21 @@ TYPED_TEST(ScanPolarTest, ConventionsLeadToEachOther) {
     EXPECT_EQ(this->componentsOf(scan), Tq_1_1::Vec3d<T>(3, 4 * quarter, -quarter));
 }
 
+template <template <typename> class Polar, typename T>
+void expectCopiesOfItsOwn(const Polar<T>& polar) {
+    EXPECT_EQ(dynamic_cast<const Polar<T>&>(*polar.clone()), polar);
+    EXPECT_EQ(dynamic_cast<const Polar<double>&>(*polar.toDouble()).y, 1.5);
+    EXPECT_EQ(dynamic_cast<const Polar<float>&>(*polar.toFloat()).z, -0.25F);
+}
+
+TYPED_TEST(ScanPolarTest, CopiesKeepTheConvention) {
+    using T = TypeParam;
+    expectCopiesOfItsOwn(ScanPolar3d<T>(2, T{1.5}, T{-0.25}));
+    expectCopiesOfItsOwn(Hx::UnifiedPolar3d<T>(2, T{1.5}, T{-0.25}));
+    const T quarter = static_cast<T>(1.5707963267948966);
+    EXPECT_NEAR((ScanPolar3d<T>(2, 3 * quarter, 0).getCartesian().y), 2.0, 1e-6);
+    EXPECT_NEAR((Hx::UnifiedPolar3d<T>(2, quarter, quarter).getCartesian().y), 2.0, 1e-6);
+}
+
 }  // namespace
 }  // namespace Vardex

@@ -24,10 +24,6 @@ TEST(CommandLine, WrongUsageEndsWithTwo) {
              Case{"no file", {"info"}, "FILE"},
              Case{"word for a number", {"where", "a.las", "--at", "soon"}, "'soon'"},
              Case{"nan for a number", {"where", "a.las", "--at", "nan"}, "'nan'"},
-             Case{"too large",
-                  {"near", "a.las", "--within", "1e999", "--point", "0,0,0"},
-                  "'1e999'"},
-             Case{"decimal comma", {"path", "a.las", "--from", "0,5"}, "'0,5'"},
              Case{"short point", {"near", "a.las", "--within", "1", "--point", "1,2"}, "'1,2'"},
              Case{"negative distance",
                   {"near", "a.las", "--within", "-1", "--point", "1,2,3"},
@@ -76,7 +72,7 @@ TEST(CommandLine, VersionIsThatOfTheModule) {
     for (const Case& c : {
              Case{"missing", folder.file("none.so"), "none.so"},
              Case{"no library", folder.write("text.so", "text"), "text.so"},
-             Case{"no module", "libpng16.so.16", "libpng16"},
+             Case{"no module", HOST_LIBRARY, "exports no VardexLibraryEntry"},
          }) {
         const Outcome outcome = run({"--version", "--module", c.module});
         EXPECT_EQ(outcome.exitCode, 1) << c.name;

@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <clocale>
 #include <limits>
 #include <sstream>
 #include <string>
@@ -19,8 +18,7 @@ namespace {
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
-TEST(NumberText, WritesAndReadsInEveryLocale) {
-    std::setlocale(LC_ALL, "");
+TEST(NumberText, WritesAndReadsNumbers) {
     EXPECT_EQ(fixedText(5412345.67891, 4), "5412345.6789");
     EXPECT_EQ(fixedText(-0.00004, 4), "0.0000");
     EXPECT_EQ(fixedText(-0.00005001, 4), "-0.0001");

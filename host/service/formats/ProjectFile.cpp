@@ -140,7 +140,8 @@ bool ProjectReader::readVersion(JsonMembers& members, ProjectFile& project) {
     }
     if (*version == 0 || *version > ProjectFile::kVersion) {
         json_.fail(*value, "version " + std::to_string(*version),
-                   "at most version " + std::to_string(ProjectFile::kVersion),
+                   *version == 0 ? "version 1 or newer"
+                                 : "at most version " + std::to_string(ProjectFile::kVersion),
                    *version == 0 ? ErrorCode::InvalidValue : ErrorCode::NewerVersion);
         return false;
     }
