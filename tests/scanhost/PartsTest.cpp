@@ -33,7 +33,7 @@ TEST(NumberText, WritesAndReadsNumbers) {
     };
     for (const Accepted& c :
          {Accepted{"1.5", 1.5}, Accepted{"+2", 2.0}, Accepted{"-.5", -0.5}, Accepted{"1e3", 1000.0},
-          Accepted{"1305031102.161071", 1305031102.161071}}) {
+          Accepted{"1305031102.161071", 1305031102.161071}, Accepted{"1e-400", 0.0}}) {
         EXPECT_EQ(parseNumber(c.text), c.value) << c.text;
     }
     for (const char* text :
