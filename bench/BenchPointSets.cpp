@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The VardexScandata developers
 // SPDX-License-Identifier: MIT
 
-#include "bench/BenchPointSets.h"
+#include "BenchPointSets.h"
 
 #include <utility>
 

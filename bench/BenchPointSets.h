@@ -8,7 +8,7 @@
 
 #include "Hx/PointSet.h"
 
-#include "pointset/PointRecord.h"
+#include "pointset/core/PointRecord.h"
 
 /// Point sets whose classes the benchmark does not see, so that the compiler cannot look through
 /// their virtual calls.

@@ -12,7 +12,7 @@
 #include <cstring>
 #include <memory>
 
-#include "mobile/TimedRecords.h"
+#include "mobile/core/TimedRecords.h"
 
 namespace {
 

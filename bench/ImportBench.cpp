@@ -14,11 +14,12 @@
 #include <iostream>
 #include <vector>
 
-#include "formats/LasWriter.h"
-#include "formats/PtxWriter.h"
-#include "formats/ScanFormat.h"
-#include "tests/support/LoadedScan.h"
-#include "tests/support/TempFolder.h"
+#include "Ovr/FormatRegistry.h"
+#include "RegisterFormats.h"
+#include "las/LasWriter.h"
+#include "ptx/PtxWriter.h"
+#include "support/LoadedScan.h"
+#include "support/TempFolder.h"
 
 namespace {
 
@@ -50,6 +51,7 @@ struct Files {
     fs::path ptx = folder.path() / "room.ptx";
 
     Files() {
+        Ovr::Formats::registerFormats();
         LasWriter points;
         require(points.open(las, {.expectedCount = kLasPoints, .colored = true}));
         for (int i = 0; i < kLasPoints; ++i) {
@@ -128,8 +130,8 @@ void readPtxBytes(benchmark::State& state) {
 }
 void listPtx(benchmark::State& state) {
     for (auto _ : state) {
-        std::vector<Ovr::Formats::ScanListing> scans;
-        require(Ovr::Formats::listScans(files().ptx, scans));
+        std::vector<Ovr::ScanListing> scans;
+        require(Ovr::listScans(files().ptx, scans));
     }
     finishLoop(state, files().ptx, kPtxColumns * kPtxRows);
 }

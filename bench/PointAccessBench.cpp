@@ -11,7 +11,7 @@
 #include <random>
 #include <vector>
 
-#include "bench/BenchPointSets.h"
+#include "BenchPointSets.h"
 
 namespace {
 

@@ -9,7 +9,7 @@
 #include <random>
 #include <vector>
 
-#include "stance/PolarMath.h"
+#include "stance/core/PolarMath.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include <cstring>
 #include <memory>
 
-#include "pointset/PointRecordStore.h"
+#include "pointset/core/PointRecordStore.h"
 
 namespace {
 

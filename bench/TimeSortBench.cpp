@@ -12,7 +12,7 @@
 #include <random>
 #include <vector>
 
-#include "mobile/TimeSort.h"
+#include "mobile/core/TimeSort.h"
 
 namespace {
 

@@ -10,9 +10,9 @@
 #include <random>
 #include <vector>
 
-#include "bench/TrajectoryBenchNodes.h"
-#include "trajectory/PoseMath.h"
-#include "trajectory/TrajectoryCache.h"
+#include "TrajectoryBenchNodes.h"
+#include "trajectory/core/PoseMath.h"
+#include "trajectory/core/TrajectoryCache.h"
 
 namespace {
 

@@ -9,7 +9,7 @@
 #include <cmath>
 #include <vector>
 
-#include "bench/TrajectoryBenchNodes.h"
+#include "TrajectoryBenchNodes.h"
 
 namespace {
 

@@ -14,8 +14,8 @@
 #include <sstream>
 #include <vector>
 
-#include "bench/TrajectoryBenchNodes.h"
-#include "trajectory/TrajectoryText.h"
+#include "TrajectoryBenchNodes.h"
+#include "trajectory/core/TrajectoryText.h"
 
 namespace {
 

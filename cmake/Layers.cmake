@@ -31,7 +31,7 @@ function(vardex_add_module_layer target)
   # Exported classes call their own helpers in the inner loops of the host: without this option such
   # a call would have to go through the linkage table and could not be inlined.
   target_compile_options(${target} PRIVATE -fno-semantic-interposition)
-  target_include_directories(${target} PUBLIC ${PROJECT_SOURCE_DIR})
+  target_include_directories(${target} PUBLIC ${PROJECT_SOURCE_DIR}/vardex)
 endfunction()
 
 # A test program: sources beside the caller, registered case by case with CTest.
@@ -39,7 +39,7 @@ function(vardex_add_tests target)
   cmake_parse_arguments(ARG "" "" "SOURCES;LIBRARIES" ${ARGN})
   add_executable(${target} ${ARG_SOURCES})
   vardex_set_common(${target})
-  target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR})
+  target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(${target} PRIVATE ${ARG_LIBRARIES} GTest::gmock GTest::gtest_main)
   gtest_discover_tests(${target} DISCOVERY_TIMEOUT 120 PROPERTIES TIMEOUT 300)
 endfunction()
@@ -49,6 +49,7 @@ function(vardex_add_benchmark target)
   cmake_parse_arguments(ARG "" "" "SOURCES;LIBRARIES" ${ARGN})
   add_executable(${target} ${ARG_SOURCES})
   vardex_set_common(${target})
-  target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR})
+  target_include_directories(${target} PRIVATE
+    ${PROJECT_SOURCE_DIR}/bench ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(${target} PRIVATE ${ARG_LIBRARIES} benchmark::benchmark_main)
 endfunction()

@@ -7,10 +7,10 @@
 #include <memory>
 #include <vector>
 
+#include "FuzzFile.h"
+#include "Ovr/FormatRegistry.h"
 #include "Ovr/Vardex/CorvinMetaData.h"
-#include "formats/ScanFormat.h"
-#include "fuzz/FuzzFile.h"
-#include "tests/support/MemoryScan.h"
+#include "support/MemoryScan.h"
 
 namespace Fuzz {
 
@@ -19,12 +19,12 @@ namespace Fuzz {
 inline void readScans(const Ovr::Formats::Format& format, const std::uint8_t* data,
                       std::size_t size) {
     const FuzzFile file(data, size);
-    std::vector<Ovr::Formats::ScanListing> scans;
+    std::vector<Ovr::ScanListing> scans;
     const Ovr::ErrorPtr refused = format.list(file.path(), scans);
     if (!refused && scans.empty()) {
         std::abort();
     }
-    for (Ovr::Formats::ScanListing& scan : scans) {
+    for (Ovr::ScanListing& scan : scans) {
         scan.source.project = std::make_shared<Ovr::ScanProject>();
         const auto reader = format.makeReader(scan.source);
         Support::MemoryScan memory;

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The VardexScandata developers
 // SPDX-License-Identifier: MIT
 
-#include "formats/LasReader.h"
-#include "fuzz/FuzzScan.h"
+#include "FuzzScan.h"
+#include "las/LasReader.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static const Ovr::Formats::Format format = Ovr::Formats::lasFormat();

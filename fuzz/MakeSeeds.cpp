@@ -7,7 +7,7 @@
 #include <fstream>
 #include <string>
 
-#include "tests/support/LasBytes.h"
+#include "support/LasBytes.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The VardexScandata developers
 // SPDX-License-Identifier: MIT
 
-#include "formats/ProjectFile.h"
+#include "project/ProjectFile.h"
 
 #include <array>
 #include <cmath>
@@ -12,7 +12,7 @@
 #include <string>
 #include <string_view>
 
-#include "tests/support/TempFolder.h"
+#include "support/TempFolder.h"
 
 namespace {
 
@@ -36,7 +36,7 @@ const Support::TempFolder& projectFolder() {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const auto file = projectFolder().write(
         "site.json", std::string_view(reinterpret_cast<const char*>(data), size));
-    Ovr::Formats::ProjectFile project;
+    Ovr::ProjectFile project;
     if (const auto error = Ovr::Formats::readProjectFile(file, project)) {
         if (!project.scans.empty() || error->message().find('\n') != std::string::npos) {
             std::abort();

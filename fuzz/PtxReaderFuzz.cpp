@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The VardexScandata developers
 // SPDX-License-Identifier: MIT
 
-#include "formats/PtxReader.h"
-#include "fuzz/FuzzScan.h"
+#include "FuzzScan.h"
+#include "ptx/PtxReader.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static const Ovr::Formats::Format format = Ovr::Formats::ptxFormat();

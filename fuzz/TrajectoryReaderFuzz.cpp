@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The VardexScandata developers
 // SPDX-License-Identifier: MIT
 
-#include "formats/TrajectoryReader.h"
+#include "trajectory/TrajectoryReader.h"
 
 #include <cmath>
 #include <cstdlib>
 #include <string>
 #include <vector>
 
-#include "fuzz/FuzzFile.h"
+#include "FuzzFile.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const Fuzz::FuzzFile file(data, size);

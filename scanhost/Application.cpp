@@ -1,18 +1,20 @@
 // SPDX-FileCopyrightText: 2026 The VardexScandata developers
 // SPDX-License-Identifier: MIT
 
-#include "scanhost/Application.h"
+#include "Application.h"
 
 #include <algorithm>
 #include <exception>
 #include <memory>
 #include <new>
 
-#include "scanhost/Arguments.h"
-#include "scanhost/Commands/Command.h"
-#include "scanhost/Console.h"
-#include "scanhost/Interrupt.h"
-#include "scanhost/ModuleSession.h"
+#include "RegisterFormats.h"
+
+#include "commands/Arguments.h"
+#include "commands/Command.h"
+#include "report/Console.h"
+#include "session/Interrupt.h"
+#include "session/ModuleSession.h"
 
 namespace ScanHost {
 
@@ -70,6 +72,7 @@ void run(const Request& request, Console& console) {
 }  // namespace
 
 ExitCode runApplication(std::vector<std::string> arguments, std::ostream& out, std::ostream& err) {
+    Ovr::Formats::registerFormats();
     Console console(out, err);
     std::vector<std::unique_ptr<Command>> commands = makeCommands();
     Request request;

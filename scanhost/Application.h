@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "scanhost/Failure.h"
+#include "report/Failure.h"
 
 namespace ScanHost {
 

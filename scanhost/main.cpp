@@ -3,8 +3,8 @@
 
 #include <iostream>
 
-#include "scanhost/Application.h"
-#include "scanhost/Interrupt.h"
+#include "Application.h"
+#include "session/Interrupt.h"
 
 int main(int argc, char** argv) {
     std::ios::sync_with_stdio(false);

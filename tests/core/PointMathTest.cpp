@@ -6,9 +6,9 @@
 #include <cmath>
 #include <limits>
 
-#include "pointset/GridAddress.h"
-#include "pointset/RecordingTime.h"
-#include "pointset/ScanPointMath.h"
+#include "pointset/core/GridAddress.h"
+#include "pointset/core/RecordingTime.h"
+#include "pointset/core/ScanPointMath.h"
 
 namespace Vardex {
 namespace {

@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: 2026 The VardexScandata developers
 // SPDX-License-Identifier: MIT
 
-#include "pointset/PointRecordStore.h"
+#include "pointset/core/PointRecordStore.h"
 
 #include <gtest/gtest.h>
 
 #include <new>
 #include <stdexcept>
 
-#include "tests/support/AllocationLimit.h"
+#include "support/AllocationLimit.h"
 
 namespace Vardex {
 namespace {

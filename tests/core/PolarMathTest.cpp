@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The VardexScandata developers
 // SPDX-License-Identifier: MIT
 
-#include "stance/PolarMath.h"
+#include "stance/core/PolarMath.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The VardexScandata developers
 // SPDX-License-Identifier: MIT
 
-#include "trajectory/PoseMath.h"
+#include "trajectory/core/PoseMath.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The VardexScandata developers
 // SPDX-License-Identifier: MIT
 
-#include "mobile/TimeSort.h"
+#include "mobile/core/TimeSort.h"
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>

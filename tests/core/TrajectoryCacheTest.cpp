@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The VardexScandata developers
 // SPDX-License-Identifier: MIT
 
-#include "trajectory/TrajectoryCache.h"
+#include "trajectory/core/TrajectoryCache.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@
 #include <thread>
 #include <utility>
 
-#include "tests/support/TestNodes.h"
+#include "support/TestNodes.h"
 
 namespace Vardex {
 namespace {

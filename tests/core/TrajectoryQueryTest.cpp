@@ -6,9 +6,9 @@
 #include <cmath>
 #include <limits>
 
-#include "tests/support/TestNodes.h"
-#include "trajectory/TrajectoryFraction.h"
-#include "trajectory/TrajectorySelection.h"
+#include "support/TestNodes.h"
+#include "trajectory/core/TrajectoryFraction.h"
+#include "trajectory/core/TrajectorySelection.h"
 
 namespace Vardex {
 namespace {

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The VardexScandata developers
 // SPDX-License-Identifier: MIT
 
-#include "trajectory/TrajectoryText.h"
+#include "trajectory/core/TrajectoryText.h"
 
 #include <gtest/gtest.h>
 

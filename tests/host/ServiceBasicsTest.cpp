@@ -11,7 +11,7 @@
 #include "Ovr/Errors.h"
 #include "Ovr/Locks.h"
 #include "Ovr/ServiceRegistry.h"
-#include "tests/support/MemoryScan.h"
+#include "support/MemoryScan.h"
 
 namespace {
 

@@ -16,8 +16,8 @@
 #include "Platform/LibraryLoader.h"
 #include "Tq/HxClass.h"
 
-#include "tests/load/TinyFormat.h"
-#include "tests/support/HostRegistries.h"
+#include "load/TinyFormat.h"
+#include "support/HostRegistries.h"
 
 namespace LoadTests {
 namespace {

@@ -5,10 +5,8 @@
 
 #include <cstdint>
 #include <memory>
-#include <string>
-#include <vector>
 
-#include "formats/ScanFormat.h"
+#include "support/FakeFormat.h"
 
 namespace LoadTests {
 
@@ -19,47 +17,36 @@ class TinyFormat {
     /// Enough points for the sort to be spread over threads.
     static constexpr int kPoints = 200'000;
 
-    TinyFormat() {
-        const auto makeReader = [](const Ovr::ScanSource&) { return std::make_unique<Reader>(); };
-        registered_ = Ovr::Formats::FormatRegistry::the().registerFormat("tiny", {{}, makeReader});
-    }
-    TinyFormat(const TinyFormat&) = delete;
-    TinyFormat& operator=(const TinyFormat&) = delete;
-    ~TinyFormat() { Ovr::Formats::FormatRegistry::the().unregisterFormat("tiny"); }
-
-    bool isRegistered() const { return registered_; }
+    bool isRegistered() const { return format_.isRegistered(); }
     /// [us]; 7919 and the number of points have no common factor, so each time occurs once.
     static std::uint64_t timeOf(int col) {
         return static_cast<std::uint64_t>(col) * 7919 % static_cast<std::uint64_t>(kPoints);
     }
 
   private:
-    class Reader final : public Ovr::Formats::IScanReader {
-      public:
-        Ovr::ErrorPtr loadPoints(const Ovr::Formats::LoadTarget& target,
-                                 Ovr::StatisticsReport& statistics) override {
-            if (!target.integration.setNewSize(1, kPoints, true, true)) {
-                return std::make_unique<Ovr::ServiceError>(Ovr::Interfaces::ErrorCode::OutOfMemory,
-                                                           "no room");
-            }
-            Tq_1_1::ScanPtColor<Tq_1_1::Vec3d<float>> point;
-            for (int col = 0; col < kPoints; ++col) {
-                point.setPosition({static_cast<float>(timeOf(col)), 0.0F, 0.0F});
-                target.integration.setPoint(0, col, point);
-            }
-            statistics.reflection = Ovr::ValueStatistic{1.0, 9.0, 5.0, 2.0, kPoints};
-            return nullptr;
+    static Ovr::ErrorPtr loadPoints(const Ovr::LoadTarget& target,
+                                    Ovr::StatisticsReport& statistics) {
+        if (!target.integration.setNewSize(1, kPoints, true, true)) {
+            return std::make_unique<Ovr::ServiceError>(Ovr::Interfaces::ErrorCode::OutOfMemory,
+                                                       "no room");
         }
-        Ovr::ErrorPtr loadTimes(const Ovr::Formats::TimeTarget& target) override {
-            for (int col = 0; col < kPoints; ++col) {
-                target.times.setTimeStamp(0, col, timeOf(col));
-            }
-            return nullptr;
+        Tq_1_1::ScanPtColor<Tq_1_1::Vec3d<float>> point;
+        for (int col = 0; col < kPoints; ++col) {
+            point.setPosition({static_cast<float>(timeOf(col)), 0.0F, 0.0F});
+            target.integration.setPoint(0, col, point);
         }
-        std::vector<std::string> warnings() const override { return {}; }
-    };
+        statistics.reflection = Ovr::ValueStatistic{1.0, 9.0, 5.0, 2.0, kPoints};
+        return nullptr;
+    }
 
-    bool registered_ = false;
+    static Ovr::ErrorPtr loadTimes(const Ovr::TimeTarget& target) {
+        for (int col = 0; col < kPoints; ++col) {
+            target.times.setTimeStamp(0, col, timeOf(col));
+        }
+        return nullptr;
+    }
+
+    Support::FakeFormat format_{"tiny", {loadPoints, loadTimes}};
 };
 
 }  // namespace LoadTests

@@ -9,12 +9,12 @@
 #include "Hx/GenericScans.h"
 
 #include "mobile/CorvinMobilePointSet.h"
-#include "module/IoResult.h"
 #include "module/RegisteredFunctions.h"
 #include "module/Registration.h"
-#include "module/VardexErrorConverter.h"
+#include "module/frame/IoResult.h"
+#include "module/frame/VardexErrorConverter.h"
 #include "stance/CorvinStancePointSet.h"
-#include "tests/support/HostRegistries.h"
+#include "support/HostRegistries.h"
 
 namespace Vardex {
 namespace {

@@ -7,9 +7,9 @@
 
 #include "Hx/PointSetIntegration.h"
 
-#include "module/VardexErrorConverter.h"
+#include "module/frame/VardexErrorConverter.h"
 #include "pointset/CorvinPointSet.h"
-#include "tests/support/ScanFakes.h"
+#include "support/ScanFakes.h"
 
 namespace Vardex::Testing {
 

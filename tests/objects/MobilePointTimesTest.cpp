@@ -9,12 +9,12 @@
 #include <stdexcept>
 
 #include "Hx/PointSetIntegration.h"
-#include "formats/ScanFormat.h"
 
 #include "mobile/CorvinMobilePointSet.h"
-#include "tests/support/AllocationLimit.h"
-#include "tests/support/MemoryScan.h"
-#include "tests/support/ScanFakes.h"
+#include "support/AllocationLimit.h"
+#include "support/FakeFormat.h"
+#include "support/MemoryScan.h"
+#include "support/ScanFakes.h"
 
 namespace Vardex::Testing {
 namespace {
@@ -26,34 +26,15 @@ using testing::ElementsAre;
 
 using LoadTimes = std::function<Ovr::ErrorPtr(IScanPointTimes&)>;
 
-struct FakeReader final : Ovr::Formats::IScanReader {
-    explicit FakeReader(LoadTimes load_) : load(std::move(load_)) {}
-    Ovr::ErrorPtr loadPoints(const Ovr::Formats::LoadTarget&, Ovr::StatisticsReport&) override {
-        return nullptr;
-    }
-    Ovr::ErrorPtr loadTimes(const Ovr::Formats::TimeTarget& target) override {
-        return load(target.times);
-    }
-    std::vector<std::string> warnings() const override { return {}; }
-    LoadTimes load;
-};
-
 /// A mobile scan in a file whose times come from a function, with logged locks and scopes.
 class MobilePointTimes : public testing::Test, Ovr::DataStructures::IModificationListener {
   protected:
     MobilePointTimes() {
         log.reserve(100);  // logging is not to run out of memory
-        const auto makeReader = [this](const Ovr::ScanSource&) {
-            log.push_back("load");
-            return std::make_unique<FakeReader>(loadTimes);
-        };
-        Ovr::Formats::FormatRegistry::the().registerFormat("fake", {nullptr, makeReader});
         set->setFileInfo({L"walk.fake", {}});
         set->getIntegration()->setPointDataLocks(locks);
         set->getIntegration()->addModificationListener(this);
     }
-    ~MobilePointTimes() override { Ovr::Formats::FormatRegistry::the().unregisterFormat("fake"); }
-
     /// 2 x 3 points; point i has the reflection 100 + i.
     void fill(bool withReflection) {
         ASSERT_TRUE(set->resizePointStorage(2, 3, true, withReflection));
@@ -88,6 +69,10 @@ class MobilePointTimes : public testing::Test, Ovr::DataStructures::IModificatio
     }
 
     CallLog log;
+    Support::FakeFormat format{"fake", {nullptr, [this](const Ovr::TimeTarget& target) {
+                                            log.push_back("load");
+                                            return loadTimes(target.times);
+                                        }}};
     LoadTimes loadTimes = [](IScanPointTimes& times) {
         times.setTimeStamp(1, 2, (std::uint64_t{1} << 32) + 1500000);
         return nullptr;

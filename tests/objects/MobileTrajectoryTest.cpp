@@ -12,10 +12,10 @@
 #include "Hx/Models.h"
 #include "Hx/PointSetIntegration.h"
 #include "Hx/PtSetObject.h"
+#include "Ovr/FormatRegistry.h"
 
 #include "mobile/CorvinMobilePointSet.h"
-#include "tests/support/AllocationLimit.h"
-#include "tests/support/TempFolder.h"
+#include "support/AllocationLimit.h"
 
 namespace Vardex::Testing {
 namespace {
@@ -28,20 +28,36 @@ std::shared_ptr<TrajectoryNode> nodeAt(double time, double x) {
         TrajectoryNode{time, {1, 0, 0, 7, 0, 1, 0, 7, 0, 0, 1, 7, x, 0, 0, 7}});
 }
 
-struct FileStreams final : Ovr::IStructuredStreams {
-    Support::TempFolder folder;
-    explicit FileStreams(const std::string& text) { folder.write("walk.txt", text); }
-    std::filesystem::path trajectoryFile() const override { return folder.path() / "walk.txt"; }
+/// Streams whose trajectory file says in its name what reading it gives.
+struct NamedStreams final : Ovr::IStructuredStreams {
+    const char* name;
+    explicit NamedStreams(const char* name_) : name(name_) {}
+    std::filesystem::path trajectoryFile() const override { return name; }
     std::shared_ptr<Ovr::ScanProject> project() const override { return nullptr; }
 };
 
-const std::string kTwoPoses = "100 1 0 0 0 0 0 1\n110 2 0 0 0 0 0 1\n";
+Ovr::ErrorPtr readByName(const std::filesystem::path& file, Ovr::ScanProject* /*project*/,
+                         std::vector<Ovr::VardexLib::TrajectoryNode>& nodes,
+                         Ovr::Remarks& /*remarks*/) {
+    if (file == "words") {
+        return Ovr::makeError(Ovr::Interfaces::ErrorCode::InvalidValue, {file, "", "words", ""});
+    }
+    nodes.clear();
+    if (file == "two poses") {
+        for (const double x : {1.0, 2.0}) {
+            nodes.push_back({90.0 + 10.0 * x, {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, x, 0, 0, 1}});
+        }
+    }
+    return nullptr;
+}
+
 using Xs = std::vector<double>;
 
 /// A mobile scan of 10 s whose streams are what the test says.
 class MobileTrajectory : public testing::Test {
   protected:
     MobileTrajectory() {
+        Ovr::FormatRegistry::the().setTrajectoryFormat({{}, readByName});
         set->setMaxScanPointTime(10.0);
         set->getIntegration()->setStructuredStreams([this](bool writable) {
             EXPECT_FALSE(writable);
@@ -49,6 +65,8 @@ class MobileTrajectory : public testing::Test {
             return streams;
         });
     }
+    ~MobileTrajectory() override { Ovr::FormatRegistry::the().setTrajectoryFormat({}); }
+
     std::size_t nodesKept() { return set->getMobileScanData().getTrajectoryNodes().size(); }
     Xs selected(const Hx::PC2TimeFilter& filter) {
         Xs xs;
@@ -69,7 +87,7 @@ class MobileTrajectory : public testing::Test {
 
 TEST_F(MobileTrajectory, QueriesKeepWhatTheyReadAndExportsDoNot) {
     std::ostringstream out;
-    streams = std::make_shared<FileStreams>(kTwoPoses);
+    streams = std::make_shared<NamedStreams>("two poses");
     EXPECT_EQ(set->writeTrajectoryToStream(out), IO_OK);
     EXPECT_EQ(nodesKept(), 0U);
     EXPECT_EQ(selected({0.0, 1.0}), Xs({1.0, 2.0}));
@@ -82,7 +100,7 @@ TEST_F(MobileTrajectory, QueriesKeepWhatTheyReadAndExportsDoNot) {
 }
 
 TEST_F(MobileTrajectory, AnyThreadMayBeTheFirstToAsk) {
-    streams = std::make_shared<FileStreams>(kTwoPoses);
+    streams = std::make_shared<NamedStreams>("two poses");
     auto other = std::async(std::launch::async, [this] { return xAt(10.0); });
     EXPECT_EQ(selected({0.0, 1.0}), Xs({1.0, 2.0}));
     EXPECT_EQ(other.get(), 2.0);
@@ -97,8 +115,8 @@ TEST_F(MobileTrajectory, WhatCannotBeReadIsEmptyForQueriesAndAResultForTheExport
     };
     for (const Case& c : {
              Case{"no streams", nullptr, 14, 0},
-             Case{"words", std::make_shared<FileStreams>("1 a b c d e f g\n"), 7, 0},
-             Case{"comments alone", std::make_shared<FileStreams>("# nothing\n"), 0, 61},
+             Case{"words", std::make_shared<NamedStreams>("words"), 7, 0},
+             Case{"comments alone", std::make_shared<NamedStreams>("nothing"), 0, 61},
          }) {
         streams = c.streams;
         std::ostringstream out;

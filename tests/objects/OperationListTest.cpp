@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The VardexScandata developers
 // SPDX-License-Identifier: MIT
 
-#include "module/OperationList.h"
+#include "module/frame/OperationList.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "stance/CorvinStancePointSet.h"
-#include "tests/support/AllocationLimit.h"
+#include "support/AllocationLimit.h"
 
 namespace Vardex {
 namespace {

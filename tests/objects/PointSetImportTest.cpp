@@ -9,7 +9,7 @@
 
 #include "Hx/ModelContext.h"
 
-#include "tests/objects/LoggingPointSet.h"
+#include "objects/LoggingPointSet.h"
 
 namespace Vardex::Testing {
 namespace {

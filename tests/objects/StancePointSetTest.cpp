@@ -11,7 +11,7 @@
 
 #include "stance/ScanPolar3d.h"
 #include "stance/ScanPolarCreators.h"
-#include "tests/support/AllocationLimit.h"
+#include "support/AllocationLimit.h"
 
 namespace Vardex {
 namespace {

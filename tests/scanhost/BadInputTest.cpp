@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "Program.h"
-#include "tests/support/LasBytes.h"
+#include "support/LasBytes.h"
 
 namespace ScanHost::Tests {
 namespace {

@@ -13,7 +13,7 @@
 #include <thread>
 
 #include "Program.h"
-#include "tests/support/LasBytes.h"
+#include "support/LasBytes.h"
 
 namespace ScanHost::Tests {
 namespace {

@@ -7,10 +7,10 @@
 #include <sstream>
 #include <string>
 
-#include "scanhost/DateText.h"
-#include "scanhost/NumberText.h"
-#include "scanhost/Picture.h"
-#include "scanhost/Report.h"
+#include "picture/Picture.h"
+#include "report/DateText.h"
+#include "report/NumberText.h"
+#include "report/Report.h"
 
 namespace ScanHost {
 namespace {

@@ -9,7 +9,7 @@
 
 #include <json/json.h>
 
-#include "tests/support/TempFolder.h"
+#include "support/TempFolder.h"
 
 namespace ScanHost::Tests {
 

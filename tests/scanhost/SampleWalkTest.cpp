@@ -13,8 +13,8 @@
 #include <vector>
 
 #include "Program.h"
-#include "scanhost/Sample/SampleScan.h"
-#include "tests/support/LasBytes.h"
+#include "sample/SampleScan.h"
+#include "support/LasBytes.h"
 
 namespace ScanHost::Tests {
 namespace {

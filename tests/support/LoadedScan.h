@@ -11,7 +11,7 @@
 
 #include "Ovr/Vardex/CorvinMobileScanData.h"
 #include "Ovr/Vardex/CorvinStanceScanData.h"
-#include "tests/support/MemoryScan.h"
+#include "support/MemoryScan.h"
 
 namespace Support {
 

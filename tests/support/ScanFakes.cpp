@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The VardexScandata developers
 // SPDX-License-Identifier: MIT
 
-#include "tests/support/ScanFakes.h"
+#include "support/ScanFakes.h"
 
 #include <utility>
 

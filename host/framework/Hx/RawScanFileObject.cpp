@@ -8,6 +8,7 @@
 
 #include "Hx/ErrorConversion.h"
 #include "Hx/PtSetObject.h"
+#include "Ovr/FormatRegistry.h"
 #include "Tq/HxClass.h"
 #include "Tq/Module.h"
 
@@ -38,10 +39,10 @@ IOMessages::IOResult RawScanFileObject::fillFrom(const Tq_1_1::File& file, PtSet
         setLastErrorMessage(file.getPath().toUtf8() + ": its object belongs to another scan");
         return IOMessages::IO_ERROR;
     }
-    auto project = std::make_shared<Ovr::Formats::ProjectFile>();
+    auto project = std::make_shared<Ovr::ProjectFile>();
     const std::string path = file.getPath().toUtf8();
     const auto error =
-        Ovr::Formats::readProjectFile(std::u8string(path.begin(), path.end()), *project);
+        Ovr::FormatRegistry::the().readProject(std::u8string(path.begin(), path.end()), *project);
     if (error) {
         return convertError(error, nullptr);
     }

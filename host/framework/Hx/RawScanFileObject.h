@@ -9,8 +9,8 @@
 #include "Hx/IOMessages.h"
 #include "Hx/MiscFileDataObject.h"
 #include "Hx/ValidationInterface.h"
+#include "Ovr/ProjectFile.h"
 #include "Tq/File.h"
-#include "formats/ProjectFile.h"
 
 namespace Hx {
 
@@ -37,7 +37,7 @@ class HOST_EXPORT RawScanFileObject : public MiscFileDataObject, public Validati
     [[nodiscard]] IOMessages::IOResult fillFrom(const Tq_1_1::File& file, PtSetObject* scan);
 
     /// @return null until the object was filled
-    const std::shared_ptr<const Ovr::Formats::ProjectFile>& getProject() const { return project_; }
+    const std::shared_ptr<const Ovr::ProjectFile>& getProject() const { return project_; }
     /// Whether a project was read.
     bool isValid() const override { return project_ != nullptr; }
 
@@ -45,7 +45,7 @@ class HOST_EXPORT RawScanFileObject : public MiscFileDataObject, public Validati
     ~RawScanFileObject() override;
 
   private:
-    std::shared_ptr<const Ovr::Formats::ProjectFile> project_;
+    std::shared_ptr<const Ovr::ProjectFile> project_;
 };
 
 }  // namespace Hx

@@ -3,9 +3,11 @@
 
 #include "Ovr/IStructuredStreams.h"
 
-#include <array>
+#include <string>
 #include <system_error>
 #include <utility>
+
+#include "Ovr/FormatRegistry.h"
 
 namespace Ovr {
 
@@ -34,7 +36,7 @@ std::shared_ptr<IStructuredStreams> findStructuredStreams(const std::filesystem:
     if (named != nullptr) {
         return std::make_shared<FileStreams>(*named, std::move(project));
     }
-    for (const char* extension : std::array{".txt", ".tum"}) {
+    for (const std::string& extension : FormatRegistry::the().trajectoryFormat().extensions) {
         std::filesystem::path beside = points;
         beside.replace_extension(extension);
         std::error_code ignored;

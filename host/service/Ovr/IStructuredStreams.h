@@ -24,7 +24,8 @@ class HOST_EXPORT IStructuredStreams {
     virtual std::shared_ptr<ScanProject> project() const = 0;
 };
 
-/// Looks for a scan's streams: @p named if given, else NAME.txt, then NAME.tum beside @p points.
+/// Looks for a scan's streams: @p named if given, else NAME.EXT next to @p points,
+/// with the extensions of the registered trajectory format.
 /// @return empty when neither is there
 HOST_EXPORT std::shared_ptr<IStructuredStreams> findStructuredStreams(
     const std::filesystem::path& points, const std::filesystem::path* named,

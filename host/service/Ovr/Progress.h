@@ -26,4 +26,10 @@ class HOST_EXPORT ICancelInfo {
     virtual bool isCancelled() const = 0;
 };
 
+/// Who hears of long work, and who may end it. Both may be null; they outlive the work.
+struct Work {
+    IProgress* progress = nullptr;
+    const ICancelInfo* cancel = nullptr;
+};
+
 }  // namespace Ovr::DataStructures

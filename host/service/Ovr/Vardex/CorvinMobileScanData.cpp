@@ -7,9 +7,8 @@
 #include <new>
 #include <utility>
 
+#include "Ovr/FormatRegistry.h"
 #include "Ovr/Vardex/IScanPointTimes.h"
-#include "formats/ScanFormat.h"
-#include "formats/TrajectoryReader.h"
 
 namespace Ovr::VardexLib {
 
@@ -38,46 +37,50 @@ std::string CorvinMobileScanData::getPointSetClassIdentifier() const {
 }
 
 std::vector<TrajectoryNode> CorvinMobileScanData::getTrajectoryNodes() const {
-    const std::lock_guard<std::mutex> guard(nodesMutex_);
-    return nodes_;
+    const auto nodes = heldTrajectory();
+    return nodes ? *nodes : std::vector<TrajectoryNode>();
 }
 
 void CorvinMobileScanData::setTrajectoryNodes(const std::vector<TrajectoryNode>& nodes) {
-    std::vector<TrajectoryNode> copy = nodes;
-    const std::lock_guard<std::mutex> guard(nodesMutex_);
-    nodes_.swap(copy);
+    holdTrajectory(std::make_shared<const std::vector<TrajectoryNode>>(nodes));
 }
 
 ErrorPtr CorvinMobileScanData::readTrajectory(const IStructuredStreams& streams,
                                               std::vector<TrajectoryNode>& nodes) {
-    std::vector<std::string> unheard;
-    return readTrajectory(streams, nodes, unheard);
+    Remarks unheard;
+    return FormatRegistry::the().readTrajectory(streams.trajectoryFile(), streams.project().get(),
+                                                nodes, unheard);
 }
 
-ErrorPtr CorvinMobileScanData::readTrajectory(const IStructuredStreams& streams,
-                                              std::vector<TrajectoryNode>& nodes,
-                                              std::vector<std::string>& warnings) {
-    return Formats::readTrajectoryFile(streams.trajectoryFile(), streams.project().get(), nodes,
-                                       warnings);
-}
-
-/// The trajectory that the scan holds, else that of its streams, which is kept.
-ErrorPtr CorvinMobileScanData::fetchTrajectory(std::vector<TrajectoryNode>& nodes) {
-    nodes = getTrajectoryNodes();
-    if (!nodes.empty()) {
+ErrorPtr CorvinMobileScanData::fetchTrajectory(SharedTrajectory& nodes) {
+    if (auto held = heldTrajectory()) {
+        nodes = std::move(held);
         return nullptr;
     }
     const auto streams = getIntegration().openStructuredStreams(false);
     if (!streams) {
+        nodes = std::make_shared<const std::vector<TrajectoryNode>>();
         return nullptr;
     }
-    std::vector<std::string> warnings;
-    ErrorPtr error = readTrajectory(*streams, nodes, warnings);
-    addWarnings(warnings);
+    std::vector<TrajectoryNode> read;
+    ErrorPtr error = FormatRegistry::the().readTrajectory(
+        streams->trajectoryFile(), streams->project().get(), read, remarks());
     if (!error) {
-        setTrajectoryNodes(nodes);
+        nodes = std::make_shared<const std::vector<TrajectoryNode>>(std::move(read));
+        holdTrajectory(nodes);
     }
     return error;
+}
+
+/// @return empty when there is none, or one without nodes
+CorvinMobileScanData::SharedTrajectory CorvinMobileScanData::heldTrajectory() const {
+    const std::lock_guard<std::mutex> guard(nodesMutex_);
+    return nodes_ && !nodes_->empty() ? nodes_ : nullptr;
+}
+
+void CorvinMobileScanData::holdTrajectory(SharedTrajectory nodes) {
+    const std::lock_guard<std::mutex> guard(nodesMutex_);
+    nodes_.swap(nodes);
 }
 
 ErrorPtr CorvinMobileScanData::loadTimeStamps(const IPointDataExclusiveAccess& /*access*/,
@@ -89,30 +92,32 @@ ErrorPtr CorvinMobileScanData::loadTimeStamps(const IPointDataExclusiveAccess& /
     if (!times) {
         return noTimeService(source);
     }
-    const auto format = Formats::FormatRegistry::the().find(source.file);
+    const auto format = FormatRegistry::the().find(source.file);
     if (!format) {
-        return Formats::unknownExtension(source.file);
+        return unknownFormat(source.file);
     }
     const auto metaData = std::dynamic_pointer_cast<CorvinMobileMetaData>(getMetaData());
     timeZero_.reset();
     try {
         // A trajectory that cannot be read is an error here: time zero would move to the earliest
         // point, and the times would no longer fit the trajectory once it is repaired.
-        std::vector<TrajectoryNode> nodes;
+        SharedTrajectory nodes;
         if (ErrorPtr error = fetchTrajectory(nodes)) {
             return error;
         }
         const auto reader = format->makeReader(source);
         double timeZero = 0.0;
-        ErrorPtr error =
-            reader->loadTimes({*times, pointLimit(), nodes, metaData.get(),
-                               progress ? progress.get() : source.progress.get(),
-                               cancel ? cancel.get() : source.cancel.get(), &timeZero});
+        ErrorPtr error = reader->loadTimes({*times,
+                                            pointLimit(),
+                                            *nodes,
+                                            metaData.get(),
+                                            timeZero,
+                                            {progress ? progress.get() : source.progress.get(),
+                                             cancel ? cancel.get() : source.cancel.get()},
+                                            remarks()});
         if (!error) {
             timeZero_ = timeZero;
         }
-        addWarnings(reader->warnings());
-        addNotes(reader->notes());
         return error;
     } catch (const std::bad_alloc&) {
         return makeError(ErrorCode::OutOfMemory, {source.file.string(), "", "", "more memory"});

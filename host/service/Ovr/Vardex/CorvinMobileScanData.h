@@ -19,6 +19,8 @@ namespace Ovr::VardexLib {
 /// The data of a mobile scan: one row of points, a trajectory and a CorvinMobileMetaData.
 class HOST_EXPORT CorvinMobileScanData final : public CorvinScanData {
   public:
+    using SharedTrajectory = std::shared_ptr<const std::vector<TrajectoryNode>>;
+
     explicit CorvinMobileScanData(Interfaces::IScanIntegration& integration);
     ~CorvinMobileScanData() override;
 
@@ -35,10 +37,12 @@ class HOST_EXPORT CorvinMobileScanData final : public CorvinScanData {
     /// @param nodes  replaced on success, untouched on failure
     static ErrorPtr readTrajectory(const IStructuredStreams& streams,
                                    std::vector<TrajectoryNode>& nodes);
-    /// The same, and what the reader noticed in a file that it accepted, one line each.
-    static ErrorPtr readTrajectory(const IStructuredStreams& streams,
-                                   std::vector<TrajectoryNode>& nodes,
-                                   std::vector<std::string>& warnings);
+
+    /// The trajectory: the one that the scan data hold, else that of the scan's streams, which is
+    /// read, kept, and remarked on. Threads: any.
+    /// @param nodes  out: shared, never null on success; without nodes when the scan has none
+    /// @return empty on success; the error of reading, with @p nodes untouched
+    ErrorPtr fetchTrajectory(SharedTrajectory& nodes);
 
     /// Fills the point times through the registered IScanPointTimes service and sets the scan's
     /// duration. Time zero is the first trajectory node, else the earliest point. A scan that holds
@@ -61,11 +65,12 @@ class HOST_EXPORT CorvinMobileScanData final : public CorvinScanData {
                               DataStructures::ScanDataModificationScope& scope);
 
   private:
-    ErrorPtr fetchTrajectory(std::vector<TrajectoryNode>& nodes);
+    SharedTrajectory heldTrajectory() const;
+    void holdTrajectory(SharedTrajectory nodes);
 
     // Questions about the path fetch and keep the trajectory from any thread.
     mutable std::mutex nodesMutex_;
-    std::vector<TrajectoryNode> nodes_;
+    SharedTrajectory nodes_;
     std::optional<double> timeZero_;
 };
 

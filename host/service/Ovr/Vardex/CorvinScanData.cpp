@@ -3,28 +3,14 @@
 
 #include "Ovr/Vardex/CorvinScanData.h"
 
-#include <algorithm>
 #include <new>
 #include <utility>
 
-#include "formats/ScanFormat.h"
+#include "Ovr/FormatRegistry.h"
 
 namespace Ovr::VardexLib {
 
 using Interfaces::ErrorCode;
-
-namespace {
-
-/// A file that is read twice says the same twice.
-void addEachOnce(const std::vector<std::string>& lines, std::vector<std::string>& known) {
-    for (const std::string& line : lines) {
-        if (std::find(known.begin(), known.end(), line) == known.end()) {
-            known.push_back(line);
-        }
-    }
-}
-
-}  // namespace
 
 CorvinScanData::CorvinScanData(Interfaces::IScanIntegration& integration,
                                std::shared_ptr<CorvinMetaData> metaData)
@@ -45,17 +31,21 @@ ErrorPtr CorvinScanData::loadPoints(std::uint64_t count, StatisticsReport& stati
         return makeError(ErrorCode::General,
                          {source.file.string(), "", "a write lock without effect", "a valid one"});
     }
-    const auto format = Formats::FormatRegistry::the().find(source.file);
+    const auto format = FormatRegistry::the().find(source.file);
     if (!format) {
-        return Formats::unknownExtension(source.file);
+        return unknownFormat(source.file);
     }
     const auto metaData = metaData_;
     StatisticsReport found;
     ErrorPtr error;
     try {
         const auto reader = format->makeReader(source);
-        error = reader->loadPoints({integration_, metaData.get(), count}, found);
-        addWarnings(reader->warnings());
+        error = reader->loadPoints({integration_,
+                                    metaData.get(),
+                                    count,
+                                    {source.progress.get(), source.cancel.get()},
+                                    remarks_},
+                                   found);
     } catch (const std::bad_alloc&) {
         error = makeError(ErrorCode::OutOfMemory, {source.file.string(), "", "", "more memory"});
     } catch (...) {
@@ -73,14 +63,6 @@ ErrorPtr CorvinScanData::loadPoints(std::uint64_t count, StatisticsReport& stati
 
 void CorvinScanData::setMetaData(std::shared_ptr<CorvinMetaData> metaData) {
     metaData_ = std::move(metaData);
-}
-
-void CorvinScanData::addWarnings(const std::vector<std::string>& warnings) {
-    addEachOnce(warnings, warnings_);
-}
-
-void CorvinScanData::addNotes(const std::vector<std::string>& notes) {
-    addEachOnce(notes, notes_);
 }
 
 }  // namespace Ovr::VardexLib

@@ -11,6 +11,7 @@
 #include "HostExport.h"
 #include "Ovr/IScanData.h"
 #include "Ovr/IScanIntegration.h"
+#include "Ovr/Remarks.h"
 #include "Ovr/Vardex/CorvinMetaData.h"
 
 namespace Ovr::VardexLib {
@@ -29,9 +30,9 @@ class HOST_EXPORT CorvinScanData : public Interfaces::IScanData {
                         DataStructures::ScanDataModificationScope& scope,
                         const IPointDataWriteLock& lock) override;
     ServiceRegistry& getServiceRegistry() override { return services_; }
-    std::vector<std::string> getWarnings() const override { return warnings_; }
+    std::vector<std::string> getWarnings() const override { return remarks_.warnings(); }
     /// What the readers found out that gives no cause for concern, one line each, in order.
-    std::vector<std::string> getNotes() const { return notes_; }
+    std::vector<std::string> getNotes() const { return remarks_.notes(); }
 
     /// Shared with the caller; empty only after setMetaData with an empty pointer.
     std::shared_ptr<CorvinMetaData> getMetaData() const { return metaData_; }
@@ -44,9 +45,8 @@ class HOST_EXPORT CorvinScanData : public Interfaces::IScanData {
     CorvinScanData(Interfaces::IScanIntegration& integration,
                    std::shared_ptr<CorvinMetaData> metaData);
 
-    /// Keeps what is not there yet, so that a second load does not repeat it.
-    void addWarnings(const std::vector<std::string>& warnings);
-    void addNotes(const std::vector<std::string>& notes);
+    /// What all readers of this scan have to say.
+    Remarks& remarks() { return remarks_; }
 
     /// Points that the last load was allowed to load.
     std::uint64_t pointLimit() const { return pointLimit_; }
@@ -55,8 +55,7 @@ class HOST_EXPORT CorvinScanData : public Interfaces::IScanData {
     Interfaces::IScanIntegration& integration_;
     std::shared_ptr<CorvinMetaData> metaData_;
     ServiceRegistry services_;
-    std::vector<std::string> warnings_;
-    std::vector<std::string> notes_;
+    Remarks remarks_;
     std::uint64_t pointLimit_ = ~std::uint64_t{0};
 };
 

@@ -1,0 +1,125 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#include "kit/TextFields.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <system_error>
+
+namespace Ovr::Formats {
+
+namespace {
+
+constexpr std::size_t kLongestQuote = 40;
+
+/// The field without a plus sign in front, which std::from_chars refuses.
+std::string_view withoutPlus(std::string_view field) {
+    const bool plus = field.size() > 1 && field[0] == '+' && field[1] != '-' && field[1] != '+';
+    return plus ? field.substr(1) : field;
+}
+
+/// Reads a number of which is known that it lies outside the range of doubles.
+/// @return false when it is too large rather than too small
+bool parseTiny(std::string_view number, double& value) {
+    long double wide = 0.0L;
+    const char* const end = number.data() + number.size();
+    if (std::from_chars(number.data(), end, wide).ec != std::errc() || std::abs(wide) > 1.0L) {
+        return false;
+    }
+    value = static_cast<double>(wide);
+    return true;
+}
+
+}  // namespace
+
+std::string_view trimmed(std::string_view text) {
+    while (!text.empty() && isBlank(text.front())) {
+        text.remove_prefix(1);
+    }
+    while (!text.empty() && isBlank(text.back())) {
+        text.remove_suffix(1);
+    }
+    return text;
+}
+
+std::size_t splitFields(std::string_view line, std::span<std::string_view> fields) {
+    const char* at = line.data();
+    const char* const end = at + line.size();
+    std::size_t count = 0;
+    for (;;) {
+        while (at != end && isBlank(*at)) {
+            ++at;
+        }
+        if (at == end) {
+            return count;
+        }
+        const char* const begin = at;
+        while (at != end && !isBlank(*at)) {
+            ++at;
+        }
+        if (count < fields.size()) {
+            fields[count] = {begin, static_cast<std::size_t>(at - begin)};
+        }
+        ++count;
+    }
+}
+
+bool parseNumber(std::string_view field, double& value) {
+    const std::string_view number = withoutPlus(field);
+    const char* const end = number.data() + number.size();
+    double parsed = 0.0;
+    const auto [stop, failure] = std::from_chars(number.data(), end, parsed);
+    if (stop != end || (failure == std::errc::result_out_of_range && !parseTiny(number, parsed)) ||
+        failure == std::errc::invalid_argument || !std::isfinite(parsed)) {
+        return false;
+    }
+    value = parsed;
+    return true;
+}
+
+std::optional<std::int64_t> parseInteger(std::string_view field) {
+    const std::string_view number = withoutPlus(field);
+    const char* const end = number.data() + number.size();
+    std::int64_t value = 0;
+    const auto [stop, failure] = std::from_chars(number.data(), end, value);
+    if (failure != std::errc() || stop != end) {
+        return std::nullopt;
+    }
+    return value;
+}
+
+std::string inQuotes(std::string_view text) {
+    const bool cut = text.size() > kLongestQuote;
+    std::string quote = "'";
+    quote += text.substr(0, kLongestQuote);
+    quote += cut ? "...'" : "'";
+    return quote;
+}
+
+std::string numberText(double value, int digits) {
+    std::array<char, 64> text{};
+    const auto [end, failure] = std::to_chars(text.data(), text.data() + text.size(), value,
+                                              std::chars_format::general, digits);
+    return failure == std::errc() ? std::string(text.data(), end) : std::string("?");
+}
+
+std::string secondsText(double seconds) {
+    std::array<char, 64> text{};
+    const auto [end, failure] =
+        std::to_chars(text.data(), text.data() + text.size(), seconds, std::chars_format::fixed, 6);
+    return failure == std::errc() ? std::string(text.data(), end) : numberText(seconds);
+}
+
+std::string countText(std::uint64_t count, std::string_view noun) {
+    std::string text = std::to_string(count);
+    text += ' ';
+    text += noun;
+    if (count != 1) {
+        text += 's';
+    }
+    return text;
+}
+
+}  // namespace Ovr::Formats

@@ -1,0 +1,114 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#include "kit/TextLines.h"
+
+#include <cstring>
+#include <utility>
+
+#include "kit/TextFields.h"
+
+namespace Ovr::Formats {
+
+using Interfaces::ErrorCode;
+
+namespace {
+
+constexpr std::size_t kBufferSize = std::size_t{1} << 18;
+constexpr std::size_t kLongestLine = std::size_t{1} << 16;
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+}  // namespace
+
+ErrorPtr TextLines::open(const std::filesystem::path& file, std::uint64_t offset,
+                         std::uint64_t line) {
+    if (ErrorPtr error = file_.open(file)) {
+        return error;
+    }
+    buffer_.resize(kBufferSize);
+    bufferOffset_ = offset;
+    nextLine_ = line;
+    line_ = line;
+    if (offset == 0) {
+        skipByteOrderMark();
+    }
+    return nullptr;
+}
+
+void TextLines::skipByteOrderMark() {
+    fill();
+    if (std::string_view(buffer_.data(), end_).substr(0, kByteOrderMark.size()) == kByteOrderMark) {
+        begin_ = kByteOrderMark.size();
+    }
+}
+
+bool TextLines::next() {
+    while (nextRaw()) {
+        text_ = trimmed(text_);
+        if (!text_.empty()) {
+            return true;
+        }
+    }
+    text_ = {};
+    return false;
+}
+
+bool TextLines::nextRaw() {
+    const char* lineEnd = nullptr;
+    for (std::size_t searched = 0;;) {
+        const char* const from = buffer_.data() + begin_ + searched;
+        const std::size_t rest = end_ - begin_ - searched;
+        lineEnd = rest == 0 ? nullptr : static_cast<const char*>(std::memchr(from, '\n', rest));
+        if (lineEnd != nullptr) {
+            break;
+        }
+        searched += rest;
+        if (searched > kLongestLine) {
+            line_ = nextLine_;
+            error_ = fault(ErrorCode::WrongFormat,
+                           "a line of more than " + std::to_string(kLongestLine) + " characters",
+                           "lines of numbers");
+            return false;
+        }
+        if (!fill()) {
+            if (error_) {
+                return false;
+            }
+            lineEnd = buffer_.data() + end_;
+            break;
+        }
+    }
+    const char* const lineBegin = buffer_.data() + begin_;
+    const auto length = static_cast<std::size_t>(lineEnd - lineBegin);
+    if (begin_ == end_) {
+        return false;
+    }
+    text_ = {lineBegin, length};
+    offset_ = bufferOffset_ + begin_;
+    line_ = nextLine_++;
+    begin_ += length + (begin_ + length < end_ ? 1 : 0);
+    return true;
+}
+
+/// Moves what is left to the buffer's front and reads on behind it.
+bool TextLines::fill() {
+    std::memmove(buffer_.data(), buffer_.data() + begin_, end_ - begin_);
+    bufferOffset_ += begin_;
+    end_ -= begin_;
+    begin_ = 0;
+    const std::size_t got = file_.readAt(bufferOffset_ + end_, std::span(buffer_).subspan(end_));
+    end_ += got;
+    if (got == 0 && bufferOffset_ + end_ < file_.size()) {
+        line_ = nextLine_;
+        error_ = fault(ErrorCode::CannotRead, "the end of what can be read",
+                       "the file's " + std::to_string(file_.size()) + " bytes");
+    }
+    return got != 0;
+}
+
+ErrorPtr TextLines::fault(ErrorCode code, std::string found, std::string expected) const {
+    return makeError(code, {file_.name(), "line " + std::to_string(line_), std::move(found),
+                            std::move(expected)});
+}
+
+}  // namespace Ovr::Formats

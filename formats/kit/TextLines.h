@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "Ovr/Errors.h"
+#include "kit/InputFile.h"
+
+namespace Ovr::Formats {
+
+/// Walks over the lines of a text file that hold something, in a buffer of fixed size. Line ends
+/// of either kind, blanks around a line, empty lines, a byte-order mark at the file's beginning and
+/// a last line without line end make no difference.
+class TextLines {
+  public:
+    /// @param offset  where to begin [bytes]: the beginning of a line
+    /// @param line    the number of that line, counted from 1
+    /// @return empty on success. Requires: called once.
+    ErrorPtr open(const std::filesystem::path& file, std::uint64_t offset = 0,
+                  std::uint64_t line = 1);
+
+    /// Goes to the next line that is not blank.
+    /// @return false at the file's end and when a line is too long, see error()
+    bool next();
+
+    /// The current line without blanks at its ends; valid until next().
+    std::string_view text() const { return text_; }
+    /// Number of the current line; behind the end, of the last one.
+    std::uint64_t line() const { return line_; }
+    /// Where the current line begins in the file [bytes].
+    std::uint64_t offset() const { return offset_; }
+
+    /// Empty unless next() stopped because of a fault. Hands the fault over.
+    ErrorPtr error() { return std::move(error_); }
+    /// A fault in the current line.
+    ErrorPtr fault(Interfaces::ErrorCode code, std::string found, std::string expected) const;
+
+    std::uint64_t fileSize() const { return file_.size(); }
+    const std::string& fileName() const { return file_.name(); }
+
+  private:
+    bool nextRaw();
+    bool fill();
+    void skipByteOrderMark();
+
+    InputFile file_;
+    std::vector<char> buffer_;
+    std::size_t begin_ = 0;           ///< of what is not handed out yet, in the buffer
+    std::size_t end_ = 0;             ///< of what is read, in the buffer
+    std::uint64_t bufferOffset_ = 0;  ///< where the buffer's first byte stands in the file
+    std::uint64_t nextLine_ = 1;
+    std::string_view text_;
+    std::uint64_t line_ = 0;
+    std::uint64_t offset_ = 0;
+    ErrorPtr error_;
+};
+
+}  // namespace Ovr::Formats

@@ -1,0 +1,264 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#include "las/LasHeader.h"
+
+#include <algorithm>
+#include <cmath>
+#include <span>
+#include <string_view>
+
+#include "kit/LittleEndian.h"
+#include "kit/TextFields.h"
+
+namespace Ovr::Formats {
+
+using Interfaces::ErrorCode;
+
+namespace {
+
+constexpr std::string_view kSignature = "LASF";
+constexpr unsigned kHighestMinorVersion = 4;
+/// Of LAS 1.0 to 1.4 [bytes].
+constexpr std::array<std::size_t, kHighestMinorVersion + 1> kHeaderSizes{227, 227, 227, 235, 375};
+constexpr std::size_t kVlrHeaderSize = 54;
+constexpr std::size_t kVlrLengthOffset = 20;
+constexpr unsigned kCompressionBits = 0xC0;  // of the format byte, set by compressors
+constexpr unsigned kAdjustedTimeBit = 1;     // of the global encoding
+/// Coordinates beyond this do not fit the point set's single precision.
+constexpr double kLargestCoordinate = 1e30;  // [m]
+
+constexpr std::array<LasRecordLayout, kLasHighestFormat + 1> kLayouts{{
+    {20, {}, {}},
+    {28, 20, {}},
+    {26, {}, 20},
+    {34, 20, 28},
+    {57, 20, {}},
+    {63, 20, 28},
+    {30, 22, {}},
+    {36, 22, 30},
+    {38, 22, 30},
+    {59, 22, {}},
+    {67, 22, 30},
+}};
+
+/// A text field of fixed length: up to the first zero byte, printable ASCII, without blanks behind.
+std::string identifier(const char* field) {
+    std::string text(field, std::find(field, field + kLasIdentifierLength, '\0'));
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return c < ' ' || c > '~'; }, '?');
+    return std::string(trimmed(text));
+}
+
+class HeaderParser {
+  public:
+    HeaderParser(InputFile& file, LasHeader& header, Remarks& remarks)
+        : file_(file), header_(header), remarks_(remarks) {}
+
+    ErrorPtr parse();
+
+  private:
+    template <typename T>
+    T at(std::size_t place) const {
+        return loadLittle<T>(bytes_.data() + place);
+    }
+    std::uint64_t pointBytes() const {
+        return file_.size() - std::min<std::uint64_t>(file_.size(), header_.pointOffset);
+    }
+
+    ErrorPtr readBytes();
+    ErrorPtr checkVersion() const;
+    ErrorPtr checkSizes();
+    ErrorPtr checkFormat();
+    ErrorPtr checkCount();
+    ErrorPtr checkCoordinates();
+    void walkVariableLengthRecords();
+
+    InputFile& file_;
+    LasHeader& header_;
+    Remarks& remarks_;
+    std::array<char, kHeaderSizes.back()> bytes_{};
+};
+
+ErrorPtr HeaderParser::parse() {
+    for (const auto step :
+         {&HeaderParser::readBytes, &HeaderParser::checkSizes, &HeaderParser::checkFormat,
+          &HeaderParser::checkCount, &HeaderParser::checkCoordinates}) {
+        if (ErrorPtr error = (this->*step)()) {
+            return error;
+        }
+    }
+    // LAS 1.0 and 1.1 know only week seconds and keep other things in these bits.
+    header_.adjustedTime = header_.minorVersion >= 2 &&
+                           (at<std::uint16_t>(LasField::kEncoding) & kAdjustedTimeBit) != 0;
+    header_.systemIdentifier = identifier(bytes_.data() + LasField::kSystem);
+    header_.generatingSoftware = identifier(bytes_.data() + LasField::kSoftware);
+    walkVariableLengthRecords();
+    return nullptr;
+}
+
+ErrorPtr HeaderParser::readBytes() {
+    const std::size_t got = file_.readAt(0, bytes_);
+    const std::string_view signature(bytes_.data(), std::min(got, kSignature.size()));
+    if (signature != kSignature) {
+        return file_.fault(ErrorCode::WrongFormat, 0, inQuotes(signature),
+                           "'LASF', with which a LAS file begins");
+    }
+    if (got > LasField::kMinorVersion) {
+        if (ErrorPtr error = checkVersion()) {
+            return error;
+        }
+    }
+    header_.minorVersion = at<std::uint8_t>(LasField::kMinorVersion);
+    const std::size_t needed = kHeaderSizes[std::min(header_.minorVersion, kHighestMinorVersion)];
+    if (got < needed) {
+        return file_.fault(ErrorCode::Truncated, got, "the end of the file",
+                           "a header of " + std::to_string(needed) + " bytes");
+    }
+    return nullptr;
+}
+
+ErrorPtr HeaderParser::checkVersion() const {
+    const auto major = at<std::uint8_t>(LasField::kMajorVersion);
+    const auto minor = at<std::uint8_t>(LasField::kMinorVersion);
+    if (major == 1 && minor <= kHighestMinorVersion) {
+        return nullptr;
+    }
+    return file_.fault(ErrorCode::Unsupported, LasField::kMajorVersion,
+                       "LAS version " + std::to_string(major) + "." + std::to_string(minor),
+                       "1.0 to 1.4");
+}
+
+ErrorPtr HeaderParser::checkSizes() {
+    const auto headerSize = at<std::uint16_t>(LasField::kHeaderSize);
+    const std::size_t smallest = kHeaderSizes[header_.minorVersion];
+    if (headerSize < smallest) {
+        return file_.fault(ErrorCode::InvalidValue, LasField::kHeaderSize,
+                           "a header size of " + std::to_string(headerSize),
+                           "at least " + std::to_string(smallest));
+    }
+    header_.pointOffset = at<std::uint32_t>(LasField::kPointOffset);
+    if (header_.pointOffset < headerSize) {
+        return file_.fault(
+            ErrorCode::InvalidValue, LasField::kPointOffset,
+            "a point offset of " + std::to_string(header_.pointOffset) + ", inside the header",
+            "at least " + std::to_string(headerSize));
+    }
+    if (header_.pointOffset > file_.size()) {
+        return file_.fault(
+            ErrorCode::Truncated, LasField::kPointOffset,
+            "a point offset of " + std::to_string(header_.pointOffset) + ", past the end",
+            "at most the file's " + countText(file_.size(), "byte"));
+    }
+    return nullptr;
+}
+
+ErrorPtr HeaderParser::checkFormat() {
+    const auto byte = at<std::uint8_t>(LasField::kFormat);
+    if ((byte & kCompressionBits) != 0) {
+        return file_.fault(ErrorCode::Unsupported, LasField::kFormat,
+                           "compressed points (format byte " + std::to_string(byte) + ")",
+                           "uncompressed LAS");
+    }
+    if (byte > kLasHighestFormat) {
+        return file_.fault(ErrorCode::Unsupported, LasField::kFormat,
+                           "point format " + std::to_string(byte),
+                           "0 to " + std::to_string(kLasHighestFormat));
+    }
+    header_.format = byte;
+    header_.recordLength = at<std::uint16_t>(LasField::kRecordLength);
+    const std::size_t needed = lasRecordLayout(byte).length;
+    if (header_.recordLength < needed) {
+        return file_.fault(
+            ErrorCode::InvalidValue, LasField::kRecordLength,
+            "a record length of " + std::to_string(header_.recordLength),
+            "at least " + std::to_string(needed) + " for point format " + std::to_string(byte));
+    }
+    return nullptr;
+}
+
+ErrorPtr HeaderParser::checkCount() {
+    const std::uint64_t narrow = at<std::uint32_t>(LasField::kCount);
+    const std::uint64_t wide =
+        header_.minorVersion >= 4 ? at<std::uint64_t>(LasField::kWideCount) : std::uint64_t{0};
+    header_.count = wide != 0 ? wide : narrow;
+    const std::uint64_t fitting = pointBytes() / header_.recordLength;
+    if (header_.count > fitting) {
+        return file_.fault(ErrorCode::Truncated,
+                           wide != 0 ? LasField::kWideCount : LasField::kCount,
+                           "a count of " + countText(header_.count, "point"),
+                           "at most " + std::to_string(fitting) + ", for which the file has room");
+    }
+    if (wide != 0 && narrow != 0 && wide != narrow) {
+        remarks_.warn(file_.name() + ": the header counts " + std::to_string(wide) +
+                      " points in 64 bits and " + std::to_string(narrow) +
+                      " in 32 bits; the first is taken");
+    }
+    if (header_.count == 0) {
+        remarks_.warn(file_.name() + ": no point in the file");
+    }
+    return nullptr;
+}
+
+ErrorPtr HeaderParser::checkCoordinates() {
+    constexpr double kLargestRaw = 2147483648.0;
+    constexpr std::string_view kAxes = "xyz";
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        const std::string name(1, kAxes[axis]);
+        const std::size_t scaleAt = LasField::kScale + 8 * axis;
+        const std::size_t offsetAt = LasField::kOffset + 8 * axis;
+        const double scale = at<double>(scaleAt);
+        const double offset = at<double>(offsetAt);
+        if (!std::isfinite(scale) || scale == 0.0) {
+            return file_.fault(ErrorCode::InvalidValue, scaleAt,
+                               "a scale of " + numberText(scale) + " for " + name,
+                               "a finite number other than 0");
+        }
+        if (!std::isfinite(offset) ||
+            std::abs(offset) + kLargestRaw * std::abs(scale) > kLargestCoordinate) {
+            return file_.fault(ErrorCode::InvalidValue, offsetAt,
+                               "an offset of " + numberText(offset) + " and a scale of " +
+                                   numberText(scale) + " for " + name,
+                               "coordinates within " + numberText(kLargestCoordinate) + " m");
+        }
+        header_.scale[axis] = scale;
+        header_.offset[axis] = offset;
+        header_.maximum[axis] = at<double>(LasField::kBounds + 16 * axis);
+        header_.minimum[axis] = at<double>(LasField::kBounds + 16 * axis + 8);
+    }
+    return nullptr;
+}
+
+/// Nothing in the variable-length records is needed to place the points, so a broken chain only
+/// earns a warning: the point offset stands on its own.
+void HeaderParser::walkVariableLengthRecords() {
+    const auto count = at<std::uint32_t>(LasField::kVlrCount);
+    std::uint64_t place = at<std::uint16_t>(LasField::kHeaderSize);
+    std::array<char, kVlrHeaderSize> record{};
+    for (std::uint32_t i = 0; i < count; ++i) {
+        const std::uint64_t begin = place;
+        place += kVlrHeaderSize;
+        if (place <= header_.pointOffset && file_.readAt(begin, record) == record.size()) {
+            place += loadLittle<std::uint16_t>(record.data() + kVlrLengthOffset);
+        }
+        if (place > header_.pointOffset) {
+            remarks_.warn(file_.name() + ": byte " + std::to_string(begin) +
+                          ": variable-length record " + std::to_string(i + 1) + " of " +
+                          std::to_string(count) +
+                          " reaches into the points; skipped with those behind it");
+            return;
+        }
+    }
+}
+
+}  // namespace
+
+const LasRecordLayout& lasRecordLayout(unsigned format) {
+    return kLayouts[format];
+}
+
+ErrorPtr readLasHeader(InputFile& file, LasHeader& header, Remarks& remarks) {
+    return HeaderParser(file, header, remarks).parse();
+}
+
+}  // namespace Ovr::Formats

@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <array>
+
+#include "Ovr/ScanFormat.h"
+#include "Ovr/ScanSource.h"
+#include "Tq/Vec3d.h"
+#include "kit/InputFile.h"
+#include "kit/PointClock.h"
+#include "kit/PointSink.h"
+#include "kit/WorkWatch.h"
+#include "las/LasBlocks.h"
+#include "las/LasHeader.h"
+
+namespace Ovr::Formats {
+
+/// Loads the points of a LAS file into a point set, block by block.
+class LasPointLoader {
+  public:
+    /// All are kept by reference.
+    LasPointLoader(InputFile& file, const LasHeader& header, const ScanSource& source);
+
+    ErrorPtr load(const LoadTarget& target, StatisticsReport& statistics);
+
+  private:
+    enum class ColorDepth { Eight, Sixteen };
+    /// What a pass over the points notices.
+    struct Noticed {
+        std::array<double, 3> largest{};  ///< coordinate relative to the origin, unsigned [m]
+        TimeRange times;                  ///< as the file has them
+        bool oddTime = false;             ///< some time is no finite number
+    };
+
+    ErrorPtr chooseOrigin();
+    ErrorPtr pass(PointSink& sink, std::uint64_t count, WorkWatch& watch, bool& again);
+    bool hasWideColor(const LasBlocks& blocks) const;
+    void putBlock(const LasBlocks& blocks, PointSink& sink);
+    void noticeTime(double time);
+    void reportPrecision(Remarks& remarks) const;
+    void fillMetaData(VardexLib::CorvinMetaData& metaData) const;
+
+    InputFile& file_;
+    const LasHeader& header_;
+    const ScanSource& source_;
+    LasRecordLayout layout_;
+    Tq_1_1::Vec3d<double> origin_;
+    ColorDepth depth_ = ColorDepth::Eight;
+    Noticed noticed_;
+};
+
+}  // namespace Ovr::Formats

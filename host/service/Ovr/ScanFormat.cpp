@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#include "Ovr/ScanFormat.h"
+
+#include <utility>
+
+namespace Ovr {
+
+IScanReader::IScanReader(ScanSource source) : source_(std::move(source)) {}
+
+IScanReader::~IScanReader() = default;
+
+std::optional<Tq_1_1::Vec3d<double>> IScanReader::place() {
+    return std::nullopt;
+}
+
+ErrorPtr IScanReader::loadTimes(const TimeTarget& /*target*/) {
+    return makeError(Interfaces::ErrorCode::NoTimes,
+                     {source_.file.string(), "", "a file whose points have no time", ""});
+}
+
+IScanFormat::~IScanFormat() = default;
+
+}  // namespace Ovr

@@ -1,0 +1,178 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <filesystem>
+
+#include "kit/PointClock.h"
+#include "las/LasWriter.h"
+
+#include "commands/Command.h"
+#include "report/Failure.h"
+#include "report/PointSummary.h"
+#include "session/Interrupt.h"
+#include "session/MobileScan.h"
+#include "session/ModuleSession.h"
+#include "session/ProjectImport.h"
+
+namespace ScanHost {
+
+namespace {
+
+/// Longest wait for the points' write lock [ms].
+constexpr int kLockTimeout = 5000;
+/// Points between two looks at progress and Ctrl-C.
+constexpr std::uint64_t kPointsPerStep = 65536;
+
+/// Time of a point [s, scan time].
+double timeAt(const Vardex::CorvinMobilePointSet& points, std::uint64_t index) {
+    const auto [col, row] = points.getColRow(index);
+    double seconds = 0.0;
+    points.getScanPtTime(row, col, seconds);
+    return seconds;
+}
+
+/// Points that have the same time as a neighbour. Requires: the points are in the order of time.
+std::uint64_t countSharedTimes(const Vardex::CorvinMobilePointSet& points) {
+    const std::uint64_t count = points.getNumPoints();
+    std::uint64_t shared = 0;
+    bool sameAsBefore = false;
+    for (std::uint64_t i = 0; i < count; ++i) {
+        const bool sameAsNext = i + 1 < count && timeAt(points, i) == timeAt(points, i + 1);
+        shared += sameAsBefore || sameAsNext ? 1U : 0U;
+        sameAsBefore = sameAsNext;
+    }
+    return shared;
+}
+
+/// The finest power of ten [m] with which a LAS file's 32 bits reach every point.
+double scaleFor(const PointSummary& summary, const std::array<double, 3>& offset) {
+    constexpr double kFinest = 0.00001;
+    if (summary.returns == 0) {
+        return kFinest;
+    }
+    double reach = 0.0;
+    for (std::size_t i = 0; i < 3; ++i) {
+        reach = std::max({reach, std::abs(summary.bounds[i].low - offset[i]),
+                          std::abs(summary.bounds[i].high - offset[i])});
+    }
+    double scale = kFinest;
+    while (reach / scale > 2.0e9) {
+        scale *= 10.0;
+    }
+    return scale;
+}
+
+bool isAdjustedGpsTime(double first, double duration) {
+    return Ovr::Formats::clockKind({first, first + duration, false}) ==
+           Ovr::Formats::ClockKind::AdjustedGps;
+}
+
+class SortCommand final : public Command {
+  public:
+    std::string name() const override { return "sort"; }
+    std::string summary() const override {
+        return "Write the points in the order in which they were measured, as LAS with time";
+    }
+    void declare(CLI::App& app) override {
+        addScan(app, scan_);
+        app.add_option_function<std::string>(
+               "-o,--output", [this](const std::string& path) { output_ = path; }, "File to write")
+            ->type_name("OUT.las")
+            ->required();
+    }
+    void run(const CommonOptions& common, Console& console) override {
+        ModuleSession session(common.module);
+        const ImportedScan scan = importOne(session, console, scan_);
+        MobileScan mobile(scan, console);
+        mobile.loadTrajectory();
+        mobile.requireTimes();
+        sortPoints(mobile.points(), scan.name);
+        Interrupt::check();
+        const double zero = mobile.points().getMobileScanData().getTimeZero().value_or(0.0);
+        const std::uint64_t written = write(scan, mobile.points(), zero, console);
+        const std::uint64_t shared = countSharedTimes(mobile.points());
+        Report report(scan.name);
+        report.addHidden("scan", scan.name);
+        report.addText("file", "written to", output_.string());
+        report.addCount("points", "points", written);
+        report.addCount("sharingTime", "sharing their time with another", shared);
+        report.addNumber("timeZero", "scan time 0 is written as", zero, 6, " s");
+        report.addText("order", "order",
+                       "by time; points of one time are in no particular order, and places in "
+                       "the grid are ranks in time, no longer those of measurement");
+        console.show(report);
+    }
+
+  private:
+    static void sortPoints(Vardex::CorvinMobilePointSet& points, const std::string& name) {
+        const Hx::PointWriteLock lock = points.lockPoints(kLockTimeout);
+        if (!lock.isHeld()) {
+            throw Failure(name + ": the points are in use");
+        }
+        points.sortScanPointsByTime(lock);
+    }
+
+    std::uint64_t write(const ImportedScan& scan, const Vardex::CorvinMobilePointSet& points,
+                        double zero, Console& console) const {
+        const Tq_1_1::Mat4d<double> toWorld = scan.toWorld();
+        const PointSummary summary = summarize(points, toWorld);
+        Ovr::Formats::LasWriterSettings settings;
+        settings.expectedCount = points.getNumPoints();
+        settings.colored = summary.withColor > 0;
+        settings.offset = {toWorld(0, 3), toWorld(1, 3), toWorld(2, 3)};
+        settings.scale.fill(scaleFor(summary, settings.offset));
+        settings.adjustedTime = isAdjustedGpsTime(zero, points.getMaxScanPointTime());
+        settings.generatingSoftware = "scanhost";
+        Ovr::Formats::LasWriter writer;
+        requireOk(writer.open(output_, settings));
+        const ProgressTask task(console.progress(), output_.string() + ": writing points");
+        const std::uint64_t count = points.getNumPoints();
+        for (std::uint64_t index = 0; index < count; ++index) {
+            if (index % kPointsPerStep == 0) {
+                Interrupt::check();
+                if (console.progress()) {
+                    console.progress()->setFraction(static_cast<double>(index) /
+                                                    static_cast<double>(count));
+                }
+            }
+            requireOk(writer.write(lasPoint(points, index, toWorld, zero)));
+        }
+        Interrupt::check();
+        requireOk(writer.finish());
+        return writer.count();
+    }
+
+    static Ovr::Formats::LasPoint lasPoint(const Vardex::CorvinMobilePointSet& points,
+                                           std::uint64_t index,
+                                           const Tq_1_1::Mat4d<double>& toWorld, double zero) {
+        const Hx::PointSet::ScanPt& point = points.getScanPt(index);
+        Ovr::Formats::LasPoint las;
+        las.position = toWorld.transform(positionOf(point));
+        las.time = zero + timeAt(points, index);
+        // Beside a colour the record of a file without intensity has none to write.
+        if (points.hasSeparateReflection() || !point.hasColor()) {
+            las.intensity = points.getReflection(index);
+        }
+        if (point.hasColor()) {
+            for (std::size_t i = 0; i < las.color.size(); ++i) {
+                las.color[i] = Ovr::Formats::wideChannel(point.color[i]);
+            }
+        }
+        return las;
+    }
+
+    ScanOptions scan_;
+    std::filesystem::path output_;
+};
+
+}  // namespace
+
+std::unique_ptr<Command> makeSortCommand() {
+    return std::make_unique<SortCommand>();
+}
+
+}  // namespace ScanHost

@@ -1,0 +1,94 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <optional>
+
+#include "commands/Command.h"
+#include "report/NumberText.h"
+#include "session/MobileScan.h"
+#include "session/ModuleSession.h"
+#include "session/ProjectImport.h"
+
+namespace ScanHost {
+
+namespace {
+
+constexpr int kMetreDigits = 4;
+constexpr int kSecondDigits = 6;
+
+/// Distance in time to the nearest trajectory node [s].
+double distanceToNode(const MobileScan& mobile, double seconds) {
+    const double start = mobile.nodes().front().time;
+    double nearest = std::numeric_limits<double>::infinity();
+    for (const Ovr::VardexLib::TrajectoryNode& node : mobile.nodes()) {
+        nearest = std::min(nearest, std::abs(node.time - start - seconds));
+    }
+    return nearest;
+}
+
+std::vector<Table::Cell> rowOf(const MobileScan& mobile, const Tq_1_1::Mat4d<double>& toWorld,
+                               double seconds) {
+    std::vector<Table::Cell> row{{jsonNumber(seconds), shortText(seconds)}};
+    const std::optional<Tq_1_1::Vec3d<double>> position =
+        mobile.pointTimes()->getRecordingPositionForTime(seconds);
+    if (!position) {
+        row.insert(row.end(), 4, {Json::Value(), "outside"});
+        return row;
+    }
+    const Tq_1_1::Vec3d<double> world = toWorld.transform(*position);
+    for (std::size_t i = 0; i < 3; ++i) {
+        row.push_back({jsonNumber(world[i]), fixedText(world[i], kMetreDigits)});
+    }
+    const double away = distanceToNode(mobile, seconds);
+    row.push_back({jsonNumber(away), fixedText(away, kSecondDigits)});
+    return row;
+}
+
+class WhereCommand final : public Command {
+  public:
+    std::string name() const override { return "where"; }
+    std::string summary() const override {
+        return "Where the scanner was at times since the start of the scan";
+    }
+    void declare(CLI::App& app) override {
+        addScan(app, scan_);
+        addNumbers(app, "--at", times_, "SECONDS...", "Scan times; one or more")->required();
+    }
+    void run(const CommonOptions& common, Console& console) override {
+        ModuleSession session(common.module);
+        const ImportedScan scan = importOne(session, console, scan_);
+        MobileScan mobile(scan, console);
+        mobile.requireTrajectory();
+        mobile.requireDuration();
+        Report report(scan.name);
+        report.addHidden("scan", scan.name);
+        report.addNumber("duration", "duration", mobile.duration(), kSecondDigits, " s");
+        Table table{{{"time", "time [s]"},
+                     {"x", "x [m]"},
+                     {"y", "y [m]"},
+                     {"z", "z [m]"},
+                     {"timeToNearestNode", "nearest node away by [s]"}},
+                    {}};
+        const Tq_1_1::Mat4d<double> toWorld = scan.toWorld();
+        for (const double seconds : times_) {
+            table.rows.push_back(rowOf(mobile, toWorld, seconds));
+        }
+        report.addTable("positions", "positions", std::move(table));
+        console.show(report);
+    }
+
+  private:
+    ScanOptions scan_;
+    std::vector<double> times_;
+};
+
+}  // namespace
+
+std::unique_ptr<Command> makeWhereCommand() {
+    return std::make_unique<WhereCommand>();
+}
+
+}  // namespace ScanHost

@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#include "picture/ScanPictures.h"
+
+#include "kit/AtomicFile.h"
+
+#include "session/MobileScan.h"
+
+namespace ScanHost {
+
+namespace {
+
+void write(const Picture& picture, const std::filesystem::path& file) {
+    const std::string bytes = picture.png();
+    Ovr::Formats::AtomicFile output;
+    requireOk(output.open(file));
+    output.stream().write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    requireOk(output.commit());
+}
+
+std::filesystem::path panoramaFile(const std::filesystem::path& file, std::size_t number) {
+    std::filesystem::path beside = file;
+    beside.replace_filename(file.stem().string() + "-panorama-" + std::to_string(number) +
+                            file.extension().string());
+    return beside;
+}
+
+}  // namespace
+
+std::vector<PictureFile> drawScans(const std::vector<ImportedScan>& scans,
+                                   const std::filesystem::path& file) {
+    std::vector<PictureFile> pictures(1);
+    pictures[0].file = file;
+    write(topView(scans, pictures[0].shows), file);
+    std::size_t number = 0;
+    for (const ImportedScan& scan : scans) {
+        ++number;
+        if (!MobileScan::isMobile(scan) && scan.pointSet->getNumPoints() > 0) {
+            const std::filesystem::path beside = panoramaFile(file, number);
+            write(panorama(*scan.pointSet), beside);
+            pictures.push_back({beside, "panorama of " + scan.name});
+        }
+    }
+    return pictures;
+}
+
+}  // namespace ScanHost

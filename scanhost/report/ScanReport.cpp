@@ -1,0 +1,310 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#include "report/ScanReport.h"
+
+#include <cmath>
+#include <cstdint>
+
+#include "Hx/PointSetOps.h"
+#include "Hx/Time.h"
+
+#include "report/DateText.h"
+#include "report/Failure.h"
+#include "report/NumberText.h"
+#include "report/PointSummary.h"
+#include "session/MobileScan.h"
+#include "stance/CorvinStancePointSet.h"
+
+namespace ScanHost {
+
+namespace {
+
+constexpr int kMetreDigits = 4;
+constexpr int kSecondDigits = 6;
+constexpr int kRotationDigits = 6;
+
+std::string utf8(const Tq_1_1::String& text) {
+    return text.toUtf8();
+}
+
+void describeRecord(const ImportedScan& scan, Report& report) {
+    const Vardex::PointRecordLayout layout = scan.pointSet->getRecordLayout();
+    const std::uint64_t bytes = Vardex::recordSize(layout);
+    Json::Value value;
+    value["layout"] = layoutName(layout);
+    value["bytesPerPoint"] = Json::UInt64{bytes};
+    report.add("record", "record", value,
+               layoutName(layout) + ", " + std::to_string(bytes) + " bytes per point");
+}
+
+template <typename Value>
+std::string rangeText(const Range<Value>& range, int digits) {
+    return fixedText(static_cast<double>(range.low), digits) + " .. " +
+           fixedText(static_cast<double>(range.high), digits);
+}
+
+template <typename Value, std::size_t count>
+Json::Value jsonRanges(const std::array<Range<Value>, count>& ranges) {
+    Json::Value value;
+    for (const Range<Value>& range : ranges) {
+        value["min"].append(range.low);
+        value["max"].append(range.high);
+    }
+    return value;
+}
+
+void describeBounds(const PointSummary& summary, Report& report) {
+    if (summary.returns == 0) {
+        report.addNone("bounds", "bounds", "none, no point has a return");
+        return;
+    }
+    report.add("bounds", "bounds [m]", jsonRanges(summary.bounds),
+               "x " + rangeText(summary.bounds[0], kMetreDigits) + ", y " +
+                   rangeText(summary.bounds[1], kMetreDigits) + ", z " +
+                   rangeText(summary.bounds[2], kMetreDigits));
+}
+
+void describeLight(const PointSummary& summary, Report& report) {
+    if (summary.withReflection == 0) {
+        report.addNone("reflection", "reflection", "none");
+    } else {
+        Json::Value value;
+        value["min"] = summary.reflection.low;
+        value["max"] = summary.reflection.high;
+        value["mean"] = summary.meanReflection;
+        value["points"] = Json::UInt64{summary.withReflection};
+        report.add(
+            "reflection", "reflection", value,
+            rangeText(summary.reflection, 0) + ", mean " + fixedText(summary.meanReflection, 1));
+    }
+    if (summary.withColor == 0) {
+        report.addNone("color", "colour", "none");
+    } else {
+        Json::Value value = jsonRanges(summary.channels);
+        value["points"] = Json::UInt64{summary.withColor};
+        report.add("color", "colour", value,
+                   "red " + rangeText(summary.channels[0], 0) + ", green " +
+                       rangeText(summary.channels[1], 0) + ", blue " +
+                       rangeText(summary.channels[2], 0));
+    }
+}
+
+void describePoints(const ImportedScan& scan, Report& report) {
+    const PointSummary summary = summarize(*scan.pointSet, scan.toWorld());
+    report.addCount("points", "points", summary.returns);
+    report.addCount("cellsWithoutReturn", "without a return", summary.cells - summary.returns);
+    describeRecord(scan, report);
+    describeBounds(summary, report);
+    describeLight(summary, report);
+    if (summary.withNormal > 0) {
+        report.addCount("normals", "points with normal", summary.withNormal);
+    }
+}
+
+std::string matrixLines(const Tq_1_1::Mat4d<double>& matrix) {
+    std::string lines;
+    for (std::size_t row = 0; row < 3; ++row) {
+        for (std::size_t col = 0; col < 4; ++col) {
+            const std::string number =
+                fixedText(matrix(row, col), col < 3 ? kRotationDigits : kMetreDigits);
+            const std::size_t width = col < 3 ? 10 : 16;
+            lines += std::string(width > number.size() ? width - number.size() : 1, ' ') + number;
+        }
+        lines += '\n';
+    }
+    return lines;
+}
+
+void describePlacement(const ImportedScan& scan, Report& report) {
+    const Tq_1_1::Mat4d<double> toWorld = scan.toWorld();
+    if (const auto stance =
+            std::dynamic_pointer_cast<Vardex::CorvinStancePointSet>(scan.pointSet)) {
+        const Tq_1_1::Mat4d<double> pose = stance->getSlamPose();
+        report.addBlock("slamPose", "SLAM pose (rotation, position)", jsonMatrix(pose),
+                        matrixLines(pose));
+        report.addHidden("placement", jsonMatrix(toWorld));
+    } else {
+        report.add("placement", "placed at [m]", jsonMatrix(toWorld),
+                   pointText({toWorld(0, 3), toWorld(1, 3), toWorld(2, 3)}, kMetreDigits));
+    }
+}
+
+void addKnown(Report& report, const std::string& key, const std::string& label,
+              const std::string& value) {
+    if (value.empty()) {
+        report.addHidden(key, Json::Value());
+    } else {
+        report.addText(key, label, value);
+    }
+}
+
+void describeMetadata(const ImportedScan& scan, Report& report) {
+    Vardex::CorvinPointSet& points = *scan.pointSet;
+    const Ovr::VardexLib::CorvinMetaData& data = points.getCachedMetaData();
+    addKnown(report, "scannerModel", "scanner", data.ScannerModel());
+    addKnown(report, "serialNumber", "serial number", data.ScannerSerialNumber());
+    addKnown(report, "firmware", "firmware", data.ScannerFirmwareVersion());
+    addKnown(report, "software", "software", data.ProcessingSoftwareVersion());
+    addKnown(report, "vendor", "vendor", data.ScannerVendor());
+    if (const auto time = points.getScanRecordingTime()) {
+        report.add("recordingTime", "recorded", jsonNumber(time->getTime()),
+                   dateText(time->getTime()));
+    } else {
+        report.addHidden("recordingTime", Json::Value());
+    }
+    const Hx::Uuid session = points.getRecordingSessionId();
+    addKnown(report, "sessionId", "session",
+             session.isDefault() ? std::string() : utf8(session.toStr()));
+}
+
+void describeAnswers(const ImportedScan& scan, Report& report) {
+    const Hx::PointSet& points = *scan.pointSet;
+    const Tq_1_1::HxClass* type = points.getClassType();
+    const auto settingsId = Hx::PointSetOps::PreProcess::htmlUISettingsId.find(type);
+    addKnown(report, "settingsId", "settings page",
+             settingsId != nullptr ? utf8(settingsId(&points)) : std::string());
+    const auto reliable =
+        Hx::SphericalCoordinateEstimation::Operations::hasReliableSphericalEstimation.find(type);
+    report.addFlag("reliableSphericalEstimation", "reliable spherical grid",
+                   reliable != nullptr && reliable());
+    const auto times = Hx::IScanPointTimes::Operations::hasScanPointTimes.find(type);
+    report.addFlag("hasPointTimes", "answers point times",
+                   times != nullptr && times(scan.pointSet) != nullptr);
+    report.addFlag("isPointCloud", "point cloud", points.isPointCloud());
+    if (const std::optional<double> accuracy = points.getPointAccuracy()) {
+        report.addNumber("pointAccuracy", "point accuracy", *accuracy, 3, " m");
+    }
+}
+
+void describeTrajectory(const MobileScan& mobile, Report& report) {
+    Report& trajectory = report.group("trajectory", "trajectory");
+    const auto& nodes = mobile.nodes();
+    trajectory.addCount("nodes", "nodes", nodes.size());
+    trajectory.addNumber("pathLength", "path length", mobile.pathLength(), kMetreDigits, " m");
+    trajectory.addNumber("firstTime", "first node at", nodes.front().time, kSecondDigits, " s");
+    trajectory.addNumber("lastTime", "last node at", nodes.back().time, kSecondDigits, " s");
+}
+
+void describeTimes(const MobileScan& mobile, Report& report) {
+    Range<double> range;
+    const int cols = mobile.points().getNumCols();
+    for (int row = 0; row < mobile.points().getNumRows(); ++row) {
+        for (int col = 0; col < cols; ++col) {
+            double seconds = 0.0;
+            if (mobile.points().getScanPtTime(row, col, seconds)) {
+                range.add(seconds);
+            }
+        }
+    }
+    Report& times = report.group("times", "point times");
+    times.addNumber("duration", "duration", mobile.duration(), kSecondDigits, " s");
+    Json::Value notes(Json::arrayValue);
+    std::string lines;
+    for (const std::string& note : mobile.points().getMobileScanData().getNotes()) {
+        notes.append(printable(note));
+        lines += (lines.empty() ? "" : "; ") + printable(note);
+    }
+    if (lines.empty()) {
+        times.addHidden("notes", notes);
+    } else {
+        times.add("notes", "noticed", notes, lines);
+    }
+    if (range.isEmpty()) {
+        return;
+    }
+    times.addNumber("first", "earliest point", range.low, kSecondDigits, " s");
+    times.addNumber("last", "latest point", range.high, kSecondDigits, " s");
+    const auto layout = mobile.points().getRecordLayout();
+    times.addCount("bytesPerPoint", "bytes per point now", Vardex::recordSize(layout));
+}
+
+void describeLoadedTrajectory(const ImportedScan& scan, MobileScan& mobile, Report& report,
+                              Console& console) {
+    try {
+        if (mobile.loadTrajectory()) {
+            describeTrajectory(mobile, report);
+        } else {
+            report.addNone("trajectory", "trajectory", "none");
+        }
+    } catch (const Failure& failure) {
+        if (failure.code() == ExitCode::Cancelled || scan.trajectoryNamed) {
+            throw;
+        }
+        console.warn(failure.what());
+        report.addNone("trajectory", "trajectory", "not readable, see the warning");
+    }
+}
+
+void describeLoadedTimes(MobileScan& mobile, Report& report, Console& console) {
+    try {
+        if (mobile.loadTimes()) {
+            describeTimes(mobile, report);
+        } else {
+            report.addNone("times", "point times", "none in the file");
+        }
+    } catch (const Failure& failure) {
+        if (failure.code() == ExitCode::Cancelled) {
+            throw;
+        }
+        console.warn(failure.what());
+        report.addNone("times", "point times", "not loaded, see the warning");
+    }
+}
+
+}  // namespace
+
+void describeScan(const ImportedScan& scan, Report& report, Console& console) {
+    const Vardex::CorvinPointSet& points = *scan.pointSet;
+    report.addHidden("name", printable(scan.name));
+    report.addText("id", "id", utf8(points.getId()));
+    report.addText("file", "file", scan.source.file.string());
+    report.addText("class", "class", utf8(points.getClassType()->getName()));
+    report.addHidden("classIdentifier", scan.classIdentifier);
+    const int rows = points.getNumRows();
+    const int cols = points.getNumCols();
+    report.addHidden("rows", rows);
+    report.addHidden("columns", cols);
+    report.add("cells", "grid", Json::UInt64{points.getNumPoints()},
+               countText(static_cast<std::uint64_t>(rows), "row", "rows") + " x " +
+                   countText(static_cast<std::uint64_t>(cols), "column", "columns"));
+    describePoints(scan, report);
+    describePlacement(scan, report);
+    describeMetadata(scan, report);
+    describeAnswers(scan, report);
+    if (MobileScan::isMobile(scan)) {
+        MobileScan mobile(scan, console);
+        describeLoadedTrajectory(scan, mobile, report, console);
+        describeLoadedTimes(mobile, report, console);
+    }
+}
+
+std::string layoutName(Vardex::PointRecordLayout layout) {
+    switch (layout) {
+        case Vardex::PointRecordLayout::Plain:
+            return "Plain";
+        case Vardex::PointRecordLayout::WithReflection:
+            return "WithReflection";
+        case Vardex::PointRecordLayout::WithTime:
+            return "WithTime";
+        case Vardex::PointRecordLayout::WithReflectionAndTime:
+            return "WithReflectionAndTime";
+        case Vardex::PointRecordLayout::None:
+            break;
+    }
+    return "None";
+}
+
+Json::Value jsonMatrix(const Tq_1_1::Mat4d<double>& matrix) {
+    Json::Value rows(Json::arrayValue);
+    for (std::size_t row = 0; row < 4; ++row) {
+        Json::Value numbers(Json::arrayValue);
+        for (std::size_t col = 0; col < 4; ++col) {
+            numbers.append(jsonNumber(matrix(row, col)));
+        }
+        rows.append(numbers);
+    }
+    return rows;
+}
+
+}  // namespace ScanHost

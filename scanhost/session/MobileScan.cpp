@@ -1,0 +1,103 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#include "session/MobileScan.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "Hx/ErrorConversion.h"
+#include "Ovr/Vardex/CorvinMobileScanData.h"
+
+#include "report/Failure.h"
+#include "session/Interrupt.h"
+
+namespace ScanHost {
+
+MobileScan::MobileScan(const ImportedScan& scan, Console& console)
+    : scan_(scan),
+      console_(console),
+      points_(std::dynamic_pointer_cast<Vardex::CorvinMobilePointSet>(scan.pointSet)) {
+    if (!points_) {
+        throw Failure(scan.source.file.string() +
+                      ": found a stationary scan, expected a mobile scan");
+    }
+}
+
+bool MobileScan::isMobile(const ImportedScan& scan) {
+    return std::dynamic_pointer_cast<Vardex::CorvinMobilePointSet>(scan.pointSet) != nullptr;
+}
+
+bool MobileScan::loadTrajectory() {
+    auto& scanData = points_->getMobileScanData();
+    requireOk(scanData.fetchTrajectory(nodes_));
+    console_.warn(scanData.getWarnings());
+    return !nodes_->empty();
+}
+
+void MobileScan::requireTrajectory() {
+    if (!loadTrajectory()) {
+        throw Failure(scan_.source.file.string() +
+                      ": found no trajectory, expected a NAME.txt or NAME.tum beside it that "
+                      "holds poses, or --trajectory FILE");
+    }
+}
+
+bool MobileScan::loadTimes() {
+    const ProgressTask task(console_.progress(), scan_.name + ": reading times");
+    Hx::clearLastErrorMessage();
+    const Hx::IOMessages::IOResult result = pointTimes()->loadScanPtTimes();
+    if (result == Hx::IOMessages::IO_NO_TIMES_IN_FILE) {
+        return false;
+    }
+    if (result == Hx::IOMessages::IO_TIME_RANGE) {
+        throw Failure(Hx::lastErrorMessage() + " (see --time-offset and --time-unit)");
+    }
+    requireOk(result, scan_.source.file.string());
+    console_.warn(points_->getIScanData().getWarnings());
+    Interrupt::check();
+    return true;
+}
+
+void MobileScan::requireTimes() {
+    if (!loadTimes()) {
+        throw Failure(Hx::lastErrorMessage());
+    }
+}
+
+void MobileScan::requireDuration() {
+    if (!loadTimes()) {
+        console_.warn(scan_.source.file.string() +
+                      ": the points carry no time; the scan lasts as long as its trajectory");
+        double last = nodes().front().time;
+        for (const Ovr::VardexLib::TrajectoryNode& node : nodes()) {
+            last = std::max(last, node.time);
+        }
+        points_->setMaxScanPointTime(last - nodes().front().time);
+    }
+}
+
+double MobileScan::pathLength() const {
+    double length = 0.0;
+    for (std::size_t i = 1; i < nodes().size(); ++i) {
+        length += distanceBetween(positionOf(nodes()[i - 1]), positionOf(nodes()[i]));
+    }
+    return length;
+}
+
+std::shared_ptr<Hx::IScanPointTimes> MobileScan::pointTimes() const {
+    const auto find =
+        Hx::IScanPointTimes::Operations::hasScanPointTimes.find(points_->getClassType());
+    std::shared_ptr<Hx::IScanPointTimes> times = find != nullptr ? find(points_) : nullptr;
+    if (!times) {
+        throw Failure(scan_.name + ": the module registered no point times for the scan's class");
+    }
+    return times;
+}
+
+double distanceBetween(const Tq_1_1::Vec3d<double>& a, const Tq_1_1::Vec3d<double>& b) {
+    const Tq_1_1::Vec3d<double> d = a - b;
+    return std::sqrt(d.x * d.x + d.y * d.y + d.z * d.z);
+}
+
+}  // namespace ScanHost

@@ -1,0 +1,159 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#include "session/ProjectImport.h"
+
+#include <cctype>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <variant>
+
+#include "Hx/ErrorConversion.h"
+#include "Hx/TypeConversion.h"
+#include "Tq/File.h"
+
+#include "report/Failure.h"
+#include "stance/CorvinStancePointSet.h"
+
+namespace ScanHost {
+
+namespace {
+
+using Ovr::ProjectScan;
+
+template <typename Setter>
+void setText(Vardex::CorvinPointSet& points, Setter set, const std::optional<std::string>& text) {
+    if (text) {
+        (points.*set)(Tq_1_1::String::fromUtf8(*text));
+    }
+}
+
+/// Hands what the project says of a scan to the module.
+void setMetadata(const ProjectScan& said, Vardex::CorvinPointSet& points) {
+    using Points = Vardex::CorvinPointSet;
+    setText(points, &Points::setScannerModel, said.scannerModel);
+    setText(points, &Points::setScannerSerialNo, said.serialNumber);
+    setText(points, &Points::setScannerFirmware, said.firmware);
+    setText(points, &Points::setScannerSoftware, said.software);
+    setText(points, &Points::setScannerVendor, said.vendor);
+    if (said.recordingTime) {
+        points.setRecordingTime(*said.recordingTime);
+    }
+    if (said.sessionId) {
+        points.setRecordingSessionId(Hx::Uuid(*said.sessionId));
+    }
+    points.updateCachedMetaData();
+}
+
+void setPose(const ProjectScan& said, const ImportedScan& scan, Console& console) {
+    const auto stance = std::dynamic_pointer_cast<Vardex::CorvinStancePointSet>(scan.pointSet);
+    if (!stance || !said.slamPose) {
+        return;
+    }
+    const Tq_1_1::Mat4d<double> pose{*said.slamPose};
+    const Tq_1_1::Mat4d<double> ofFile = stance->getSlamPose();
+    if (ofFile == Tq_1_1::Mat4d<double>::identity()) {
+        stance->setSlamPose(pose);
+        place(scan, console);
+    } else if (!(ofFile == pose)) {
+        console.warn(scan.source.file.string() + ": the pose of the points file is kept; the " +
+                     "project says another one");
+    }
+}
+
+/// What a project says of those of its scans that the options choose.
+std::vector<ProjectScan> scansOf(const Vardex::VardexDataObj& project, const ScanOptions& options) {
+    return chosenScans(project.getProject()->scans, project.getFilePath().toUtf8(), options);
+}
+
+void requireOne(std::size_t scans, const std::string& file) {
+    if (scans != 1) {
+        throw Failure(file + ": found " + countText(scans, "scan", "scans") +
+                      ", expected one: choose it with --scan N");
+    }
+}
+
+Json::Value jsonOf(const Hx::AttrValue& value) {
+    if (const bool* flag = std::get_if<bool>(&value)) {
+        return *flag;
+    }
+    if (const std::int32_t* number = std::get_if<std::int32_t>(&value)) {
+        return *number;
+    }
+    if (const double* number = std::get_if<double>(&value)) {
+        return jsonNumber(*number);
+    }
+    const Tq_1_1::String* text = std::get_if<Tq_1_1::String>(&value);
+    return text == nullptr || text->isNull() ? Json::Value() : Json::Value(text->toUtf8());
+}
+
+}  // namespace
+
+bool isProjectFile(const std::string& file) {
+    std::string extension = std::filesystem::path(file).extension().string();
+    for (char& c : extension) {
+        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    }
+    return extension == ".json";
+}
+
+Tq_1_1::SmartPtr<Vardex::VardexDataObj> openProject(ModuleSession& session, Console& console,
+                                                    const std::string& file) {
+    requireUtf8(file);
+    const std::shared_ptr<Tq_1_1::File> name =
+        Tq_1_1::File::fromString(Tq_1_1::String::fromUtf8(file));
+    Tq_1_1::SmartPtr<Vardex::VardexDataObj> project;
+    Hx::clearLastErrorMessage();
+    const int result = Vardex::VardexDataObj::createFromImportedKpx(name, project);
+    if (!project) {
+        requireOk(result, file);
+        throw Failure(file + ": the module made no object of it");
+    }
+    if (project->getProject()) {
+        console.warn(project->getProject()->warnings);
+    }
+    session.root().addChild(project);
+    return project;
+}
+
+std::vector<ImportedScan> importProject(Vardex::VardexDataObj& project, ScanImporter& importer,
+                                        const ScanOptions& options, Console& console) {
+    std::vector<ImportedScan> scans;
+    for (const ProjectScan& said : scansOf(project, options)) {
+        ImportedScan scan = importer.import(said.listing(importer.project()), options, project);
+        setMetadata(said, *scan.pointSet);
+        setPose(said, scan, console);
+        scans.push_back(std::move(scan));
+    }
+    return scans;
+}
+
+ImportedScan importOne(ModuleSession& session, Console& console, const ScanOptions& options) {
+    ScanImporter importer(session, console);
+    const std::string& file = options.files.front();
+    if (isProjectFile(file)) {
+        const auto project = openProject(session, console, file);
+        requireOne(scansOf(*project, options).size(), file);
+        return importProject(*project, importer, options, console).front();
+    }
+    const std::vector<Ovr::ScanListing> scans = importer.list(file, options);
+    requireOne(scans.size(), file);
+    return importer.import(scans.front(), options, session.root());
+}
+
+void describeProject(const Vardex::VardexDataObj& project, Report& report) {
+    report.addText("name", "name", project.getName().toUtf8());
+    report.addText("file", "file", project.getFilePath().toUtf8());
+    report.addText("class", "class", project.getClassType()->getName().toUtf8());
+    Report& attributes = report.group("attributes", "attributes");
+    for (const auto& attribute : project.getAttributes()) {
+        const std::string name = project.getAttrName(attribute->getToken()).toUtf8();
+        const Json::Value value = jsonOf(attribute->getValue());
+        attributes.add(name, name, value, value.isNull() ? "none" : value.asString());
+    }
+    const Json::Value form = project.toJson();
+    report.addBlock("json", "JSON form", form, jsonLine(form));
+}
+
+}  // namespace ScanHost

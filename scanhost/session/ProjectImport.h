@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "Tq/SmartPtr.h"
+
+#include "dataobj/VardexDataObj.h"
+#include "report/Console.h"
+#include "report/Report.h"
+#include "session/ImportedScan.h"
+#include "session/ModuleSession.h"
+
+namespace ScanHost {
+
+/// Whether a file is a scanner project, by its extension.
+bool isProjectFile(const std::string& file);
+
+/// Makes the data object of a project file and puts it into the tree. Fields of the file that are
+/// not understood are warnings. Throws a Failure when the file cannot be read.
+Tq_1_1::SmartPtr<Vardex::VardexDataObj> openProject(ModuleSession& session, Console& console,
+                                                    const std::string& file);
+
+/// Imports the scans of a project that the options choose below its data object, with what the
+/// project says of them.
+std::vector<ImportedScan> importProject(Vardex::VardexDataObj& project, ScanImporter& importer,
+                                        const ScanOptions& options, Console& console);
+
+/// Imports the scan that the options name, of a points file or a project; several to choose from
+/// are a failure.
+ImportedScan importOne(ModuleSession& session, Console& console, const ScanOptions& options);
+
+/// Writes the object's attributes and JSON form into a report.
+void describeProject(const Vardex::VardexDataObj& project, Report& report);
+
+}  // namespace ScanHost

@@ -1,0 +1,202 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "support/LasBytes.h"
+#include "support/LoadedScan.h"
+#include "support/TempFolder.h"
+
+namespace {
+
+using Ovr::ClockSettings;
+using Ovr::TimeUnit;
+using enum Ovr::Interfaces::ErrorCode;
+using Support::MobileScan;
+
+class LasTimes : public testing::Test {
+  protected:
+    Support::TempFolder folder_;
+
+    /// A scan of points with these times, its points loaded.
+    std::unique_ptr<MobileScan> scanOf(const std::vector<double>& times, unsigned format = 1,
+                                       std::uint16_t encoding = 0) {
+        Support::LasBytes las;
+        las.format = format;
+        las.encoding = encoding;
+        for (const double time : times) {
+            las.points.push_back({{1, 2, 3}, 4, time, {}});
+        }
+        Ovr::ScanSource source;
+        source.file = folder_.write("walk.las", las.bytes());
+        auto scan = std::make_unique<MobileScan>(source);
+        EXPECT_FALSE(scan->loadPoints());
+        return scan;
+    }
+};
+
+std::vector<Ovr::VardexLib::TrajectoryNode> nodesAt(const std::vector<double>& times) {
+    std::vector<Ovr::VardexLib::TrajectoryNode> nodes(times.size());
+    for (std::size_t i = 0; i < times.size(); ++i) {
+        nodes[i].time = times[i];
+    }
+    return nodes;
+}
+
+TEST_F(LasTimes, CountFromTheFirstNodeOrTheEarliestPoint) {
+    const struct {
+        const char* name;
+        std::vector<double> points;
+        std::vector<double> nodes;
+        ClockSettings clock;
+        std::vector<std::uint64_t> microseconds;
+        double duration;
+        double zero;
+    } cases[] = {
+        {"points alone", {12.5, 10.0, 11.25}, {}, {}, {2500000, 0, 1250000}, 2.5, 10.0},
+        {"nodes before and behind", {12.0, 10.5}, {10.0, 14.0}, {}, {2000000, 500000}, 4.0, 10.0},
+        {"halves away from zero", {0.0, 0.0000025, 0.0000004}, {}, {}, {0, 3, 0}, 0.0000025, 0.0},
+        {"milliseconds",
+         {2000.0, 3500.0},
+         {},
+         {TimeUnit::Milliseconds, 0.0},
+         {0, 1500000},
+         1.5,
+         2.0},
+        {"microseconds, shifted",
+         {3e6, 2e6},
+         {101.0, 104.0},
+         {TimeUnit::Microseconds, 100.0},
+         {2000000, 1000000},
+         3.0,
+         101.0},
+        {"the longest", {5.0, 4299.967295}, {}, {}, {0, 4294967295}, 4294.967295, 5.0},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        const auto scan = scanOf(c.points);
+        scan->memory.source.clock = c.clock;
+        scan->data.setTrajectoryNodes(nodesAt(c.nodes));
+        const Ovr::ErrorPtr error = scan->loadTimes();
+        ASSERT_FALSE(error) << error->message();
+        EXPECT_EQ(scan->times->times, c.microseconds);
+        EXPECT_NEAR(scan->metaData().ScanDuration(), c.duration, 1e-9);
+        EXPECT_EQ(scan->data.getTimeZero(), c.zero);
+    }
+}
+
+TEST_F(LasTimes, AreRefusedBeforeTheFirstIsWritten) {
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const struct {
+        const char* name;
+        std::vector<double> points;
+        std::vector<double> nodes;
+        unsigned format;
+        Ovr::Interfaces::ErrorCode code;
+        const char* words;
+    } cases[] = {
+        {"no time", {1.0}, {}, 2, NoTimes, "found point format 2, which has no time"},
+        {"too long",
+         {5.0, 4299.967296},
+         {},
+         1,
+         TimeRange,
+         "points up to 4294.967296 s after time zero, expected at most 4294.967295 s"},
+        {"before time zero",
+         {9.5, 12.0},
+         {10.0, 14.0},
+         1,
+         TimeRange,
+         "found point times 9.500000 .. 12.000000 s, expected none before time zero, the first of "
+         "the trajectory's 10.000000 .. 14.000000 s"},
+        {"clocks apart",
+         {100.0, 120.0},
+         {10.0, 14.0},
+         1,
+         TimeRange,
+         "found point times 100.000000 .. 120.000000 s, expected times that meet the trajectory's "
+         "10.000000 .. 14.000000 s"},
+        {"not a number",
+         {1.0, nan},
+         {},
+         1,
+         InvalidValue,
+         "byte 275: found the time nan of point 1, expected a finite number"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        const auto scan = scanOf(c.points, c.format);
+        scan->data.setTrajectoryNodes(nodesAt(c.nodes));
+        const Ovr::ErrorPtr error = scan->loadTimes();
+        ASSERT_TRUE(error);
+        EXPECT_EQ(error->code(), c.code);
+        EXPECT_NE(error->message().find(c.words), std::string::npos) << error->message();
+        EXPECT_EQ(scan->times->writes, 0U);
+        EXPECT_EQ(scan->metaData().ScanDuration(), 0.0);
+    }
+}
+
+TEST_F(LasTimes, ReadAndKeepTheTrajectoryBesideThePoints) {
+    const auto scan = scanOf({11.0, 12.0});
+    const auto file = folder_.write("walk.tum", "10 1 2 3 0 0 0 1\n14 1 2 3 0 0 0 1\n");
+    scan->memory.streams = Ovr::findStructuredStreams(file, &file, nullptr);
+    ASSERT_FALSE(scan->loadTimes());
+    EXPECT_EQ(scan->times->times, (std::vector<std::uint64_t>{1000000, 2000000}));
+    EXPECT_EQ(scan->data.getTrajectoryNodes().size(), 2U);
+
+    scan->data.setTrajectoryNodes({});
+    folder_.write("walk.tum", "10 1 2 3 0 0 0\n");
+    const Ovr::ErrorPtr error = scan->loadTimes();
+    ASSERT_TRUE(error);
+    EXPECT_NE(error->message().find("walk.tum: line 1: found 7 fields"), std::string::npos);
+    EXPECT_EQ(scan->times->writes, 0U);
+}
+
+TEST_F(LasTimes, TellTheClockTheyLookLikeBesideTheHeaders) {
+    const struct {
+        double time;
+        std::uint16_t encoding;
+        const char* words;
+        bool agree = false;
+    } cases[] = {
+        {1305031102.0, 0, "look like Unix or unadjusted GPS time; the header says GPS week"},
+        {374103812.0, 1, "look like adjusted GPS time; the header says adjusted GPS time", true},
+        {1305031102160.0, 0, "look like milliseconds, microseconds or nanoseconds"},
+    };
+    for (const auto& c : cases) {
+        const auto scan = scanOf({c.time}, 1, c.encoding);
+        ASSERT_FALSE(scan->loadTimes());
+        ASSERT_FALSE(scan->loadTimes());
+        const auto said = c.agree ? scan->data.getNotes() : scan->data.getWarnings();
+        const auto unsaid = c.agree ? scan->data.getWarnings() : scan->data.getNotes();
+        ASSERT_EQ(said.size(), 1U) << c.words;
+        EXPECT_NE(said[0].find(c.words), std::string::npos) << said[0];
+        EXPECT_TRUE(unsaid.empty()) << c.words;
+    }
+}
+
+TEST_F(LasTimes, AreAllZeroAfterACancel) {
+    std::vector<double> times(100000, 8.0);
+    times[0] = 7.0;
+    for (const int cancelAt : {2, 5}) {  // while checking, while writing
+        const auto scan = scanOf(times);
+        ASSERT_FALSE(scan->loadTimes());
+        const auto old = scan->times;
+        const auto watch = std::make_shared<Support::CountingWatch>(cancelAt);
+        scan->memory.source.cancel = watch;
+        scan->memory.source.progress = watch;
+        const Ovr::ErrorPtr error = scan->loadTimes();
+        ASSERT_TRUE(error);
+        EXPECT_EQ(error->code(), Cancelled);
+        EXPECT_GT(watch->told, 0);
+        EXPECT_EQ(scan->times->times, std::vector<std::uint64_t>(times.size(), 0)) << cancelAt;
+        EXPECT_EQ(scan->times->writes != 0, cancelAt == 5);
+    }
+}
+
+}  // namespace

@@ -1,0 +1,239 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#include "project/ProjectReader.h"
+
+#include <gmock/gmock.h>
+
+#include <array>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "Hx/ErrorConversion.h"
+#include "Hx/PtSetObject.h"
+#include "Hx/RawScanFileObject.h"
+
+#include "support/TempFolder.h"
+
+namespace Ovr::Formats {
+namespace {
+
+using Interfaces::ErrorCode;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+const std::string kPtxScan =
+    "1\n1\n0 0 0\n1 0 0\n0 1 0\n0 0 1\n1 0 0 0\n0 1 0 0\n0 0 1 0\n0 0 0 1\n1 2 3 0.5\n";
+const std::string kStance = R"("kind": "stance", "name": "A", "points": "hall.ptx")";
+const std::string kMobile = R"("kind": "mobile", "name": "A", "points": "walk.las")";
+
+/// A folder with points, a trajectory and a project file.
+class ProjectFolder {
+  public:
+    ProjectFolder() {
+        std::filesystem::create_directory(folder_.path() / "sub");
+        folder_.write("hall.ptx", kPtxScan + kPtxScan);
+        folder_.write("walk.txt", "0 0 0 0 0 0 0 1\n");
+        folder_.write("walk.las", "x");
+        folder_.write("sub/w\xc3\xa4lk.LAS", "x");
+        folder_.write("broken.ptx", "no header\n");
+    }
+
+    std::filesystem::path write(const std::string& text) const {
+        return folder_.write("site.json", text);
+    }
+    std::filesystem::path writeScans(const std::string& scans) const {
+        return write("{\"version\": 1, \"scans\": [" + scans + "]}");
+    }
+    std::filesystem::path path(const std::string& name) const { return folder_.path() / name; }
+
+  private:
+    Support::TempFolder folder_;
+};
+
+/// Reads a project file over one that must stay as it is on failure.
+ErrorPtr readUnlessWrong(const std::filesystem::path& file) {
+    ProjectFile project;
+    project.warnings = {"kept"};
+    ErrorPtr error = readProjectFile(file, project);
+    if (error) {
+        EXPECT_EQ(project.warnings, std::vector<std::string>{"kept"});
+        EXPECT_TRUE(project.scans.empty());
+    }
+    return error;
+}
+
+TEST(ProjectFile, GivesWhatItSaysOfAScan) {
+    const ProjectFolder folder;
+    const auto file = folder.writeScans(R"({
+        "kind": "mobile", "name": "Walk \u00e4", "points": "sub/w\u00e4lk.LAS",
+        "trajectory": "./sub/../walk.txt", "clock": {"unit": "us", "offset": -0.5},
+        "scannerModel": "Corvin 2", "serialNumber": "00417", "firmware": "3.4", "software": "1.9",
+        "vendor": "V", "recordingTime": 1718000000.25,
+        "sessionId": "{01234567-89AB-cdef-0123-456789abcdef}"
+      }, {
+        "kind": "stance", "name": "Hall", "points": "hall.ptx", "index": 1,
+        "slamPose": [0, 1, 0, 0, -1, 0, 0, 0, 0, 0, 1e0, 0, 12.5, -3, 1.5e-1, 1]
+      })");
+    ProjectFile project;
+    const ErrorPtr error = readProjectFile(file, project);
+    ASSERT_EQ(error, nullptr) << error->message();
+    EXPECT_EQ(project.file, file);
+    EXPECT_TRUE(project.warnings.empty());
+    ASSERT_EQ(project.scans.size(), 2U);
+
+    const ProjectScan& walk = project.scans[0];
+    EXPECT_EQ(walk.name, "Walk \xc3\xa4");
+    EXPECT_EQ(walk.scannerModel, "Corvin 2");
+    EXPECT_EQ(walk.serialNumber, "00417");
+    EXPECT_EQ(walk.firmware, "3.4");
+    EXPECT_EQ(walk.software, "1.9");
+    EXPECT_EQ(walk.vendor, "V");
+    EXPECT_EQ(walk.recordingTime, 1718000000.25);
+    ASSERT_TRUE(walk.sessionId);
+    EXPECT_EQ(walk.sessionId->string(), "01234567-89ab-cdef-0123-456789abcdef");
+    const auto shared = std::make_shared<ScanProject>();
+    const ScanListing listing = walk.listing(shared);
+    EXPECT_EQ(listing.name, walk.name);
+    EXPECT_TRUE(
+        std::filesystem::equivalent(listing.source.file, folder.path("sub/w\xc3\xa4lk.LAS")));
+    EXPECT_TRUE(std::filesystem::equivalent(*listing.source.trajectory, folder.path("walk.txt")));
+    EXPECT_EQ(listing.source.clock.unit, TimeUnit::Microseconds);
+    EXPECT_EQ(listing.source.clock.offset, -0.5);
+    EXPECT_EQ(listing.source.project, shared);
+
+    const ScanListing hall = project.scans[1].listing(nullptr);
+    EXPECT_NE(hall.classIdentifier, listing.classIdentifier);
+    EXPECT_EQ(hall.source.scanIndex, 1U);
+    EXPECT_EQ(hall.source.byteOffset, kPtxScan.size());
+    EXPECT_EQ(hall.source.line, 12U);
+    EXPECT_EQ(project.scans[1].slamPose,
+              (std::array<double, 16>{0, 1, 0, 0, -1, 0, 0, 0, 0, 0, 1, 0, 12.5, -3, 0.15, 1}));
+}
+
+TEST(ProjectFile, NamesUnknownFieldsInTheirOrder) {
+    const ProjectFolder folder;
+    const auto file = folder.write("{\"version\": 1, \"scans\": [{" + kMobile +
+                                   ",\n\"zoom\": 1, \"colour\": null, \"clock\": {\"leap\": 1}}],\n"
+                                   "\"author\": {\"deep\": [[[{}]]]}}");
+    ProjectFile project;
+    ASSERT_EQ(readProjectFile(file, project), nullptr);
+    using testing::AllOf;
+    EXPECT_THAT(project.warnings,
+                testing::ElementsAre(AllOf(StartsWith(file.string()), HasSubstr("line 2, column 9"),
+                                           HasSubstr("'zoom'")),
+                                     AllOf(HasSubstr("line 2, column 22"), HasSubstr("'colour'")),
+                                     AllOf(HasSubstr("line 2, column 46"), HasSubstr("'leap'")),
+                                     AllOf(HasSubstr("line 3, column 11"), HasSubstr("'author'"))));
+}
+
+struct Refused {
+    const char* name;
+    std::string text;
+    ErrorCode code;
+    const char* place;  // "" where the whole file is meant
+    const char* words;
+};
+
+void expectRefused(const std::filesystem::path& file, const Refused& c) {
+    const ErrorPtr error = readUnlessWrong(file);
+    ASSERT_NE(error, nullptr) << c.name;
+    EXPECT_EQ(error->code(), c.code) << c.name << ": " << error->message();
+    EXPECT_THAT(error->message(), StartsWith(file.string() + ": " + c.place)) << c.name;
+    EXPECT_THAT(error->message(), HasSubstr(c.words)) << c.name;
+}
+
+TEST(ProjectFile, RefusesWhatIsNoProject) {
+    const ProjectFolder folder;
+    using enum ErrorCode;
+    for (const Refused& c : {
+             Refused{"words", "\xEF\xBB\xBF{\n  scans", WrongFormat, "line 2, column 3",
+                     "malformed"},
+             Refused{"array", "\n []", WrongFormat, "line 2, column 2", "array"},
+             Refused{"deep", "\n" + std::string(5000, '['), WrongFormat, "line 2, column 65",
+                     "64 levels"},
+             Refused{"no version", "{}", InvalidValue, "line 1, column 1", "'version'"},
+             Refused{"newer", "\xEF\xBB\xBF{\"version\": 2, \"scans\": 3}", NewerVersion,
+                     "line 1, column 13", "version 2"},
+             Refused{"no scans", "{\"version\": 1}", InvalidValue, "line 1, column 1", "'scans'"},
+             Refused{"scan no object", "{\"version\": 1, \"scans\": [7]}", InvalidValue,
+                     "line 1, column 26", "'7'"},
+         }) {
+        expectRefused(folder.write(c.text), c);
+    }
+    expectRefused(folder.path("none.json"), {"missing", "", FileNotFound, "", "no such file"});
+}
+
+TEST(ProjectFile, RefusesScansThatMakeNoSense) {
+    const ProjectFolder folder;
+    const std::string named = R"("kind": "stance", "name": "A", "points": )";
+    const auto pose = [](const char* numbers) {
+        return kStance + ", \"slamPose\": [" + numbers + "]";
+    };
+    using enum ErrorCode;
+    for (const Refused& c : {
+             Refused{"unknown kind", R"("kind": "Stance")", InvalidValue, "", "'Stance'"},
+             Refused{"missing points", named + R"("none.ptx")", FileNotFound, "", "'none.ptx'"},
+             Refused{"points a number", named + "3", InvalidValue, "", "'3'"},
+             Refused{"points of the other kind", named + R"("walk.las")", InvalidValue, "", "walk"},
+             Refused{"no such scan", kStance + R"(, "index": 2)", InvalidValue, "", "hall.ptx"},
+             Refused{"broken points", named + R"("broken.ptx", "index": 1)", WrongFormat, "",
+                     "broken.ptx: line 1"},
+             Refused{"missing trajectory", kMobile + R"(, "trajectory": "none")", FileNotFound, "",
+                     "'none'"},
+             Refused{"model null", kStance + R"(, "scannerModel": null)", InvalidValue, "", "null"},
+             Refused{"session no UUID", kStance + R"(, "sessionId": "01234567")", InvalidValue, "",
+                     "'01234567'"},
+             Refused{"15 numbers", pose("1,0,0,0, 0,1,0,0, 0,0,1,0, 0,0,0"), InvalidValue, "",
+                     "15 values"},
+             Refused{"row by row", pose("1,0,0,5, 0,1,0,0, 0,0,1,0, 0,0,0,1"), InvalidValue, "",
+                     "3, 7, 11"},
+             Refused{"mirrored", pose("1,0,0,0, 0,1,0,0, 0,0,-1,0, 0,0,0,1"), InvalidValue, "",
+                     "mirrors"},
+             Refused{"name twice", kStance + "}, {" + kMobile, InvalidValue, "", "'A'"},
+         }) {
+        expectRefused(folder.writeScans("\n{" + c.text + "}"),
+                      {c.name, "", c.code, "line 2, column ", c.words});
+    }
+}
+
+// Through the object tree: nothing changes unless everything was read.
+
+template <typename T>
+Tq_1_1::SmartPtr<T> makeNode() {
+    Tq_1_1::SmartPtr<T> node(new T);
+    node->init(Tq_1_1::BaseNode::CREATE_NEW, nullptr);
+    return node;
+}
+
+std::unique_ptr<Tq_1_1::File> asFile(const std::filesystem::path& path) {
+    return Tq_1_1::File::fromString(Tq_1_1::String::fromUtf8(path.string()));
+}
+
+TEST(FillFrom, ChangesNothingWhenItFails) {
+    const ProjectFolder folder;
+    const auto scan = makeNode<Hx::PtSetObject>();
+    const auto object = makeNode<Hx::RawScanFileObject>();
+    const auto old = folder.writeScans("{" + kStance + "}");
+    ASSERT_EQ(object->fillFrom(*asFile(old), nullptr), Hx::IOMessages::IO_OK);
+    const auto project = object->getProject();
+    const auto broken = folder.path("broken.ptx");
+    EXPECT_EQ(object->fillFrom(*asFile(broken), scan.get()), Hx::IOMessages::IO_WRONG_FORMAT);
+    EXPECT_THAT(Hx::lastErrorMessage(), StartsWith(broken.string() + ": line 1, column 1"));
+
+    const auto other = makeNode<Hx::Object>();
+    ASSERT_TRUE(other->addChild(object));
+    EXPECT_EQ(object->fillFrom(*asFile(old), scan.get()), Hx::IOMessages::IO_ERROR);
+    EXPECT_THAT(Hx::lastErrorMessage(), HasSubstr("another scan"));
+
+    EXPECT_EQ(object->getProject(), project);
+    EXPECT_EQ(object->getFilePath().toUtf8(), old.string());
+    EXPECT_EQ(object->getParent(), other.get());
+    EXPECT_TRUE(scan->getChildren().empty());
+}
+
+}  // namespace
+}  // namespace Ovr::Formats
