@@ -1,14 +1,13 @@
 #!/usr/bin/env bash
-# Runs clang-tidy over every source file of module, host and program, or over the files named.
-# Configures the preset "tidy" for the compile commands.
+# Runs clang-tidy over every source file, or over the files named. Configures the preset "tidy" for
+# the compile commands.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 cmake --preset tidy >/dev/null
-sed -i 's/ -fno-gnu-unique//' build/tidy/compile_commands.json  # clang-tidy is no GCC
 if [ $# -gt 0 ]; then
   sources=("$@")
 else
-  mapfile -t sources < <(git ls-files '*.cpp' ':!fuzz' ':!bench' ':!tests')
+  mapfile -t sources < <(git ls-files '*.cpp')
 fi
 status=0
 printf '%s\n' "${sources[@]}" |

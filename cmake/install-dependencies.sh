@@ -2,7 +2,7 @@
 # Installs the Debian packages that the build needs and this machine lacks. Says nothing and needs
 # no rights when they are all there.
 #
-#   cmake/install-dependencies.sh [lint]    lint: what the format and lint checks need as well
+#   cmake/install-dependencies.sh [lint]    lint: what the other checks of .ci/run need as well
 set -euo pipefail
 
 packages=(
@@ -11,7 +11,7 @@ packages=(
   libjsoncpp-dev libpng-dev libcli11-dev libtbb-dev
 )
 if [ "${1:-}" = lint ]; then
-  packages+=(clang-format-14 clang-tidy-14)
+  packages+=(clang-14 clang-format-14 clang-tidy-14 git jq libclang-rt-14-dev)
 fi
 
 if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then
