@@ -5,12 +5,10 @@
 
 #include <json/value.h>
 
+#include <cassert>
 #include <cstdint>
 #include <utility>
 #include <variant>
-
-#include "Tq/HxClass.h"
-#include "Tq/Module.h"
 
 namespace Hx {
 
@@ -19,12 +17,8 @@ namespace {
 /// The value of an attribute that was never set; none for an unknown type.
 AttrValue firstValue(std::uint32_t type) {
     switch (type) {
-        case ATTR_BOOL:
-            return AttrValue(std::in_place_type<bool>);
         case ATTR_INT32:
             return AttrValue(std::in_place_type<std::int32_t>);
-        case ATTR_DOUBLE:
-            return AttrValue(std::in_place_type<double>);
         case ATTR_STRING:
             return AttrValue(std::in_place_type<Tq_1_1::String>);
         default:
@@ -32,19 +26,21 @@ AttrValue firstValue(std::uint32_t type) {
     }
 }
 
+/// The first line that matches; null when no table has one.
+template <typename Matches>
+const AttrDefinition* findLine(const std::vector<const AttrDefinition*>& tables,
+                               const Matches& matches) {
+    for (const AttrDefinition* line : tables) {
+        for (; !line->name.isNull(); ++line) {
+            if (matches(*line)) {
+                return line;
+            }
+        }
+    }
+    return nullptr;
+}
+
 }  // namespace
-
-AttrContainer::~AttrContainer() = default;
-
-const Tq_1_1::HxClass* AttrContainer::Class() {
-    static const Tq_1_1::HxClass record(L"AttrContainer", Observer::Class(), Tq_1_1::hostModule(),
-                                        {});
-    return &record;
-}
-
-const Tq_1_1::HxClass* AttrContainer::getClassType() const {
-    return Class();
-}
 
 Tq_1_1::StrictSmartPtr<AttrContainer> AttrContainer::duplicate(CreateType type) const {
     return doDuplicate(type);
@@ -77,22 +73,29 @@ Tq_1_1::StrictSmartPtr<AttrContainer> AttrContainer::doDuplicate(CreateType /*ty
     return {};
 }
 
-void AttrContainer::init(CreateType /*type*/, const AttrContainer* /*source*/) {}
+void AttrContainer::init(CreateType type, const AttrContainer* source) {
+    for (const AttrDefinition* table : ownTables_) {
+        [[maybe_unused]] const bool complete = createAttributes(table, type, source);
+        assert(complete);
+    }
+}
 
 Json::Value AttrContainer::toJson() const {
     return Json::Value(Json::objectValue);
 }
 
-unsigned int AttrContainer::getAttrToken(const Tq_1_1::String& /*name*/) const {
-    return AttrDefinition::NO_TOKEN;
+unsigned int AttrContainer::getAttrToken(const Tq_1_1::String& name) const {
+    const auto* line = findLine(ownTables_, [&name](const auto& own) { return own.name == name; });
+    return line != nullptr ? line->token : AttrDefinition::NO_TOKEN;
 }
 
-const Tq_1_1::String& AttrContainer::getAttrName(unsigned int /*token*/) const {
-    return Tq_1_1::String::NIL;
+const Tq_1_1::String& AttrContainer::getAttrName(unsigned int token) const {
+    const auto* line = AttrContainer::getAttrDefinition(token);
+    return line != nullptr ? line->name : Tq_1_1::String::NIL;
 }
 
-const AttrDefinition* AttrContainer::getAttrDefinition(unsigned int /*token*/) const {
-    return nullptr;
+const AttrDefinition* AttrContainer::getAttrDefinition(unsigned int token) const {
+    return findLine(ownTables_, [token](const auto& own) { return own.token == token; });
 }
 
 bool AttrContainer::createAttributes(const AttrDefinition* table, CreateType type,

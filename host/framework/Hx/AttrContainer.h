@@ -42,18 +42,19 @@ class HOST_EXPORT AttrContainer : public Observer {
     virtual unsigned int getStateAttrToken() const;
 
   protected:
-    ~AttrContainer() override;
+    ~AttrContainer() override = default;
 
     /// What duplicate does. The base answers an empty pointer.
     virtual Tq_1_1::StrictSmartPtr<AttrContainer> doDuplicate(CreateType type) const;
 
   public:
     /// Creates the attributes and gives them their first values. Called once. Overrides call the
-    /// base's first.
+    /// base's first. The base creates the attributes of the host's own classes.
     /// @param source  the container to copy from; null for a new one
     virtual void init(CreateType type, const AttrContainer* source);
     /// A JSON object; the base's is without members.
     virtual Json::Value toJson() const;
+    // The lookups of the base know the attributes of the host's own classes.
     /// @return AttrDefinition::NO_TOKEN for an unknown name
     virtual unsigned int getAttrToken(const Tq_1_1::String& name) const;
     /// @return a null string for an unknown token
@@ -63,7 +64,7 @@ class HOST_EXPORT AttrContainer : public Observer {
 
   protected:
     /// Creates an attribute for each line of a table. Its value is the one that @p source has for
-    /// the token, else that of its type: false, 0 or a null string.
+    /// the token, else that of its type: 0 or a null string.
     /// @param table   closed by an entry without a name
     /// @param type    a template takes no values over
     /// @param source  may be null
@@ -71,8 +72,12 @@ class HOST_EXPORT AttrContainer : public Observer {
     ///         that line is left out, the others are there
     bool createAttributes(const AttrDefinition* table, CreateType type,
                           const AttrContainer* source);
+    /// For constructors of the host's own classes: init creates the attributes of the table, and the
+    /// lookups know them. The table outlives the container.
+    void addOwnTable(const AttrDefinition* table) { ownTables_.push_back(table); }
 
   private:
+    std::vector<const AttrDefinition*> ownTables_;
     std::vector<Tq_1_1::SmartPtr<Attribute>> attributes_;
 };
 

@@ -5,7 +5,6 @@
 
 #include <cstdint>
 
-#include "HostExport.h"
 #include "Tq/String.h"
 
 namespace Hx {
@@ -19,9 +18,7 @@ enum AttrUsage : std::uint32_t {
 /// Type of an attribute's value.
 enum AttrType : std::uint32_t {
     ATTR_END = 1,  ///< of the entry that closes a table
-    ATTR_BOOL = 8,
     ATTR_INT32 = 16,
-    ATTR_DOUBLE = 24,
     ATTR_STRING = 32
 };
 
@@ -35,12 +32,5 @@ struct AttrDefinition {
     std::uint32_t usage = ATTR_NO_USE;  ///< AttrUsage
     std::uint32_t type = ATTR_END;      ///< AttrType
 };
-
-/// @param table  closed by an entry without a name
-/// @return null when the table has no such token or name
-HOST_EXPORT const AttrDefinition* findAttrDefinition(const AttrDefinition* table,
-                                                     unsigned int token);
-HOST_EXPORT const AttrDefinition* findAttrDefinition(const AttrDefinition* table,
-                                                     const Tq_1_1::String& name);
 
 }  // namespace Hx

@@ -15,15 +15,6 @@ std::atomic<bool> cachedAttributePending{false};
 
 }  // namespace
 
-const Tq_1_1::HxClass* Attribute::Class() {
-    static const Tq_1_1::HxClass record(L"Attribute", Observer::Class(), Tq_1_1::hostModule(), {});
-    return &record;
-}
-
-const Tq_1_1::HxClass* Attribute::getClassType() const {
-    return Class();
-}
-
 void Attribute::setValue(AttrValue value, AttrContainer* owner) {
     value_ = std::move(value);
     owner_ = owner;
@@ -38,16 +29,6 @@ bool Attribute::isCachedAttributePending() {
 
 void Attribute::setCachedAttributePending(bool pending) {
     cachedAttributePending = pending;
-}
-
-const Tq_1_1::HxClass* CachedAttributeInfo::Class() {
-    static const Tq_1_1::HxClass record(L"CachedAttributeInfo", NotifyInfo::Class(),
-                                        Tq_1_1::hostModule(), {});
-    return &record;
-}
-
-const Tq_1_1::HxClass* CachedAttributeInfo::getClassType() const {
-    return Class();
 }
 
 }  // namespace Hx

@@ -5,21 +5,16 @@
 
 #include <mutex>
 
-#include "HostExport.h"
-
 namespace Hx {
 
 /// A critical section that one thread may enter repeatedly. Lockable, for std::lock_guard.
-class HOST_EXPORT CriticalSection {
+class CriticalSection {
   public:
-    void lock();
-    void unlock();
-    /// How often the owning thread is inside. Requires: called by the owner.
-    int depth() const { return depth_; }
+    void lock() { mutex_.lock(); }
+    void unlock() { mutex_.unlock(); }
 
   private:
-    std::recursive_mutex mutex_;
-    int depth_ = 0;  // guarded by mutex_
+    std::recursive_mutex mutex_;  // counts how often its owner is inside
 };
 
 }  // namespace Hx

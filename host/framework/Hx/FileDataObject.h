@@ -4,11 +4,19 @@
 #pragma once
 
 #include "HostExport.h"
-#include "Hx/AccessibleInterface.h"
 #include "Hx/Transform.h"
 #include "Tq/String.h"
 
 namespace Hx {
+
+/// Says that a class stands for data elsewhere.
+class HOST_EXPORT AccessibleInterface {
+  public:
+    virtual ~AccessibleInterface();
+
+    /// Whether the data can be reached now.
+    virtual bool isAccessible() const = 0;
+};
 
 /// An object that stands for a file.
 class HOST_EXPORT FileDataObject : public Transform, public AccessibleInterface {
@@ -18,10 +26,7 @@ class HOST_EXPORT FileDataObject : public Transform, public AccessibleInterface 
     static const Tq_1_1::HxClass* Class();
     const Tq_1_1::HxClass* getClassType() const override;
 
-    void init(CreateType type, const AttrContainer* source) override;
-    unsigned int getAttrToken(const Tq_1_1::String& name) const override;
-    const Tq_1_1::String& getAttrName(unsigned int token) const override;
-    const AttrDefinition* getAttrDefinition(unsigned int token) const override;
+    FileDataObject();
 
     /// @param number  distinguishes files of one name: 2 and more is put behind it, "site (2)"
     void setName(const Tq_1_1::String& name, int number);
@@ -32,10 +37,20 @@ class HOST_EXPORT FileDataObject : public Transform, public AccessibleInterface 
     bool isAccessible() const override;
 
   protected:
-    ~FileDataObject() override;
+    ~FileDataObject() override = default;
 
     /// Requires: init was called.
     void setFilePath(const Tq_1_1::String& path);
+};
+
+/// An object that stands for a file whose content is no point set itself.
+class HOST_EXPORT MiscFileDataObject : public FileDataObject {
+  public:
+    static const Tq_1_1::HxClass* Class();
+    const Tq_1_1::HxClass* getClassType() const override;
+
+  protected:
+    ~MiscFileDataObject() override = default;
 };
 
 }  // namespace Hx

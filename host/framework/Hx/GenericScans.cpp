@@ -3,8 +3,6 @@
 
 #include "Hx/GenericScans.h"
 
-#include "Hx/PointSet.h"
-
 namespace Hx {
 
 Tq_1_1::String htmlUISettingsIdForGenericScans(PointSet const* pointSet) {
@@ -12,15 +10,8 @@ Tq_1_1::String htmlUISettingsIdForGenericScans(PointSet const* pointSet) {
 }
 
 Tq_1_1::SmartPtr<PreprocessSettings> patchPreProcessSettingsForGenericScans(
-    PointSet const* pointSet, PreprocessSettings const* /*settings*/) {
-    if (pointSet == nullptr) {
-        return nullptr;
-    }
-    // Both settings come from the point set: nothing of the given ones is left.
-    Tq_1_1::SmartPtr<PreprocessSettings> patched(new PreprocessSettings);
-    patched->isStructured = !pointSet->isPointCloud();
-    patched->stepAccuracy = pointSet->getPointAccuracy().value_or(0.0);
-    return patched;
+    PointSet const* /*pointSet*/, PreprocessSettings const* /*settings*/) {
+    return nullptr;
 }
 
 }  // namespace Hx

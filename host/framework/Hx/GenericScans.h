@@ -11,8 +11,8 @@ namespace Hx {
 /// "GenericScan" for any point set; a null string for null.
 HOST_EXPORT Tq_1_1::String htmlUISettingsIdForGenericScans(PointSet const* pointSet);
 
-/// A copy of the settings (defaults for null) with structure and accuracy as the point set says.
-/// @return empty for a null point set
+/// Settings changed to what the point set needs.
+/// @return always empty: there are no settings, so nothing is to change
 HOST_EXPORT Tq_1_1::SmartPtr<PreprocessSettings> patchPreProcessSettingsForGenericScans(
     PointSet const* pointSet, PreprocessSettings const* settings);
 

@@ -3,22 +3,21 @@
 
 #include "Hx/KeyTable.h"
 
+#include <algorithm>
+
 namespace Hx {
 
 bool KeyTable::addEntry(unsigned int token, const Tq_1_1::String& name) {
-    if (token == NO_TOKEN || name.isNull() || names_.contains(token)) {
+    if (token == NO_TOKEN || name.isNull() || keyToToken(name) != NO_TOKEN) {
         return false;
     }
-    if (!tokens_.emplace(name, token).second) {
-        return false;
-    }
-    names_.emplace(token, name);
-    return true;
+    return names_.emplace(token, name).second;
 }
 
 unsigned int KeyTable::keyToToken(const Tq_1_1::String& name) const {
-    const auto found = tokens_.find(name);
-    return found == tokens_.end() ? NO_TOKEN : found->second;
+    const auto found = std::find_if(names_.begin(), names_.end(),
+                                    [&name](const auto& entry) { return entry.second == name; });
+    return found == names_.end() ? NO_TOKEN : found->first;
 }
 
 const Tq_1_1::String& KeyTable::tokenToKey(unsigned int token) const {

@@ -4,7 +4,6 @@
 #pragma once
 
 #include <map>
-#include <unordered_map>
 
 #include "HostExport.h"
 #include "Tq/String.h"
@@ -25,8 +24,7 @@ class HOST_EXPORT KeyTable {
     const Tq_1_1::String& tokenToKey(unsigned int token) const;
 
   private:
-    std::map<Tq_1_1::String, unsigned int> tokens_;
-    std::unordered_map<unsigned int, Tq_1_1::String> names_;
+    std::map<unsigned int, Tq_1_1::String> names_;
 };
 
 }  // namespace Hx

@@ -70,13 +70,12 @@ class DataOutFormat;
 template <>
 class HOST_EXPORT DataOutFormat<Tq_1_1::String> {
   public:
-    DataOutFormat(std::ostream& out, const OutputFormat& format) : out_(out), format_(format) {}
+    DataOutFormat(std::ostream& out, const OutputFormat& /*format*/) : out_(out) {}
 
     void put(const Tq_1_1::String& value);
 
   private:
     std::ostream& out_;
-    const OutputFormat& format_;
 };
 
 }  // namespace Hx

@@ -6,6 +6,7 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <utility>
 
 #include "HostExport.h"
 #include "Hx/ModelContext.h"
@@ -17,13 +18,13 @@ class PointSetFactory;
 class RestrictionManager;
 
 /// The part of the running application that leads to the restriction manager.
-class HOST_EXPORT Application {
+class Application {
   public:
-    virtual ~Application();
-
     /// @return empty when the application restricts nothing
     std::shared_ptr<RestrictionManager> getRestrictionManager() const { return restrictions_; }
-    void setRestrictionManager(std::shared_ptr<RestrictionManager> manager);
+    void setRestrictionManager(std::shared_ptr<RestrictionManager> manager) {
+        restrictions_ = std::move(manager);
+    }
 
   private:
     std::shared_ptr<RestrictionManager> restrictions_;
@@ -37,7 +38,9 @@ class HOST_EXPORT Models {
 
     /// @return empty on a host that makes no point sets; there is one from the start
     std::shared_ptr<PointSetFactory> getPointSetFactory() const { return factory_; }
-    void setPointSetFactory(std::shared_ptr<PointSetFactory> factory);
+    void setPointSetFactory(std::shared_ptr<PointSetFactory> factory) {
+        factory_ = std::move(factory);
+    }
 
     /// @return null until an application has announced itself; not owned
     Application* getApplication() const { return application_; }

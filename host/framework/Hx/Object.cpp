@@ -8,8 +8,6 @@
 #include <algorithm>
 
 #include "Hx/PtSetObject.h"
-#include "Tq/HxClass.h"
-#include "Tq/Module.h"
 
 namespace Hx {
 
@@ -19,50 +17,17 @@ using Matrix = Tq_1_1::Mat4d<double>;
 
 constexpr Matrix kIdentity = Matrix::identity();
 
-const AttrDefinition* attributeTable() {
-    static const AttrDefinition table[] = {
-        {Object::ATTR_NAME, L"Name", ATTR_STORED, ATTR_STRING},
-        {},
-    };
-    return table;
-}
-
 }  // namespace
+
+Object::Object() {
+    static const AttrDefinition table[] = {{ATTR_NAME, L"Name", ATTR_STORED, ATTR_STRING}, {}};
+    addOwnTable(table);
+}
 
 Object::~Object() {
     for (const auto& child : children_) {
         child->parent_ = nullptr;
     }
-}
-
-const Tq_1_1::HxClass* Object::Class() {
-    static const Tq_1_1::HxClass record(L"Object", AttrContainer::Class(), Tq_1_1::hostModule(),
-                                        {});
-    return &record;
-}
-
-const Tq_1_1::HxClass* Object::getClassType() const {
-    return Class();
-}
-
-void Object::init(CreateType type, const AttrContainer* source) {
-    AttrContainer::init(type, source);
-    createAttributes(attributeTable(), type, source);
-}
-
-unsigned int Object::getAttrToken(const Tq_1_1::String& name) const {
-    const AttrDefinition* const line = findAttrDefinition(attributeTable(), name);
-    return line != nullptr ? line->token : AttrContainer::getAttrToken(name);
-}
-
-const Tq_1_1::String& Object::getAttrName(unsigned int token) const {
-    const AttrDefinition* const line = findAttrDefinition(attributeTable(), token);
-    return line != nullptr ? line->name : AttrContainer::getAttrName(token);
-}
-
-const AttrDefinition* Object::getAttrDefinition(unsigned int token) const {
-    const AttrDefinition* const line = findAttrDefinition(attributeTable(), token);
-    return line != nullptr ? line : AttrContainer::getAttrDefinition(token);
 }
 
 const Tq_1_1::String& Object::getName() const {
@@ -81,17 +46,6 @@ bool Object::addChild(const Tq_1_1::SmartPtr<Object>& child) {
     }
     children_.push_back(child);
     child->parent_ = this;
-    return true;
-}
-
-bool Object::removeChild(const Object* child) {
-    const auto found = std::find_if(children_.begin(), children_.end(),
-                                    [child](const auto& own) { return own.get() == child; });
-    if (found == children_.end()) {
-        return false;
-    }
-    (*found)->parent_ = nullptr;
-    children_.erase(found);
     return true;
 }
 

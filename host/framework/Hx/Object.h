@@ -10,7 +10,6 @@
 #include "Hx/AttrContainer.h"
 #include "Tq/Mat4d.h"
 #include "Tq/SmartPtr.h"
-#include "Tq/VisitorCore.h"
 
 namespace Hx {
 
@@ -25,10 +24,7 @@ class HOST_EXPORT Object : public AttrContainer, public Tq_1_1::VisitorCore {
     static const Tq_1_1::HxClass* Class();
     const Tq_1_1::HxClass* getClassType() const override;
 
-    void init(CreateType type, const AttrContainer* source) override;
-    unsigned int getAttrToken(const Tq_1_1::String& name) const override;
-    const Tq_1_1::String& getAttrName(unsigned int token) const override;
-    const AttrDefinition* getAttrDefinition(unsigned int token) const override;
+    Object();
 
     /// @return a null string before init and until a name is set
     const Tq_1_1::String& getName() const;
@@ -41,10 +37,6 @@ class HOST_EXPORT Object : public AttrContainer, public Tq_1_1::VisitorCore {
     /// Appends a child.
     /// @return false when it is empty, has a parent, or is this object or above it
     bool addChild(const Tq_1_1::SmartPtr<Object>& child);
-    /// @return false when it is no child of this object
-    bool removeChild(const Object* child);
-    /// The way from the root down to this object, both included.
-    std::vector<const Object*> getPath() const;
 
     /// The nearest object above this one that holds a point set.
     /// @return empty without one
@@ -75,11 +67,33 @@ class HOST_EXPORT Object : public AttrContainer, public Tq_1_1::VisitorCore {
 
   private:
     bool isBelowOrAt(const Object* other) const;
+    /// The way from the root down to this object, both included.
+    std::vector<const Object*> getPath() const;
 
     Object* parent_ = nullptr;
     std::vector<Tq_1_1::SmartPtr<Object>> children_;
     mutable Tq_1_1::Mat4d<double> trafo_;  // the answer of the last calcTrafoTo
     bool modified_ = false;
+};
+
+/// An object with a place in a plane view.
+class HOST_EXPORT Object2d : public Object {
+  public:
+    static const Tq_1_1::HxClass* Class();
+    const Tq_1_1::HxClass* getClassType() const override;
+
+  protected:
+    ~Object2d() override = default;
+};
+
+/// An object with a place in space.
+class HOST_EXPORT Object3d : public Object2d {
+  public:
+    static const Tq_1_1::HxClass* Class();
+    const Tq_1_1::HxClass* getClassType() const override;
+
+  protected:
+    ~Object3d() override = default;
 };
 
 }  // namespace Hx

@@ -8,27 +8,6 @@
 
 namespace Hx {
 
-NotifyInfo::~NotifyInfo() = default;
-Observer::~Observer() = default;
-
-const Tq_1_1::HxClass* NotifyInfo::Class() {
-    static const Tq_1_1::HxClass record(L"NotifyInfo", nullptr, Tq_1_1::hostModule(), {});
-    return &record;
-}
-
-const Tq_1_1::HxClass* NotifyInfo::getClassType() const {
-    return Class();
-}
-
-const Tq_1_1::HxClass* Observer::Class() {
-    static const Tq_1_1::HxClass record(L"Observer", BaseNode::Class(), Tq_1_1::hostModule(), {});
-    return &record;
-}
-
-const Tq_1_1::HxClass* Observer::getClassType() const {
-    return Class();
-}
-
 Action::ExecReturn Observer::notify(const Tq_1_1::SmartPtr<Observer>& observer,
                                     const Tq_1_1::SmartPtr<Observer>& source) {
     return changedNotify(observer, source);
@@ -43,10 +22,6 @@ void Observer::attachNotifyInfo(std::shared_ptr<NotifyInfo> info) {
     if (info != nullptr) {
         infos_.push_back(std::move(info));
     }
-}
-
-void Observer::detachNotifyInfo(const NotifyInfo* info) {
-    std::erase_if(infos_, [info](const auto& attached) { return attached.get() == info; });
 }
 
 const NotifyInfo* Observer::lookupNotifyInfo(const Tq_1_1::HxClass* type) const {

@@ -17,7 +17,7 @@ class HOST_EXPORT NotifyInfo {
   public:
     static const Tq_1_1::HxClass* Class();
     virtual const Tq_1_1::HxClass* getClassType() const;
-    virtual ~NotifyInfo();
+    virtual ~NotifyInfo() = default;
 };
 
 /// A node that can be told of changes. Threads: infos are attached while no other thread looks them
@@ -32,12 +32,11 @@ class HOST_EXPORT Observer : public Tq_1_1::BaseNode {
                               const Tq_1_1::SmartPtr<Observer>& source);
 
     void attachNotifyInfo(std::shared_ptr<NotifyInfo> info);
-    void detachNotifyInfo(const NotifyInfo* info);
     /// @return the info attached last whose class is @p type or derives from it; null without one
     const NotifyInfo* lookupNotifyInfo(const Tq_1_1::HxClass* type) const;
 
   protected:
-    ~Observer() override;
+    ~Observer() override = default;
 
     virtual Action::ExecReturn changedNotify(const Tq_1_1::SmartPtr<Observer>& observer,
                                              const Tq_1_1::SmartPtr<Observer>& source);

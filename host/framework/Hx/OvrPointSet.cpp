@@ -16,18 +16,6 @@ OvrPointSet::OvrPointSet(const Tq_1_1::String& name,
                          std::shared_ptr<PointSetIntegration> integration)
     : PointSet(name), integration_(std::move(integration)) {}
 
-OvrPointSet::~OvrPointSet() = default;
-
-const Tq_1_1::HxClass* OvrPointSet::Class() {
-    static const Tq_1_1::HxClass record(L"OvrPointSet", PointSet::Class(), Tq_1_1::hostModule(),
-                                        {});
-    return &record;
-}
-
-const Tq_1_1::HxClass* OvrPointSet::getClassType() const {
-    return Class();
-}
-
 void OvrPointSet::updateCachedMetaData() {
     const auto* scanData = dynamic_cast<const Ovr::VardexLib::CorvinScanData*>(&getIScanData());
     const auto metaData = scanData == nullptr ? nullptr : scanData->getMetaData();

@@ -4,14 +4,15 @@
 #pragma once
 
 #include <cstddef>
-#include <vector>
 
+#include "HostExport.h"
 #include "Hx/Attribute.h"
+#include "Tq/SmartPtr.h"
 
 namespace Hx {
 
-/// A time span given by two fractions of a scan, kept as attributes 10 (start) and 11 (end) of a
-/// list that has other entries too. A filter may lack either attribute.
+/// A time span given by two fractions of a scan, kept as attributes 10 (start) and 11 (end). A
+/// filter may lack both.
 class HOST_EXPORT PC2TimeFilter {
   public:
     static constexpr std::size_t START_ATTRIBUTE = 10;
@@ -20,14 +21,13 @@ class HOST_EXPORT PC2TimeFilter {
     PC2TimeFilter() = default;  ///< without start and end
     PC2TimeFilter(double start, double end);
 
-    /// @return null when the list has no such entry
+    /// @return null when the filter has no attribute of that number
     const Attribute* getAttribute(std::size_t number) const;
     Attribute* getAttribute(std::size_t number);
-    /// Enters an attribute; the list grows as needed. Numbers from 1024 on are left out.
-    void setAttribute(std::size_t number, Tq_1_1::SmartPtr<Attribute> attribute);
 
   private:
-    std::vector<Tq_1_1::SmartPtr<Attribute>> attributes_;
+    Tq_1_1::SmartPtr<Attribute> start_;
+    Tq_1_1::SmartPtr<Attribute> end_;
 };
 
 }  // namespace Hx

@@ -6,8 +6,8 @@
 #include <memory>
 
 #include "HostExport.h"
+#include "Tq/BaseNode.h"
 #include "Tq/HxClass.h"
-#include "Tq/VisitorCore.h"
 
 namespace Hx {
 

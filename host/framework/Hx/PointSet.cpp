@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <mutex>
 #include <utility>
 
 #include "Hx/IOMessages.h"
@@ -33,18 +32,6 @@ int roundLimit(double limit, int without) {
 }  // namespace
 
 PointSet::PointSet(const Tq_1_1::String& name) : name_(name) {}
-
-PointSet::~PointSet() = default;
-
-const Tq_1_1::HxClass* PointSet::Class() {
-    static const Tq_1_1::HxClass record(L"PointSet", PointContainer::Class(), Tq_1_1::hostModule(),
-                                        {});
-    return &record;
-}
-
-const Tq_1_1::HxClass* PointSet::getClassType() const {
-    return Class();
-}
 
 bool PointSet::isPossibleSize(int rows, int cols) {
     return rows >= 0 && cols >= 0 &&
@@ -90,9 +77,7 @@ int PointSet::writeInfo(std::ostream& out, std::shared_ptr<WriteContextBase> con
     return IOMessages::IO_OK;
 }
 
-void PointSet::setColorizedImage(const Tq_1_1::String& path) {
-    colorizedImage_ = path;
-}
+void PointSet::setColorizedImage(const Tq_1_1::String& /*path*/) {}
 
 const StatisticValLimits<double>* PointSet::getReflStat(ReflStatType type) const {
     if (!isIndex(type)) {
@@ -161,11 +146,6 @@ int PointSet::getMinReflection() const {
 int PointSet::getMaxReflection() const {
     const StatisticValLimits<double>* statistic = getReflStat(ReflStatType::AllPoints);
     return statistic == nullptr ? kMaxReflection : roundLimit(statistic->maximum, kMaxReflection);
-}
-
-void PointSet::setReflHistogram(std::shared_ptr<const ReflHistogram> histogram) {
-    const std::lock_guard lock(section_);
-    reflHistogram_ = std::move(histogram);
 }
 
 std::uint64_t PointSet::getDefaultNumLoadPoints() {

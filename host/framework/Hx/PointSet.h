@@ -17,7 +17,6 @@
 #include "Hx/ModelOutput.h"
 #include "Hx/PointContainer.h"
 #include "Hx/Polar3d.h"
-#include "Hx/ScanProperties.h"
 #include "Hx/SelectItem.h"
 #include "Hx/Statistics.h"
 #include "Hx/Time.h"
@@ -70,7 +69,7 @@ class HOST_EXPORT PointSet : public PointContainer, public PointDataInterf {
 
     static const Tq_1_1::HxClass* Class();
     const Tq_1_1::HxClass* getClassType() const override;
-    ~PointSet() override;
+    ~PointSet() override = default;
 
     /// Whether the counts are 0 or more and their product fits 31 bits.
     static bool isPossibleSize(int rows, int cols);
@@ -166,10 +165,13 @@ class HOST_EXPORT PointSet : public PointContainer, public PointDataInterf {
     /// @return an IO result
     virtual int import(FileInfo& fileInfo, AllocMain& alloc) = 0;
     /// Writes the point set's name into the project output. @return 0
-    virtual int writeInfo(std::ostream& out, std::shared_ptr<WriteContextBase> context);
-    virtual int writeScanDataId(std::ostream& out, std::shared_ptr<WriteContextBase> context) = 0;
+    virtual int writeInfo(std::ostream& out,
+                                        std::shared_ptr<WriteContextBase> context);
+    virtual int writeScanDataId(std::ostream& out,
+                                              std::shared_ptr<WriteContextBase> context) = 0;
 
     // --- Display -------------------------------------------------------------------------------
+    /// The stand-in shows no picture: the path is not kept.
     virtual void setColorizedImage(const Tq_1_1::String& path);
     virtual int getMaxDisplayReflection() const = 0;
     virtual int getMinDisplayReflection() const = 0;
@@ -233,7 +235,6 @@ class HOST_EXPORT PointSet : public PointContainer, public PointDataInterf {
     /// Limits of the reflection statistic over all points, rounded; 0 and 65535 without one.
     int getMinReflection() const;
     int getMaxReflection() const;
-    void setReflHistogram(std::shared_ptr<const ReflHistogram> histogram);
 
     /// The object that holds this point set in the object tree; null when none does. Not owned.
     const PtSetObject* getContainer() const { return container_; }
@@ -260,7 +261,6 @@ class HOST_EXPORT PointSet : public PointContainer, public PointDataInterf {
     ScanProperties properties_;
     std::optional<StatisticValLimits<double>> reflStats_[2];
     std::optional<StatisticValLimitsRounded<double>> distStat_;
-    Tq_1_1::String colorizedImage_;
     PtSetObject* container_ = nullptr;
 };
 

@@ -13,16 +13,10 @@ PointSetFactory::~PointSetFactory() = default;
 
 bool PointSetFactory::registerPointSet(const Tq_1_1::String& identifier, Creator creator,
                                        const Tq_1_1::String& further) {
-    const bool both = !further.isNullOrEmpty();
-    if (identifier.isNullOrEmpty() || !creator || creators_.contains(identifier) ||
-        (both && (further == identifier || creators_.contains(further)))) {
+    if (identifier.isNullOrEmpty() || !creator || !further.isNullOrEmpty()) {
         return false;
     }
-    if (both) {
-        creators_.emplace(further, creator);
-    }
-    creators_.emplace(identifier, std::move(creator));
-    return true;
+    return creators_.emplace(identifier, std::move(creator)).second;
 }
 
 bool PointSetFactory::unregisterPointSet(const Tq_1_1::String& identifier) {

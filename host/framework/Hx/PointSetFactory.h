@@ -23,8 +23,10 @@ class HOST_EXPORT PointSetFactory {
 
     virtual ~PointSetFactory();
 
-    /// @param further  a second identifier for the same class; empty or null for none
-    /// @return false when an identifier is null, empty or taken, or the creator is empty
+    /// @param further  a second identifier for the same class; empty or null, for this host keeps
+    ///                 one identifier per class
+    /// @return false when the identifier is null, empty or taken, when the creator is empty, and
+    ///         for a second identifier
     [[nodiscard]] virtual bool registerPointSet(const Tq_1_1::String& identifier, Creator creator,
                                                 const Tq_1_1::String& further);
     /// @return false when the identifier is not registered

@@ -19,12 +19,8 @@ class HOST_EXPORT Picture : public Tq_1_1::RefCounted<Picture> {
     virtual ~Picture();
 };
 
-/// Settings of the preprocessing of scans.
+/// Settings of the preprocessing of scans. The stand-in preprocesses nothing: it has none.
 class HOST_EXPORT PreprocessSettings : public Tq_1_1::RefCounted<PreprocessSettings> {
-  public:
-    bool isStructured = false;  ///< the scan is a grid of rows and columns
-    double stepAccuracy = 0.0;  ///< accuracy of a point [m]; 0 when unknown
-
   protected:
     friend class Tq_1_1::RefCounted<PreprocessSettings>;
     virtual ~PreprocessSettings();

@@ -5,29 +5,12 @@
 
 #include <utility>
 
-#include "Tq/HxClass.h"
-#include "Tq/Module.h"
-
 namespace Hx {
-
-Operation::Context<PointSetOps::KeyType<PointSet>,
-                   Action::ExecReturn(PtSetObject*, PointSet*, Observer*, Observer*)>
-    PtSetObject::Operations::changedNotifyOperation;
 
 PtSetObject::~PtSetObject() {
     if (pointSet_) {
         pointSet_->setContainer(nullptr);
     }
-}
-
-const Tq_1_1::HxClass* PtSetObject::Class() {
-    static const Tq_1_1::HxClass record(L"PtSetObject", Transform::Class(), Tq_1_1::hostModule(),
-                                        {});
-    return &record;
-}
-
-const Tq_1_1::HxClass* PtSetObject::getClassType() const {
-    return Class();
 }
 
 bool PtSetObject::setPointSet(std::shared_ptr<PointSet> pointSet) {

@@ -9,22 +9,10 @@
 #include "Hx/ErrorConversion.h"
 #include "Hx/PtSetObject.h"
 #include "Ovr/FormatRegistry.h"
-#include "Tq/HxClass.h"
-#include "Tq/Module.h"
 
 namespace Hx {
 
-RawScanFileObject::~RawScanFileObject() = default;
-
-const Tq_1_1::HxClass* RawScanFileObject::Class() {
-    static const Tq_1_1::HxClass record(L"RawScanFileObject", MiscFileDataObject::Class(),
-                                        Tq_1_1::hostModule(), {});
-    return &record;
-}
-
-const Tq_1_1::HxClass* RawScanFileObject::getClassType() const {
-    return Class();
-}
+RawScanFileObject::RawScanFileObject() = default;
 
 void RawScanFileObject::init(CreateType type, const AttrContainer* source) {
     MiscFileDataObject::init(type, source);

@@ -6,9 +6,8 @@
 #include <memory>
 
 #include "HostExport.h"
+#include "Hx/FileDataObject.h"
 #include "Hx/IOMessages.h"
-#include "Hx/MiscFileDataObject.h"
-#include "Hx/ValidationInterface.h"
 #include "Ovr/ProjectFile.h"
 #include "Tq/File.h"
 
@@ -16,11 +15,21 @@ namespace Hx {
 
 class PtSetObject;
 
+/// Says that a class can tell whether its objects are complete.
+class HOST_EXPORT ValidationInterface {
+  public:
+    virtual ~ValidationInterface();
+
+    virtual bool isValid() const = 0;
+};
+
 /// An object that stands for a scanner's project file.
 class HOST_EXPORT RawScanFileObject : public MiscFileDataObject, public ValidationInterface {
   public:
     static const Tq_1_1::HxClass* Class();
     const Tq_1_1::HxClass* getClassType() const override;
+
+    RawScanFileObject();
 
     /// Also shares the project of a source that has one.
     void init(CreateType type, const AttrContainer* source) override;

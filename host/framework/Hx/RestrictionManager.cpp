@@ -19,9 +19,9 @@ void RestrictionManager::addDenialFunction(const void* key, DenialFunction funct
     ++entry.registrations;
 }
 
-bool RestrictionManager::removeDenialFunction(const void* key) {
+void RestrictionManager::removeDenialFunction(const void* key) {
     const std::lock_guard lock(mutex_);
-    return entries_.erase(key) != 0;
+    entries_.erase(key);
 }
 
 std::size_t RestrictionManager::getRegistrationCount(const void* key) const {

@@ -27,8 +27,7 @@ class HOST_EXPORT RestrictionManager {
     void addDenialFunction(const void* key, DenialFunction function);
     /// Drops the function of a key. An application does so before it unloads the module that the
     /// function lives in, and asks nothing meanwhile: a question under way still calls it.
-    /// @return false for an unknown key
-    bool removeDenialFunction(const void* key);
+    void removeDenialFunction(const void* key);
     /// How often a function was registered under the key; 0 for an unknown one.
     std::size_t getRegistrationCount(const void* key) const;
 

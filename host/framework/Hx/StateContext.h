@@ -6,23 +6,22 @@
 #include <utility>
 #include <vector>
 
-#include "HostExport.h"
 #include "Hx/Object.h"
 #include "Tq/SmartPtr.h"
 
 namespace Hx {
 
 /// The state in which a command would run: what is selected.
-class HOST_EXPORT StateContext {
+class StateContext {
   public:
     StateContext() = default;
     explicit StateContext(std::vector<Tq_1_1::SmartPtr<Object>> selection)
         : selection_(std::move(selection)) {}
 
     /// @return empty when nothing is selected
-    Tq_1_1::SmartPtr<Object> getFirstSelectionObject() const;
-    /// In the order of selection.
-    const std::vector<Tq_1_1::SmartPtr<Object>>& getSelection() const { return selection_; }
+    Tq_1_1::SmartPtr<Object> getFirstSelectionObject() const {
+        return selection_.empty() ? Tq_1_1::SmartPtr<Object>() : selection_.front();
+    }
 
   private:
     std::vector<Tq_1_1::SmartPtr<Object>> selection_;

@@ -30,4 +30,17 @@ struct StatisticValLimitsRounded {
 /// Which points a reflection statistic covers.
 enum class ReflStatType : std::int32_t { AllPoints = 0, VisiblePoints = 1 };
 
+/// Which derived properties of a scan are up to date.
+class ScanProperties {
+  public:
+    bool checkReflStatValid() const { return reflStatValid_; }
+    bool checkDistStatValid() const { return distStatValid_; }
+    void setReflStatValid(bool valid) { reflStatValid_ = valid; }
+    void setDistStatValid(bool valid) { distStatValid_ = valid; }
+
+  private:
+    bool reflStatValid_ = false;
+    bool distStatValid_ = false;
+};
+
 }  // namespace Hx

@@ -10,10 +10,6 @@
 #include <cstddef>
 #include <optional>
 
-#include "Hx/JSONWriter.h"
-#include "Tq/HxClass.h"
-#include "Tq/Module.h"
-
 namespace Hx {
 
 namespace {
@@ -53,17 +49,6 @@ std::optional<Matrix> invert(const Matrix& m) {
 
 }  // namespace
 
-Transform::~Transform() = default;
-
-const Tq_1_1::HxClass* Transform::Class() {
-    static const Tq_1_1::HxClass record(L"Transform", Object3d::Class(), Tq_1_1::hostModule(), {});
-    return &record;
-}
-
-const Tq_1_1::HxClass* Transform::getClassType() const {
-    return Class();
-}
-
 void Transform::init(CreateType type, const AttrContainer* source) {
     Object3d::init(type, source);
     const auto* const original = dynamic_cast<const Transform*>(source);
@@ -75,9 +60,12 @@ void Transform::init(CreateType type, const AttrContainer* source) {
 
 Json::Value Transform::toJson() const {
     Json::Value form = Object3d::toJson();
-    JSONWriter::write(form, L"Class", getClassType()->getName());
-    JSONWriter::write(form, L"Name", getName());
-    JSONWriter::write(form, L"Matrix", matrix_);
+    form["Class"] = getClassType()->getName().toUtf8();
+    form["Name"] = getName().isNull() ? Json::Value() : Json::Value(getName().toUtf8());
+    Json::Value& matrix = form["Matrix"] = Json::Value(Json::arrayValue);
+    for (const double value : matrix_.values) {
+        matrix.append(value);
+    }
     return form;
 }
 

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "HostExport.h"
-#include "Hx/Object3d.h"
+#include "Hx/Object.h"
 #include "Tq/Mat4d.h"
 
 namespace Hx {
@@ -27,7 +27,7 @@ class HOST_EXPORT Transform : public Object3d {
     [[nodiscard]] bool setMatrix(const Tq_1_1::Mat4d<double>& matrix);
 
   protected:
-    ~Transform() override;
+    ~Transform() override = default;
 
   private:
     Tq_1_1::Mat4d<double> matrix_ = Tq_1_1::Mat4d<double>::identity();

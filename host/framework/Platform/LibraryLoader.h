@@ -31,8 +31,8 @@ using LibraryEntry = int (*)(void* instance, int reason);
 class HOST_EXPORT LoadedLibrary {
   public:
     /// @param error  filled with one line when the result is empty
-    static std::unique_ptr<LoadedLibrary> open(const std::filesystem::path& path,
-                                               std::string& error);
+    [[nodiscard]] static std::unique_ptr<LoadedLibrary> open(const std::filesystem::path& path,
+                                                             std::string& error);
     LoadedLibrary(const LoadedLibrary&) = delete;
     LoadedLibrary& operator=(const LoadedLibrary&) = delete;
     ~LoadedLibrary();

@@ -11,6 +11,12 @@
 
 namespace Tq_1_1 {
 
+/// Root of what a visitor can come to.
+class HOST_EXPORT VisitorCore {
+  public:
+    virtual ~VisitorCore();
+};
+
 /// Root of the host's node classes, shared by intrusive counting.
 class HOST_EXPORT BaseNode : public RefCounted<BaseNode> {
   public:
@@ -20,7 +26,6 @@ class HOST_EXPORT BaseNode : public RefCounted<BaseNode> {
     enum CreateType : std::int32_t {
         CREATE_NEW = 0,
         CREATE_COPY = 1,
-        CREATE_MOVE = 2,
         CREATE_TEMPLATE = 3  ///< a fresh node of the same class: attributes and name as when new
     };
 
@@ -29,7 +34,7 @@ class HOST_EXPORT BaseNode : public RefCounted<BaseNode> {
 
   protected:
     friend class RefCounted<BaseNode>;
-    virtual ~BaseNode();
+    virtual ~BaseNode() = default;
 };
 
 }  // namespace Tq_1_1

@@ -3,7 +3,6 @@
 
 #include "Tq/HxClass.h"
 
-#include <algorithm>
 #include <mutex>
 
 namespace Tq_1_1 {
@@ -24,8 +23,8 @@ Registry& registry() {
 }  // namespace
 
 HxClass::HxClass(const String& name, const HxClass* base, const Module& module,
-                 const ClassVersion& version)
-    : name_(name), base_(base), module_(module), version_(version) {
+                 const ClassVersion& /*version*/)
+    : name_(name), base_(base), module_(module) {
     const std::lock_guard lock(registry().mutex);
     registry().records.push_back(this);
 }
@@ -46,14 +45,6 @@ bool HxClass::isDerivedFrom(const HxClass* other) const {
 void HxClass::initClassStatics() const {}
 
 void HxClass::clearClassStatics() const {}
-
-const HxClass* HxClass::find(const String& name) {
-    const std::lock_guard lock(registry().mutex);
-    const auto& records = registry().records;
-    const auto found = std::find_if(records.rbegin(), records.rend(),
-                                    [&](const HxClass* record) { return record->name_ == name; });
-    return found == records.rend() ? nullptr : *found;
-}
 
 std::vector<const HxClass*> HxClass::all() {
     const std::lock_guard lock(registry().mutex);

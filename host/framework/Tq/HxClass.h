@@ -33,9 +33,7 @@ class HOST_EXPORT HxClass {
     virtual ~HxClass();
 
     const String& getName() const { return name_; }
-    const HxClass* getBase() const { return base_; }
     const Module& getModule() const { return module_; }
-    const ClassVersion& getVersion() const { return version_; }
 
     /// Whether this is @p other or has it among its bases; false for null.
     bool isDerivedFrom(const HxClass* other) const;
@@ -45,8 +43,6 @@ class HOST_EXPORT HxClass {
     virtual void initClassStatics() const;
     virtual void clearClassStatics() const;
 
-    /// @return the record of that name that was built last; null when there is none
-    static const HxClass* find(const String& name);
     /// All records, in the order in which they were built.
     static std::vector<const HxClass*> all();
 
@@ -54,7 +50,6 @@ class HOST_EXPORT HxClass {
     String name_;
     const HxClass* base_;
     const Module& module_;
-    ClassVersion version_;
 };
 
 /// A class record that can make instances. Base::ClassPointer is the pointer that owns them.

@@ -25,10 +25,10 @@ Module::~Module() {
 }
 
 bool Module::internalInit(void* instanceHandle) {
-    if (instanceHandle == nullptr || isInitialised() || !accepting) {
+    if (instanceHandle == nullptr || initialised_ || !accepting) {
         return false;
     }
-    instanceHandle_ = instanceHandle;
+    initialised_ = true;
     for (const HxClass* type : classes()) {
         type->initClassStatics();
     }
@@ -36,13 +36,13 @@ bool Module::internalInit(void* instanceHandle) {
 }
 
 void Module::internalTerm() {
-    if (!isInitialised()) {
+    if (!initialised_) {
         return;
     }
     for (const HxClass* type : classes()) {
         type->clearClassStatics();
     }
-    instanceHandle_ = nullptr;
+    initialised_ = false;
 }
 
 std::vector<const HxClass*> Module::classes() const {
@@ -53,10 +53,6 @@ std::vector<const HxClass*> Module::classes() const {
 
 void Module::setAccepting(bool value) {
     accepting = value;
-}
-
-bool Module::isAccepting() {
-    return accepting;
 }
 
 Module& hostModule() {

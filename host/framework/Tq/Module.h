@@ -29,18 +29,14 @@ class HOST_EXPORT Module {
     /// initialised.
     void internalTerm();
 
-    bool isInitialised() const { return instanceHandle_ != nullptr; }
-    void* instanceHandle() const { return instanceHandle_; }
+    /// Whether the host takes modules; it stops doing so while it shuts down.
+    static void setAccepting(bool accepting);
 
+  private:
     /// The class records that name this module, in the order in which they were built.
     std::vector<const HxClass*> classes() const;
 
-    /// Whether the host takes modules; it stops doing so while it shuts down.
-    static void setAccepting(bool accepting);
-    static bool isAccepting();
-
-  private:
-    void* instanceHandle_ = nullptr;
+    bool initialised_ = false;
 };
 
 /// The record that the host's own classes name.
