@@ -113,7 +113,7 @@ Tq_1_1::SmartPtr<Vardex::VardexDataObj> openProject(ModuleSession& session, Cons
     if (project->getProject()) {
         console.warn(project->getProject()->warnings);
     }
-    session.root().addChild(project);
+    static_cast<void>(session.root().addChild(project));  // new, so it has no parent yet
     return project;
 }
 

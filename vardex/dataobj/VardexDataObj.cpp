@@ -97,7 +97,8 @@ Tq_1_1::StrictSmartPtr<Hx::AttrContainer> VardexDataObj::doDuplicate(CreateType 
 
 void VardexDataObj::init(CreateType type, const Hx::AttrContainer* source) {
     RawScanFileObject::init(type, source);
-    createAttributes(attrDefs, type, source);
+    // The table is the class's own: nothing in it can be refused.
+    static_cast<void>(createAttributes(attrDefs, type, source));
     if (source != nullptr) {
         return;
     }

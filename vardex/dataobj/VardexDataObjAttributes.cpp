@@ -23,7 +23,7 @@ void VardexDataObj::initStatics() {
         auto names = std::make_unique<Hx::KeyTable>();
         for (const Hx::AttrDefinition& definition : attrDefs) {
             if (!definition.name.isNull()) {
-                names->addEntry(definition.token, definition.name);
+                static_cast<void>(names->addEntry(definition.token, definition.name));
             }
         }
         attrNames = names.release();

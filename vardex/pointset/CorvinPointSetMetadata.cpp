@@ -72,7 +72,7 @@ Hx::Uuid CorvinPointSet::getRecordingSessionId() const {
     if (const auto record = metaData()) {
         Tq_1_1::String text;
         Hx::TypeConversion::convert(record->RecordingSessionID(), text);
-        id.fromStr(text);  // a text that is no identifier leaves the default one
+        static_cast<void>(id.fromStr(text));  // a text that is no identifier leaves the default one
     }
     return id;
 }

@@ -70,8 +70,8 @@ class HOST_EXPORT AttrContainer : public Observer {
     /// @param source  may be null
     /// @return false when a line has an unknown type, or a token that the container has already;
     ///         that line is left out, the others are there
-    bool createAttributes(const AttrDefinition* table, CreateType type,
-                          const AttrContainer* source);
+    [[nodiscard]] bool createAttributes(const AttrDefinition* table, CreateType type,
+                                        const AttrContainer* source);
     /// For constructors of the host's own classes: init creates the attributes of the table, and the
     /// lookups know them. The table outlives the container.
     void addOwnTable(const AttrDefinition* table) { ownTables_.push_back(table); }

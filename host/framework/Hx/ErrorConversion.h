@@ -19,17 +19,17 @@ class HOST_EXPORT SpecificErrorConverterBase {
 
     /// The host's own mapping of service error codes.
     /// @return IO_ERROR for an empty pointer and for an error without a service code
-    virtual IOMessages::IOResult convertError(
+    [[nodiscard]] virtual IOMessages::IOResult convertError(
         const std::shared_ptr<const Ovr::ErrorHandling::ErrorBase>& error) const;
 };
 
 /// The IO result of a service call. Keeps the error's text for lastErrorMessage.
 /// @param error      empty: IO_OK
 /// @param converter  null: the host's own mapping
-HOST_EXPORT IOMessages::IOResult convertError(
+[[nodiscard]] HOST_EXPORT IOMessages::IOResult convertError(
     const std::unique_ptr<Ovr::ErrorHandling::ErrorWithCode<Ovr::Interfaces::ErrorCode>>& error,
     const SpecificErrorConverterBase* converter);
-HOST_EXPORT IOMessages::IOResult convertError(
+[[nodiscard]] HOST_EXPORT IOMessages::IOResult convertError(
     const Ovr::ErrorHandling::ErrorWithCode<Ovr::Interfaces::ErrorCode>& error,
     const SpecificErrorConverterBase* converter);
 

@@ -27,10 +27,10 @@ class HOST_EXPORT IScanPointTimes {
 
     /// @param seconds  out: time of the point [s, scan time]; 0 when there is none
     /// @return false outside the grid and while the points are not valid
-    virtual bool getScanPtTime(int row, int col, double& seconds) const = 0;
+    [[nodiscard]] virtual bool getScanPtTime(int row, int col, double& seconds) const = 0;
     /// Loads the times of all points from where the scan came from.
     /// @return 0; IO_LOCK_NOT_OBTAINED, IO_NO_POINT_TIMES or what the service's error converts to
-    virtual IOMessages::IOResult loadScanPtTimes() = 0;
+    [[nodiscard]] virtual IOMessages::IOResult loadScanPtTimes() = 0;
     /// Duration of the scan [s]; the largest double when nothing is known of it.
     virtual double getMaxScanPointTime() const = 0;
     /// Walked positions within a time span, near-duplicates left out; empty without a trajectory.
@@ -39,7 +39,7 @@ class HOST_EXPORT IScanPointTimes {
     /// Time span of the path around a point, as fractions of the scan.
     /// @param predicate  whether a position still belongs to the span
     /// @return false without a trajectory; @p begin and @p end are untouched then
-    virtual bool getTrajectoryFractionAtPoint(
+    [[nodiscard]] virtual bool getTrajectoryFractionAtPoint(
         const Tq_1_1::Vec3d<double>& point,
         const std::function<bool(const Tq_1_1::Vec3d<double>&)>& predicate, double& begin,
         double& end) const = 0;

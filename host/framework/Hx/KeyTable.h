@@ -17,7 +17,7 @@ class HOST_EXPORT KeyTable {
 
     /// @return false, and nothing has changed, for NO_TOKEN, a null name, and a token or name that
     ///         the table has already
-    bool addEntry(unsigned int token, const Tq_1_1::String& name);
+    [[nodiscard]] bool addEntry(unsigned int token, const Tq_1_1::String& name);
     /// @return NO_TOKEN for an unknown name
     unsigned int keyToToken(const Tq_1_1::String& name) const;
     /// @return a null string for an unknown token

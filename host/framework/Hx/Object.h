@@ -36,7 +36,7 @@ class HOST_EXPORT Object : public AttrContainer, public Tq_1_1::VisitorCore {
     const std::vector<Tq_1_1::SmartPtr<Object>>& getChildren() const { return children_; }
     /// Appends a child.
     /// @return false when it is empty, has a parent, or is this object or above it
-    bool addChild(const Tq_1_1::SmartPtr<Object>& child);
+    [[nodiscard]] bool addChild(const Tq_1_1::SmartPtr<Object>& child);
 
     /// The nearest object above this one that holds a point set.
     /// @return empty without one

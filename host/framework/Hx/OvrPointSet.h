@@ -35,7 +35,7 @@ class HOST_EXPORT OvrPointSet : public PointSet {
     /// Sizes the record storage and writes the counts. Requires: isPossibleSize.
     /// @param allocate  false only writes the counts and drops the records
     /// @return false when memory runs out; the storage is empty then
-    virtual bool resizePointStorage(int rows, int cols, bool allocate,
+    [[nodiscard]] virtual bool resizePointStorage(int rows, int cols, bool allocate,
                                                   bool withReflection) = 0;
     /// Refreshes the host's copy of the scan's metadata.
     virtual void updateCachedMetaData();

@@ -163,11 +163,11 @@ class HOST_EXPORT PointSet : public PointContainer, public PointDataInterf {
 
     // --- Reading and writing -------------------------------------------------------------------
     /// @return an IO result
-    virtual int import(FileInfo& fileInfo, AllocMain& alloc) = 0;
+    [[nodiscard]] virtual int import(FileInfo& fileInfo, AllocMain& alloc) = 0;
     /// Writes the point set's name into the project output. @return 0
-    virtual int writeInfo(std::ostream& out,
+    [[nodiscard]] virtual int writeInfo(std::ostream& out,
                                         std::shared_ptr<WriteContextBase> context);
-    virtual int writeScanDataId(std::ostream& out,
+    [[nodiscard]] virtual int writeScanDataId(std::ostream& out,
                                               std::shared_ptr<WriteContextBase> context) = 0;
 
     // --- Display -------------------------------------------------------------------------------

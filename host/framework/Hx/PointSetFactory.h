@@ -30,7 +30,7 @@ class HOST_EXPORT PointSetFactory {
     [[nodiscard]] virtual bool registerPointSet(const Tq_1_1::String& identifier, Creator creator,
                                                 const Tq_1_1::String& further);
     /// @return false when the identifier is not registered
-    virtual bool unregisterPointSet(const Tq_1_1::String& identifier);
+    [[nodiscard]] virtual bool unregisterPointSet(const Tq_1_1::String& identifier);
 
     /// @return empty for an unknown identifier
     std::shared_ptr<PointSet> create(const Tq_1_1::String& identifier) const;

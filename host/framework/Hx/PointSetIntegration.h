@@ -32,7 +32,7 @@ class HOST_EXPORT PointSetIntegration : public Ovr::Interfaces::IScanIntegration
     std::unique_ptr<Ovr::IPointDataExclusiveAccess> getPointDataExclusiveAccess(
         const Ovr::IPointDataWriteLock& lock) override;
     /// Through resizePointStorage; the data are valid afterwards when @p allocate and successful.
-    bool setNewSize(int rows, int cols, bool allocate, bool withReflection) override;
+    [[nodiscard]] bool setNewSize(int rows, int cols, bool allocate, bool withReflection) override;
     bool acceptsNewSize() const override;
     bool storesCartesian() const override;
     bool storesColor() const override;

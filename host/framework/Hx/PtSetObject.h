@@ -31,7 +31,7 @@ class HOST_EXPORT PtSetObject : public Transform {
     /// Takes a point set, whose container this object becomes, and lets the old one go.
     /// @param pointSet  may be empty
     /// @return false, and nothing has changed, when another object holds the point set
-    bool setPointSet(std::shared_ptr<PointSet> pointSet);
+    [[nodiscard]] bool setPointSet(std::shared_ptr<PointSet> pointSet);
 
   protected:
     ~PtSetObject() override;

@@ -17,7 +17,7 @@ class HOST_EXPORT Uuid {
 
     /// Reads the text form.
     /// @return false for any other text; the identifier is unchanged then
-    bool fromStr(const Tq_1_1::String& text);
+    [[nodiscard]] bool fromStr(const Tq_1_1::String& text);
     Tq_1_1::String toStr() const;
     bool isDefault() const { return value_ == Ovr::uuids::uuid{}; }
     const Ovr::uuids::uuid& value() const { return value_; }
