@@ -16,8 +16,8 @@
 
 namespace Hx {
 
-/// A node with attributes, each known by a token and a name. A new container has none: whoever
-/// makes one holds it by a SmartPtr and then calls init. The virtual operations keep their order:
+/// A node with attributes, each known by a token and a name. A new container has none: its maker
+/// holds it by a SmartPtr and then calls init. The virtual operations keep their order, because
 /// classes of modules rely on it.
 class HOST_EXPORT AttrContainer : public Observer {
   public:
@@ -36,8 +36,8 @@ class HOST_EXPORT AttrContainer : public Observer {
     /// In the order in which they were created.
     const std::vector<Tq_1_1::SmartPtr<Attribute>>& getAttributes() const { return attributes_; }
 
-    /// Token of the attribute that says how far the object's processing has come, and of the one
-    /// that describes its state. The base has neither: AttrDefinition::NO_TOKEN.
+    /// Token of the attribute for the progress of the object's processing, and of the one for its
+    /// state. The base has neither: AttrDefinition::NO_TOKEN.
     virtual unsigned int getProgressAttrToken() const;
     virtual unsigned int getStateAttrToken() const;
 
@@ -63,13 +63,13 @@ class HOST_EXPORT AttrContainer : public Observer {
     virtual const AttrDefinition* getAttrDefinition(unsigned int token) const;
 
   protected:
-    /// Creates an attribute for each line of a table. Its value is the one that @p source has for
-    /// the token, else that of its type: 0 or a null string.
+    /// Creates an attribute for each line of a table. It takes the value that @p source has for the
+    /// token; without one the value is 0 or a null string.
     /// @param table   closed by an entry without a name
-    /// @param type    a template takes no values over
+    /// @param type    CREATE_TEMPLATE: the values of @p source are not used
     /// @param source  may be null
-    /// @return false when a line has an unknown type, or a token that the container has already;
-    ///         that line is left out, the others are there
+    /// @return false when a line has an unknown type or a token that the container has already;
+    ///         such a line is left out, all others get their attribute
     [[nodiscard]] bool createAttributes(const AttrDefinition* table, CreateType type,
                                         const AttrContainer* source);
     /// For constructors of the host's own classes: init creates the attributes of the table, and the

@@ -29,15 +29,14 @@ class HOST_EXPORT Attribute final : public Observer {
 
     unsigned int getToken() const { return token_; }
     const AttrValue& getValue() const { return value_; }
-    /// @param owner  the container that changes the value; hears of the change. May be null; else
-    ///               it and the attribute are held by a SmartPtr.
+    /// @param owner  the container that changes the value; it is told of the change. May be null.
+    ///               Else it and the attribute are held by a SmartPtr.
     void setValue(AttrValue value, AttrContainer* owner);
-    /// The container that set the value last; null before. Not owned: it may be gone when the
-    /// attribute outlives it.
+    /// The container that set the value last; null before. Not owned: an attribute may outlive it.
     const AttrContainer* getOwner() const { return owner_; }
 
-    /// While a command previews attribute values, attributes carry a CachedAttributeInfo whose
-    /// value counts instead of their own. One flag for the whole application.
+    /// Whether a command previews attribute values. During a preview the value of an attribute's
+    /// CachedAttributeInfo replaces its own value. One flag for the whole application.
     static bool isCachedAttributePending();
     static void setCachedAttributePending(bool pending);
 

@@ -33,8 +33,8 @@ class HOST_EXPORT SpecificErrorConverterBase {
     const Ovr::ErrorHandling::ErrorWithCode<Ovr::Interfaces::ErrorCode>& error,
     const SpecificErrorConverterBase* converter);
 
-/// The text of the error that this thread converted last; empty when none was or after
-/// clearLastErrorMessage. IO results are numbers: this is how an application gets to the words.
+/// The text of the error that this thread converted last; empty when there was none, and after
+/// clearLastErrorMessage. IO results are numbers: this is where an application gets the text.
 HOST_EXPORT std::string lastErrorMessage();
 HOST_EXPORT void clearLastErrorMessage();
 /// For host operations that fail without a service error.

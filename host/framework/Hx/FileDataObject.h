@@ -28,7 +28,7 @@ class HOST_EXPORT FileDataObject : public Transform, public AccessibleInterface 
 
     FileDataObject();
 
-    /// @param number  distinguishes files of one name: 2 and more is put behind it, "site (2)"
+    /// @param number  tells files of one name apart: from 2 on it follows the name, "site (2)"
     void setName(const Tq_1_1::String& name, int number);
 
     /// @return a null string until the object was filled from a file

@@ -35,14 +35,14 @@ class HOST_EXPORT ModelContext : public Tq_1_1::RefCounted<ModelContext> {
 /// one thread.
 class HOST_EXPORT AllocMain {
   public:
-    /// @param exclusive  kept for callers that say so; every guard excludes other threads
+    /// @param exclusive  not looked at: every guard excludes other threads
     /// @param context    may be empty: nothing is guarded then
     AllocMain(bool exclusive, const Tq_1_1::SmartPtr<ModelContext>& context);
     AllocMain(const AllocMain&) = delete;
     AllocMain& operator=(const AllocMain&) = delete;
     ~AllocMain();
 
-    /// Lets the context go. May be called repeatedly; on the thread that took the guard.
+    /// Releases the context. May be called repeatedly. Requires: the thread that made the guard.
     void release();
 
   private:

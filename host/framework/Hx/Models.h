@@ -30,8 +30,8 @@ class Application {
     std::shared_ptr<RestrictionManager> restrictions_;
 };
 
-/// The host's model registry. Threads: contexts from any; the rest is set while no other thread
-/// asks for it.
+/// The host's model registry. Threads: any thread may ask for contexts. Everything else is set
+/// while no other thread uses the registry.
 class HOST_EXPORT Models {
   public:
     static Models& the();
@@ -44,7 +44,7 @@ class HOST_EXPORT Models {
 
     /// @return null until an application has announced itself; not owned
     Application* getApplication() const { return application_; }
-    /// @param application  outlives its stay here; null when it ends
+    /// @param application  null when the application ends; else it lives until the next call
     void setApplication(Application* application) { application_ = application; }
 
     /// The context of an identifier, made on first use; always the same one.

@@ -12,7 +12,7 @@ namespace Hx {
 
 /// What the host hands to a module's HxInit; the module fills in its name.
 struct ModuleInitInfo {
-    std::uint64_t hostReserved = 0;  ///< the host's own; modules do not touch it
+    std::uint64_t hostReserved = 0;  ///< for the host's own use; modules do not touch it
     Tq_1_1::String moduleName;
 };
 

@@ -86,8 +86,8 @@ const Matrix& Object::getInverseMatrix() const {
 const Matrix& Object::calcTrafoTo(const Object* target) const {
     const auto path = getPath();
     const auto targetPath = target != nullptr ? target->getPath() : std::vector<const Object*>{};
-    // What both paths share cancels out. It is left out rather than multiplied with its inverse:
-    // neighbours far from the world's origin lose no digits that way.
+    // The part that both paths share cancels out. It is skipped, not multiplied by its inverse, so
+    // that neighbours far from the world's origin lose no digits.
     std::size_t shared = 0;
     while (shared < path.size() && shared < targetPath.size() &&
            path[shared] == targetPath[shared]) {

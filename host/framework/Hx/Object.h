@@ -45,11 +45,12 @@ class HOST_EXPORT Object : public AttrContainer, public Tq_1_1::VisitorCore {
     /// The transformation from this object's coordinates into its parent's. The base has the
     /// identity.
     virtual const Tq_1_1::Mat4d<double>& getMatrix() const;
-    /// The way back.
+    /// The inverse of getMatrix.
     virtual const Tq_1_1::Mat4d<double>& getInverseMatrix() const;
 
-    /// The transformation from this object's coordinates into those of @p target, null for world
-    /// coordinates. Objects of different trees meet in world coordinates.
+    /// The transformation from this object's coordinates into those of @p target. Objects of
+    /// different trees have the world coordinates in common.
+    /// @param target  null for world coordinates
     /// @return valid until the next call on this object
     const Tq_1_1::Mat4d<double>& calcTrafoTo(const Object* target) const;
 

@@ -12,7 +12,7 @@
 
 namespace Hx {
 
-/// Something attached to an observer while a notification is under way.
+/// Information that is attached to an observer, for example a previewed value.
 class HOST_EXPORT NotifyInfo {
   public:
     static const Tq_1_1::HxClass* Class();
@@ -20,7 +20,7 @@ class HOST_EXPORT NotifyInfo {
     virtual ~NotifyInfo() = default;
 };
 
-/// A node that can be told of changes. Threads: infos are attached while no other thread looks them
+/// A node that can be told of changes. Threads: an info is attached while no other thread looks one
 /// up.
 class HOST_EXPORT Observer : public Tq_1_1::BaseNode {
   public:

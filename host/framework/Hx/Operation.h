@@ -20,17 +20,17 @@ using KeyType = const Tq_1_1::HxClass*;
 
 namespace Operation {
 
-/// A list of (class record, function) pairs for one pluggable operation, more special classes
-/// behind more general ones. Modules edit it in place while they load and unload; the host must
-/// not read it meanwhile.
+/// A list of (class record, function) pairs for one pluggable operation. Derived classes stand
+/// after their bases. Modules edit the list in place while they load and unload: the host must not
+/// read it then.
 template <typename Key, typename F>
 struct Context {
     using Entry = std::pair<Key, F*>;
 
     std::vector<Entry> entries;
 
-    /// The function for a class: that of the last pair whose class is null or @p type or a base of
-    /// it. @return null when no pair fits
+    /// The function of the last pair whose class is null, @p type itself or a base of it.
+    /// @return null when no pair fits
     F* find(Key type) const {
         for (auto it = entries.rbegin(); it != entries.rend(); ++it) {
             if (it->first == nullptr || (type != nullptr && type->isDerivedFrom(it->first))) {

@@ -34,7 +34,7 @@ bool OvrPointSet::resize(int rows, int cols) {
     if (!supportsResize() || !isPossibleSize(rows, cols)) {
         return false;
     }
-    // Sizing drops records that have a reflection beside the colour.
+    // Sizing drops records that have a reflection next to the colour.
     const bool kept = rows == rows_ && cols == cols_ && hasValidData() && !hasSeparateReflection();
     const bool sized = resizePointStorage(rows, cols, true, false);
     setValidData(sized && kept);

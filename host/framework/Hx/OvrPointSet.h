@@ -28,7 +28,7 @@ class HOST_EXPORT OvrPointSet : public PointSet {
     const Tq_1_1::HxClass* getClassType() const override;
     ~OvrPointSet() override;
 
-    // Virtual operations, behind those of PointSet and in this order.
+    // Virtual operations. They follow those of PointSet, in this order.
     /// A new converter for one conversion, owned by the caller.
     virtual std::unique_ptr<SpecificErrorConverterBase> createErrorConverter() const = 0;
     virtual bool supportsResize() const = 0;
@@ -46,12 +46,13 @@ class HOST_EXPORT OvrPointSet : public PointSet {
     const std::shared_ptr<PointSetIntegration>& getIntegration() const { return integration_; }
 
     /// Sizes the storage to @p rows x @p cols records without separate reflection. The data are
-    /// not valid until validateData, unless they were valid in this size and form before. The caller holds the point write lock.
+    /// not valid until validateData, unless they were valid in this size and form before.
+    /// Requires: the caller holds the point write lock.
     /// @return false when the class supports no sizing, for counts that are not possible, and when
     ///         memory runs out
     [[nodiscard]] bool resize(int rows, int cols);
 
-    /// A scope that says that everything may change.
+    /// A scope in which all data of the scan may change.
     ModificationScope createModificationScope();
     /// @param timeout  longest wait [ms]
     PointWriteLock lockPoints(int timeout);
@@ -63,8 +64,8 @@ class HOST_EXPORT OvrPointSet : public PointSet {
     /// The host's copy of the metadata, as of the last updateCachedMetaData.
     const Ovr::VardexLib::CorvinMetaData& getCachedMetaData() const { return cachedMetaData_; }
 
-    /// Tells a container's point set of a change: marks its info as modified when a source is
-    /// given. @return EXEC_IGNORED for a null point set or a null source
+    /// Tells a container's point set of a change: marks its info as modified.
+    /// @return EXEC_IGNORED, and nothing has changed, for a null point set or a null source
     static Action::ExecReturn changedNotify(PtSetObject* container, PointSet* pointSet,
                                             Observer* observer, Observer* source);
 

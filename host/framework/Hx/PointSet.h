@@ -215,7 +215,7 @@ class HOST_EXPORT PointSet : public PointContainer, public PointDataInterf {
     void setValidData(bool valid) { validData_ = valid; }
     /// Checks that the counts are sound, runs PointSetOps::Validate for the point set's class and
     /// its bases, and marks the data as valid unless a check gives what IOMessages::isKnownFailure
-    /// calls a failure. The data count as valid for a moment: nobody may read them meanwhile.
+    /// calls a failure. The data count as valid during the call: nobody may read them then.
     /// @return the failure; else the first result that is not 0; else 0
     [[nodiscard]] int validateData();
 
@@ -246,7 +246,7 @@ class HOST_EXPORT PointSet : public PointContainer, public PointDataInterf {
   protected:
     explicit PointSet(const Tq_1_1::String& name);
 
-    // Row and column count of the grid, written by whoever sizes the storage.
+    // Row and column count of the grid, written by the class that sizes the storage.
     int rows_ = 0;
     int cols_ = 0;
 

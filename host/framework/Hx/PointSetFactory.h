@@ -15,8 +15,8 @@ namespace Hx {
 
 class PointSet;
 
-/// Makes point sets by class identifier. Threads: modules register on the loading thread; the rest
-/// of the host only reads meanwhile.
+/// Makes point sets by class identifier. Threads: modules register on the loading thread; no other
+/// thread uses the factory then.
 class HOST_EXPORT PointSetFactory {
   public:
     using Creator = std::function<std::shared_ptr<PointSet>()>;

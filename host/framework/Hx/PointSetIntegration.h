@@ -16,8 +16,8 @@ namespace Hx {
 
 class OvrPointSet;
 
-/// Connects a point set with its scan data: owns the scan data and the scan's locks, and passes
-/// what the scan data ask on to the point set.
+/// Connects a point set with its scan data. Owns the scan data and the scan's locks. What the scan
+/// data ask is passed on to the point set.
 class HOST_EXPORT PointSetIntegration : public Ovr::Interfaces::IScanIntegration {
   public:
     /// @param pointSet  owns this integration; need not be constructed yet
@@ -50,10 +50,10 @@ class HOST_EXPORT PointSetIntegration : public Ovr::Interfaces::IScanIntegration
 
     /// Replaces the locks, for a host that brings its own. Requires: none is out.
     void setPointDataLocks(std::shared_ptr<Ovr::IPointDataLocks> locks);
-    /// Replaces the search for files beside the points.
+    /// Opens the structured streams in place of the search for files next to the points file.
     using StreamsFunction = std::function<std::shared_ptr<Ovr::IStructuredStreams>(bool writable)>;
     void setStructuredStreams(StreamsFunction open);
-    /// Hears of every modification from now on. Not owned; outlives the integration.
+    /// Tells @p listener of every later modification. Not owned: it outlives the integration.
     void addModificationListener(Ovr::DataStructures::IModificationListener* listener);
 
   private:
@@ -64,7 +64,7 @@ class HOST_EXPORT PointSetIntegration : public Ovr::Interfaces::IScanIntegration
     std::unique_ptr<Ovr::Interfaces::IScanData> scanData_;
 };
 
-/// The integration for one class of scan data. Takes sizes, colours and reflections.
+/// The integration for one class of scan data. It accepts sizes, colours and reflections.
 template <typename ScanData>
 class PointSetIntegrationT final : public PointSetIntegration {
   public:

@@ -16,7 +16,7 @@ class PointWriteLock {
     explicit PointWriteLock(std::unique_ptr<Ovr::IPointDataWriteLock> lock)
         : lock_(std::move(lock)) {}
 
-    /// False when the lock could not be had.
+    /// False when the lock was not obtained.
     bool isHeld() const { return lock_ != nullptr && lock_->isValid(); }
 
   private:

@@ -14,8 +14,8 @@ template <typename T>
 class UnifiedPolar3d;
 
 /// A point in polar coordinates around the scanner: component 0 is the distance r >= 0 [same unit
-/// as the Cartesian point], 1 the horizontal and 2 the vertical angle [rad]. How the angles are
-/// counted is the derived class's. The virtual operations keep their order.
+/// as the Cartesian point], 1 the horizontal and 2 the vertical angle [rad]. The derived
+/// class decides where the angles start and how they grow. The virtual operations keep their order.
 template <typename T>
 class Polar3d : public Tq_1_1::Vec3d<T> {
   public:

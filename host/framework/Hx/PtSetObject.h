@@ -28,7 +28,7 @@ class HOST_EXPORT PtSetObject : public Transform {
     const Tq_1_1::HxClass* getClassType() const override;
 
     const std::shared_ptr<PointSet>& getPointSet() const { return pointSet_; }
-    /// Takes a point set, whose container this object becomes, and lets the old one go.
+    /// Takes a point set and releases the old one. This object becomes the container of the new one.
     /// @param pointSet  may be empty
     /// @return false, and nothing has changed, when another object holds the point set
     [[nodiscard]] bool setPointSet(std::shared_ptr<PointSet> pointSet);

@@ -31,17 +31,17 @@ class HOST_EXPORT RawScanFileObject : public MiscFileDataObject, public Validati
 
     RawScanFileObject();
 
-    /// Also shares the project of a source that has one.
+    /// Shares the project of a source that has one.
     void init(CreateType type, const AttrContainer* source) override;
 
-    /// Reads a project file. Points are not read: importing the project's scans is the
-    /// application's. The text of a failure is in lastErrorMessage.
+    /// Reads a project file. Points are not read: the application imports the project's scans. The
+    /// text of a failure is in lastErrorMessage.
     /// @param scan  the scan that the file belongs to: this object becomes its child. Null leaves
     ///              the object where it is.
-    /// @return IO_OK; IO_UNKNOWN_FIELDS when the file was read and says more than is understood,
-    ///         see ProjectFile::warnings; any other value is a failure that leaves the object and
-    ///         the tree as they were. IO_ERROR when the object has another parent than @p scan,
-    ///         or stands above it.
+    /// @return IO_OK; IO_UNKNOWN_FIELDS when the file was read and has fields that are not
+    ///         understood, see ProjectFile::warnings. Any other value is a failure: the object and
+    ///         the tree are as before. IO_ERROR when the object has another parent than @p scan,
+    ///         or is above it.
     /// Requires: init was called, and this object is held by a SmartPtr.
     [[nodiscard]] IOMessages::IOResult fillFrom(const Tq_1_1::File& file, PtSetObject* scan);
 

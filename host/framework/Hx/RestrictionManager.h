@@ -15,18 +15,19 @@ namespace Hx {
 class CommandInterf;
 class StateContext;
 
-/// Decides which commands are refused in a state. Threads: any; denial functions are called
-/// without a lock, at times from several threads at once.
+/// Decides which commands are refused in a state. Threads: any. Denial functions are called
+/// without a lock, and possibly from several threads at once.
 class HOST_EXPORT RestrictionManager {
   public:
     /// True: the command is denied in that state.
     using DenialFunction = std::function<bool(const CommandInterf*, const StateContext*)>;
 
-    /// Keeps one function per key: a further one replaces the first and counts as a registration
-    /// more. A null key or an empty function changes nothing.
+    /// Keeps one function per key: a later one replaces the earlier one, and both registrations
+    /// are counted. A null key or an empty function changes nothing.
     void addDenialFunction(const void* key, DenialFunction function);
-    /// Drops the function of a key. An application does so before it unloads the module that the
-    /// function lives in, and asks nothing meanwhile: a question under way still calls it.
+    /// Drops the function of a key; nothing happens for an unknown key. An application calls this
+    /// before it unloads the module that holds the function. Requires: no call of isDenied is under
+    /// way, for it may still call the function.
     void removeDenialFunction(const void* key);
     /// How often a function was registered under the key; 0 for an unknown one.
     std::size_t getRegistrationCount(const void* key) const;

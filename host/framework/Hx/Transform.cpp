@@ -20,8 +20,8 @@ bool isFinite(const Matrix& m) {
     return std::all_of(m.values.begin(), m.values.end(), [](double v) { return std::isfinite(v); });
 }
 
-/// The determinant of the 2 x 2 matrix that is left of the rotation part without row and col, with
-/// its sign in the expansion: rows and columns are counted on round the corner.
+/// The cofactor of (row, col) in the 3 x 3 rotation part. Rows and columns are taken in cyclic
+/// order, which gives the sign as well.
 double cofactor(const Matrix& m, std::size_t row, std::size_t col) {
     const std::size_t r1 = (row + 1) % 3;
     const std::size_t r2 = (row + 2) % 3;

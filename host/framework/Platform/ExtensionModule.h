@@ -14,7 +14,7 @@ struct AFX_EXTENSION_MODULE {
 /// Stand-in of the GUI framework's start of an extension module.
 /// @return 0 when the framework is not running, the handle is null or the record is in use
 [[nodiscard]] HOST_EXPORT int AfxInitExtensionModule(AFX_EXTENSION_MODULE& record, void* instance);
-/// Ends what AfxInitExtensionModule began; harmless on a record that is not in use.
+/// Ends what AfxInitExtensionModule began; changes nothing on a record that is not in use.
 HOST_EXPORT void AfxTermExtensionModule(AFX_EXTENSION_MODULE& record, bool all);
 
 namespace Platform {

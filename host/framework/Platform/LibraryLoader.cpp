@@ -51,7 +51,7 @@ std::filesystem::path absolutePath(const std::filesystem::path& path) {
 std::unique_ptr<LoadedLibrary> LoadedLibrary::open(const std::filesystem::path& path,
                                                    std::string& error) {
     const std::lock_guard lock(loader().mutex);
-    // Made first: once the library is attached nothing may fail any more.
+    // Made first: after the library is attached nothing may fail.
     std::unique_ptr<LoadedLibrary> library(new LoadedLibrary);
     const auto close = [](void* handle) { dlclose(handle); };
     std::unique_ptr<void, decltype(close)> handle(
@@ -94,7 +94,7 @@ void* LoadedLibrary::find(const char* name) const {
 }
 
 bool LoadedLibrary::isMapped(const std::filesystem::path& path) {
-    const std::lock_guard lock(loader().mutex);  // letting go may be the last of it
+    const std::lock_guard lock(loader().mutex);  // dlclose may unmap the library
     void* handle = dlopen(absolutePath(path).c_str(), RTLD_LAZY | RTLD_NOLOAD);
     if (handle == nullptr) {
         return false;

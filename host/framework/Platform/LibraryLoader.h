@@ -24,10 +24,10 @@ enum class EntryReason : int {
 inline constexpr const char* kLibraryEntryName = "VardexLibraryEntry";
 using LibraryEntry = int (*)(void* instance, int reason);
 
-/// A library that is open. Opening it first maps it and calls its entry point with ProcessAttach;
-/// when that fails the entry point is called with ProcessDetach at once and the library is closed.
-/// Destroying the last one that is open calls ProcessDetach and unmaps it. The entry point does not
-/// throw. Threads: one loader lock orders all loads and unloads.
+/// A library that is open. Opening it for the first time maps it and calls its entry point with
+/// ProcessAttach. When that fails, the entry point is called with ProcessDetach at once and the
+/// library is closed. Destroying its last LoadedLibrary calls ProcessDetach and unmaps it. The
+/// entry point does not throw. Threads: one loader lock orders all loads and unloads.
 class HOST_EXPORT LoadedLibrary {
   public:
     /// @param error  filled with one line when the result is empty

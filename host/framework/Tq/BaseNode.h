@@ -11,18 +11,18 @@
 
 namespace Tq_1_1 {
 
-/// Root of what a visitor can come to.
+/// Root of everything that can be visited.
 class HOST_EXPORT VisitorCore {
   public:
     virtual ~VisitorCore();
 };
 
-/// Root of the host's node classes, shared by intrusive counting.
+/// Root of the host's node classes. SmartPtrs share a node and count its owners.
 class HOST_EXPORT BaseNode : public RefCounted<BaseNode> {
   public:
     using ClassPointer = StrictSmartPtr<BaseNode>;
 
-    /// Why a node comes into being.
+    /// Why a node is made.
     enum CreateType : std::int32_t {
         CREATE_NEW = 0,
         CREATE_COPY = 1,

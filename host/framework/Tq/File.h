@@ -21,9 +21,9 @@ class HOST_EXPORT File {
     const String& getPath() const { return path_; }
     /// Name with extension: "site.ovr" for "/data/site.ovr".
     String getName() const;
-    /// Behind the last dot of the name: "ovr" for "/data/site.ovr"; empty without one.
+    /// The part after the last dot of the name: "ovr" for "/data/site.ovr"; empty without a dot.
     String getExtension() const;
-    /// Whether a file (not a folder) of that path can be seen now.
+    /// Whether there is a file (not a folder) of that path now.
     bool exists() const;
 
   private:

@@ -20,8 +20,9 @@ struct ClassVersion {
     std::uint32_t flags = 0;
 };
 
-/// A class record: what the host knows about a class of its own or of a module. Enters itself into
-/// the host's list of classes and leaves it when destroyed. Threads: any.
+/// A class record: what the host knows about one of its own classes or a class of a module. A
+/// record enters the host's list of classes when it is built and leaves it when it is destroyed.
+/// Threads: any.
 class HOST_EXPORT HxClass {
   public:
     /// @param base    record of the base class; null for a root
@@ -38,8 +39,8 @@ class HOST_EXPORT HxClass {
     /// Whether this is @p other or has it among its bases; false for null.
     bool isDerivedFrom(const HxClass* other) const;
 
-    /// Sets up and tears down the class's static tables; called when its module is initialised and
-    /// terminated. Both may be called repeatedly.
+    /// Set up and tear down the class's static tables. Called when the class's module is
+    /// initialised and terminated. Each may be called repeatedly.
     virtual void initClassStatics() const;
     virtual void clearClassStatics() const;
 

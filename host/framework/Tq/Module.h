@@ -22,14 +22,14 @@ class HOST_EXPORT Module {
 
     /// Enters the module into the host and sets up the statics of its classes.
     /// @param instanceHandle  the library's, not null
-    /// @return false when the handle is null, the record is initialised already, or the host takes
-    ///         no modules; nothing has changed then
+    /// @return false, and nothing has changed, when the handle is null, the record is initialised
+    ///         already, or the host accepts no modules
     [[nodiscard]] bool internalInit(void* instanceHandle);
-    /// Clears the statics of the module's classes and leaves the host. Harmless when not
-    /// initialised.
+    /// Clears the statics of the module's classes and leaves the host. Does nothing when the record
+    /// is not initialised.
     void internalTerm();
 
-    /// Whether the host takes modules; it stops doing so while it shuts down.
+    /// Whether the host accepts modules. It does from the start, and not while it shuts down.
     static void setAccepting(bool accepting);
 
   private:

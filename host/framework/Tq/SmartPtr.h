@@ -10,10 +10,10 @@
 
 namespace Tq_1_1 {
 
-/// Base of everything that is shared by intrusive counting. Born with no reference; destroyed when
-/// the last SmartPtr lets go. Threads: the count is atomic.
-/// @param Derived  has a virtual destructor, at a place of its own in its table of virtual
-///                 operations; a protected one befriends this class
+/// Base of objects that count their owners. A new object has no owner; the last SmartPtr that goes
+/// destroys it. Threads: the count is atomic.
+/// @param Derived  declares its own virtual destructor, at the place that its table of virtual
+///                 operations needs. When the destructor is protected, this class is a friend.
 template <typename Derived>
 class RefCounted {
   public:
@@ -79,8 +79,8 @@ class SmartPtr {
     T* object_ = nullptr;
 };
 
-/// A SmartPtr that creating operations return: it is made from an object explicitly and turns into
-/// a SmartPtr of a base, never back. It may be empty.
+/// The SmartPtr that creating operations return. It is made from an object explicitly. It converts
+/// to a SmartPtr of a base class, and a SmartPtr does not convert to it. It may be empty.
 template <typename T>
 class StrictSmartPtr : public SmartPtr<T> {
   public:

@@ -9,8 +9,8 @@
 
 namespace Hx::IOMessages {
 
-/// Outcome of an operation that reads or writes. 0 is plain success; several other values are
-/// notes or warnings and no failures. Any 32-bit value may occur.
+/// Outcome of an operation that reads or writes. 0 is success. Some other values are notes or
+/// warnings, not failures. Any 32-bit value may occur.
 enum IOResult : std::int32_t {
     IO_OK = 0,
     IO_ERROR = 1,           ///< failure without a better name
@@ -22,7 +22,7 @@ enum IOResult : std::int32_t {
     IO_INVALID_VALUE = 7,   ///< a value in the file makes no sense
     IO_OUT_OF_MEMORY = 8,
     IO_CANCELLED = 9,
-    IO_TIME_RANGE = 10,  ///< point times that cannot be kept, or clocks that do not meet
+    IO_TIME_RANGE = 10,  ///< point times that cannot be stored, or clocks that do not fit
     IO_IS_DIRECTORY = 11,
     IO_EMPTY_FILE = 13,
     IO_NO_STREAMS = 14,        ///< the scan has no structured streams
@@ -39,8 +39,8 @@ enum IOResult : std::int32_t {
 /// @return "unnamed result" for values without a phrase; never null
 HOST_EXPORT const char* describe(IOResult result);
 
-/// Whether the host itself takes a result for a failure: one of the named values but IO_OK and
-/// IO_UNKNOWN_FIELDS, and every negative one. Other values are notes of whoever gave them.
+/// Whether the host treats a result as a failure: every negative value, and every named value
+/// except IO_OK and IO_UNKNOWN_FIELDS. Other values are notes.
 HOST_EXPORT bool isKnownFailure(int result);
 
 }  // namespace Hx::IOMessages

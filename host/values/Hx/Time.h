@@ -5,7 +5,7 @@
 
 namespace Hx {
 
-/// A point in time: seconds as a double, from the origin that the data's source counts from.
+/// A point in time: seconds as a double, since the origin that the data's source uses.
 class Time {
   public:
     void setTime(double seconds) { seconds_ = seconds; }

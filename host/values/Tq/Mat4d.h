@@ -10,8 +10,8 @@
 
 namespace Tq_1_1 {
 
-/// A 4 x 4 matrix stored column by column: the element in row r and column c is value 4c + r, the
-/// translation of a transformation stands in values 12, 13 and 14.
+/// A 4 x 4 matrix, stored column by column: the element in row r and column c is value 4c + r. The
+/// translation of a transformation is in values 12, 13 and 14.
 template <typename T>
 struct Mat4d {
     std::array<T, 16> values{};
@@ -49,7 +49,7 @@ struct Mat4d {
         return product;
     }
 
-    /// The point p moved by this transformation; the bottom row is taken as (0, 0, 0, 1).
+    /// The point @p p, transformed; the bottom row is taken as (0, 0, 0, 1).
     constexpr Vec3d<T> transform(const Vec3d<T>& p) const {
         const Mat4d& m = *this;
         return {m(0, 0) * p.x + m(0, 1) * p.y + m(0, 2) * p.z + m(0, 3),

@@ -21,7 +21,7 @@ inline constexpr unsigned char kColorFlag = 1;
 template <typename Vector>
 struct ScanPtColor;
 
-/// The host's scan point, a packed record that point sets keep by the million.
+/// The host's scan point: a packed record, of which point sets keep millions.
 ///
 /// | offset | width | field |
 /// |---|---|---|
@@ -29,7 +29,7 @@ struct ScanPtColor;
 /// | 12 | 2 | packed normal |
 /// | 14 | 4 | colour channels 0-3; see kColorFlag |
 ///
-/// Coordinates are misaligned in records: read them as values, never bind a reference to one.
+/// Coordinates are not aligned in records: read them as values and never bind a reference to one.
 template <>
 struct HOST_EXPORT ScanPtColor<Vec3d<float>> {
     float x = 0.0F;

@@ -12,8 +12,8 @@
 
 namespace Tq_1_1 {
 
-/// The host's wide string. It can hold no value at all (a null string), which is not the empty
-/// string: several operations answer a null string for "nothing".
+/// The host's wide string. It may hold no value (a null string). A null string is not the empty
+/// string: several operations return it for "nothing".
 class HOST_EXPORT String {
   public:
     static const String NIL;    ///< no value
@@ -40,8 +40,9 @@ class HOST_EXPORT String {
     /// @return negative, 0 or positive
     int compare(const String& other) const;
 
-    /// At most @p count characters from @p from on. A null string, or a @p from behind the end,
-    /// or a negative @p from or @p count, gives the empty string.
+    /// At most @p count characters, the first one at index @p from.
+    /// @return the empty string for a null string, for a @p from after the end, and for a negative
+    ///         @p from or @p count
     String substring(int from, int count) const;
 
     friend bool operator==(const String& a, const String& b) { return a.text_ == b.text_; }

@@ -13,7 +13,7 @@ namespace Tq_1_1 {
 template <typename T>
 struct UnitVec3d;
 
-/// A direction packed into 16 bits: the octahedral map of the unit sphere, one byte per axis.
+/// A direction packed into 16 bits by the octahedral map of the unit sphere, one byte per axis.
 ///
 /// | bits | meaning |
 /// |---|---|

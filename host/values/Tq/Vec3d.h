@@ -7,7 +7,7 @@
 
 namespace Tq_1_1 {
 
-/// Three components of one type, x first. Units and frame are the user's.
+/// Three components of one type, x first. The user decides units and frame.
 template <typename T>
 struct Vec3d {
     using Scalar = T;
