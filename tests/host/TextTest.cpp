@@ -3,10 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include <iomanip>
-#include <sstream>
+#include <string>
 
-#include "Hx/ModelOutput.h"
 #include "Tq/File.h"
 #include "Tq/String.h"
 
@@ -14,6 +12,31 @@ namespace {
 
 using Tq_1_1::File;
 using Tq_1_1::String;
+
+TEST(WideString, HoldsEveryCharacterAndOneReplacementForEachBadByte) {
+    struct Case {
+        const char* name;
+        std::string utf8;
+        std::wstring wide;
+    };
+    for (const Case& c : {
+             Case{"last of each length", "\x7F\xDF\xBF\xEF\xBF\xBF\xF4\x8F\xBF\xBF",
+                  L"\x7F\u07FF\uFFFF\U0010FFFF"},
+             Case{"zero inside", std::string("a\0b", 3), std::wstring(L"a\0b", 3)},
+             Case{"cut off", "\xF0\x9F\x98", L"\uFFFD\uFFFD\uFFFD"},
+             Case{"wrong second byte", "\xE2x\x82", L"\uFFFDx\uFFFD"},
+             Case{"too long a form", "\xC0\xAF\xE0\x9F\xBF", L"\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD"},
+             Case{"surrogate", "\xED\xA0\x80z", L"\uFFFD\uFFFD\uFFFDz"},
+             Case{"beyond the last", "\xF4\x90\x80\x80", L"\uFFFD\uFFFD\uFFFD\uFFFD"},
+         }) {
+        const String text = String::fromUtf8(c.utf8);
+        EXPECT_EQ(text, String(c.wide)) << c.name;
+        if (c.wide.find(L'\uFFFD') == std::wstring::npos) {
+            EXPECT_EQ(text.toUtf8(), c.utf8) << c.name;
+        }
+    }
+    EXPECT_EQ(String(std::wstring{L'a', static_cast<wchar_t>(0xD800)}).toUtf8(), "a\xEF\xBF\xBD");
+}
 
 TEST(FileName, IsSplitAtTheLastDot) {
     struct Case {

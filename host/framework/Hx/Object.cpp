@@ -106,11 +106,7 @@ const Matrix& Object::calcTrafoTo(const Object* target) const {
 
 Action::ExecReturn Object::changedNotify(const Tq_1_1::SmartPtr<Observer>& /*observer*/,
                                          const Tq_1_1::SmartPtr<Observer>& source) {
-    if (!source) {
-        return Action::EXEC_IGNORED;
-    }
-    modified_ = true;
-    return Action::EXEC_DONE;
+    return source ? Action::EXEC_DONE : Action::EXEC_IGNORED;
 }
 
 }  // namespace Hx

@@ -54,15 +54,11 @@ class HOST_EXPORT Object : public AttrContainer, public Tq_1_1::VisitorCore {
     /// @return valid until the next call on this object
     const Tq_1_1::Mat4d<double>& calcTrafoTo(const Object* target) const;
 
-    /// Whether the object was told of a change since the flag was cleared.
-    bool isModified() const { return modified_; }
-    void setModified(bool modified) { modified_ = modified; }
-
   protected:
     ~Object() override;
 
-    /// Marks the object as modified.
-    /// @return EXEC_IGNORED without a source
+    /// The base keeps no record of changes.
+    /// @return EXEC_DONE; EXEC_IGNORED without a source
     Action::ExecReturn changedNotify(const Tq_1_1::SmartPtr<Observer>& observer,
                                      const Tq_1_1::SmartPtr<Observer>& source) override;
 
@@ -74,7 +70,6 @@ class HOST_EXPORT Object : public AttrContainer, public Tq_1_1::VisitorCore {
     Object* parent_ = nullptr;
     std::vector<Tq_1_1::SmartPtr<Object>> children_;
     mutable Tq_1_1::Mat4d<double> trafo_;  // the answer of the last calcTrafoTo
-    bool modified_ = false;
 };
 
 /// An object with a place in a plane view.

@@ -44,7 +44,6 @@ class HOST_EXPORT PointSetIntegration : public Ovr::Interfaces::IScanIntegration
     Ovr::ScanSource getScanSource() const override;
     Tq_1_1::SVec2d<int> getGridSize() const override;
 
-    OvrPointSet& getPointSet() const { return pointSet_; }
     Ovr::Interfaces::IScanData& getScanData() const { return *scanData_; }
     void setScanData(std::unique_ptr<Ovr::Interfaces::IScanData> scanData);
 

@@ -27,7 +27,6 @@ class HOST_EXPORT PtSetObject : public Transform {
     static const Tq_1_1::HxClass* Class();
     const Tq_1_1::HxClass* getClassType() const override;
 
-    const std::shared_ptr<PointSet>& getPointSet() const { return pointSet_; }
     /// Takes a point set and releases the old one. This object becomes the container of the new one.
     /// @param pointSet  may be empty
     /// @return false, and nothing has changed, when another object holds the point set
@@ -36,8 +35,7 @@ class HOST_EXPORT PtSetObject : public Transform {
   protected:
     ~PtSetObject() override;
 
-    /// Marks the object as modified and passes the change on to the point set, through
-    /// changedNotifyOperation.
+    /// Passes the change on to the point set, through changedNotifyOperation.
     /// @return EXEC_FAILED when the point set failed, else what the base answers
     Action::ExecReturn changedNotify(const Tq_1_1::SmartPtr<Observer>& observer,
                                      const Tq_1_1::SmartPtr<Observer>& source) override;
