@@ -72,7 +72,7 @@ TEST(RegisteredFunctions, TellMobileScansFromStationaryOnes) {
 /// The one entry that registering puts into a list between those of others.
 const HostRegistries::List::value_type& added(const HostRegistries& state, std::size_t list,
                                               std::size_t rank = 0) {
-    return state.lists.at(list).at(ForeignEntries::kBehindPointSets + rank);
+    return state.lists.at(list).at(ForeignEntries::kAfterPointSets + rank);
 }
 
 TEST(Registration, PutsEveryEntryBehindThoseOfTheHostsPointSets) {

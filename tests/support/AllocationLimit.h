@@ -7,8 +7,8 @@
 
 namespace Vardex::Testing {
 
-/// Lets memory run out: while it lives, every `new` of more than the given number of bytes on this
-/// thread throws std::bad_alloc. A program that uses it has the global `new` replaced.
+/// Simulates that memory runs out: during its life every `new` of more than the given number of
+/// bytes on this thread throws std::bad_alloc. It replaces the global `new` of the program.
 class AllocationLimit {
   public:
     explicit AllocationLimit(std::size_t largest);

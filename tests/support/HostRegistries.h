@@ -34,7 +34,7 @@ void forEachOperationList(const Visit& visit) {
     visit(Hx::getScanPolarFactory<float>().createFromCartesian.entries);
 }
 
-/// What stands in the host's registries at one moment, to be compared with another.
+/// The content of the host's registries at one moment, to be compared with that of another.
 struct HostRegistries {
     using List = std::vector<std::pair<const void*, const void*>>;
     std::vector<List> lists;
@@ -57,8 +57,8 @@ struct HostRegistries {
     friend bool operator==(const HostRegistries&, const HostRegistries&) = default;
 };
 
-/// While it lives, every list holds entries of others: for any class, for the host's point sets
-/// and, as the last one, for a class that has nothing to do with them.
+/// During its life every list holds entries of others. The first is for every class, the second for
+/// the host's point sets, the last for an unrelated class.
 class ForeignEntries {
   public:
     ForeignEntries() : record_(L"Foreign", nullptr, Tq_1_1::hostModule(), {}) {
@@ -74,8 +74,8 @@ class ForeignEntries {
         forEachOperationList([](auto& entries) { entries.clear(); });
     }
 
-    /// Places of the entries of others in a list without anything else.
-    static constexpr std::size_t kBehindPointSets = 2;
+    /// The place after the entry for the host's point sets.
+    static constexpr std::size_t kAfterPointSets = 2;
 
   private:
     Tq_1_1::HxClass record_;
@@ -98,7 +98,7 @@ class PickyFactory final : public Hx::PointSetFactory {
     int asked_ = 0;
 };
 
-/// Gives the host another factory, or none, while it lives.
+/// During its life the host has another factory, or none.
 class FactoryChange {
   public:
     explicit FactoryChange(std::shared_ptr<Hx::PointSetFactory> factory)

@@ -14,10 +14,10 @@
 #include "Ovr/Modification.h"
 #include "Ovr/ServiceRegistry.h"
 
-/// Stand-ins for the scan-data service that log what is asked of them and refuse at a given step.
+/// Stand-ins for the scan-data service. They log each call and can refuse a given one.
 namespace Vardex::Testing {
 
-/// What happened, in order. Outlives everything that writes into it.
+/// What happened, in order. It outlives everything that writes to it.
 using CallLog = std::vector<std::string>;
 
 /// Logs an entry now and another when it is destroyed.
@@ -54,7 +54,7 @@ class FakeLocks final : public Ovr::IPointDataLocks {
     int requests_ = 0;
 };
 
-/// A service error that logs its end.
+/// A service error that logs its destruction.
 class LoggedError final : public Ovr::ServiceError {
   public:
     LoggedError(CallLog& log, Ovr::Interfaces::ErrorCode code)
@@ -65,7 +65,7 @@ class LoggedError final : public Ovr::ServiceError {
     CallLog& log_;
 };
 
-/// Scan data whose load is a function of the test's.
+/// Scan data that load points by a function of the test.
 class FakeScanData final : public Ovr::Interfaces::IScanData,
                            public Ovr::DataStructures::IModificationListener {
   public:
