@@ -53,9 +53,9 @@ class HOST_EXPORT OvrPointSet : public PointSet {
     [[nodiscard]] bool resize(int rows, int cols);
 
     /// A scope in which all data of the scan may change.
-    ModificationScope createModificationScope();
+    [[nodiscard]] ModificationScope createModificationScope();
     /// @param timeout  longest wait [ms]
-    PointWriteLock lockPoints(int timeout);
+    [[nodiscard]] PointWriteLock lockPoints(int timeout);
 
     /// The file that was imported last.
     const FileInfo& getFileInfo() const { return fileInfo_; }
