@@ -72,8 +72,8 @@ class HOST_EXPORT AttrContainer : public Observer {
     ///         such a line is left out, all others get their attribute
     [[nodiscard]] bool createAttributes(const AttrDefinition* table, CreateType type,
                                         const AttrContainer* source);
-    /// For constructors of the host's own classes: init creates the attributes of the table, and the
-    /// lookups know them. The table outlives the container.
+    /// For constructors of the host's own classes: init creates the attributes of the table, and
+    /// the lookups know them. The table outlives the container.
     void addOwnTable(const AttrDefinition* table) { ownTables_.push_back(table); }
 
   private:

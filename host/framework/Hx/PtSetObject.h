@@ -27,7 +27,7 @@ class HOST_EXPORT PtSetObject : public Transform {
     static const Tq_1_1::HxClass* Class();
     const Tq_1_1::HxClass* getClassType() const override;
 
-    /// Takes a point set and releases the old one. This object becomes the container of the new one.
+    /// Takes a point set and releases the old one. This object becomes the container of the new.
     /// @param pointSet  may be empty
     /// @return false, and nothing has changed, when another object holds the point set
     [[nodiscard]] bool setPointSet(std::shared_ptr<PointSet> pointSet);
