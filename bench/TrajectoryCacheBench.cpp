@@ -63,7 +63,8 @@ void BinarySearch(benchmark::State& state) {
     lookUp(state, durationOf(nodes), [&](double time) {
         const auto found =
             std::lower_bound(nodeTimes.begin(), nodeTimes.end() - 1, nodeTimes.front() + time);
-        return Vardex::positionOf(nodes[static_cast<std::size_t>(found - nodeTimes.begin())]);
+        return Vardex::PoseMath::positionOf(
+            nodes[static_cast<std::size_t>(found - nodeTimes.begin())]);
     });
 }
 

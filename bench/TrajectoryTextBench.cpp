@@ -32,7 +32,7 @@ void ToMemory(benchmark::State& state, Formatting formatting) {
     for (auto _ : state) {
         std::ostringstream out;
         setFormatting(out, formatting);
-        Vardex::writeTrajectory(out, nodes, Tq_1_1::Mat4d<double>::identity());
+        Vardex::TrajectoryText::writeTrajectory(out, nodes, Tq_1_1::Mat4d<double>::identity());
         benchmark::DoNotOptimize(out.tellp());
     }
     state.SetItemsProcessed(state.iterations() * state.range(0));
@@ -44,7 +44,7 @@ void ToFile(benchmark::State& state, Formatting formatting) {
     for (auto _ : state) {
         std::ofstream out(file);
         setFormatting(out, formatting);
-        Vardex::writeTrajectory(out, nodes, Tq_1_1::Mat4d<double>::identity());
+        Vardex::TrajectoryText::writeTrajectory(out, nodes, Tq_1_1::Mat4d<double>::identity());
         if (!out) {
             state.SkipWithError("the file cannot be written");
         }

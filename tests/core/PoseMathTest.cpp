@@ -11,6 +11,7 @@
 namespace Vardex {
 namespace {
 
+using Tq_1_1::Quaternion;
 using Matrix = Tq_1_1::Mat4d<double>;
 constexpr double kPi = std::numbers::pi;
 
@@ -33,16 +34,16 @@ TEST(PoseMath, AnglesAndAxisBelongToTheRotation) {
         SCOPED_TRACE(testing::PrintToString(steps));
         const Matrix pose =
             turn(2, steps[0] * kPi / 6) * turn(1, steps[1] * kPi / 6) * turn(0, steps[2] * kPi / 6);
-        const Quaternion q = quaternionOf(pose);
+        const Quaternion q = PoseMath::quaternionOf(pose);
         EXPECT_NEAR(q.w * q.w + q.x * q.x + q.y * q.y + q.z * q.z, 1.0, 1e-12);
-        const RotationAngles a = anglesOf(q);
+        const RotationAngles a = PoseMath::anglesOf(q);
         EXPECT_TRUE(a.aboutZ >= 0.0 && a.aboutZ <= kPi);
         const Matrix again = turn(2, a.aboutZ) * turn(1, a.aboutY) * turn(0, a.aboutX);
         for (std::size_t k = 0; k < 16; ++k) {
             EXPECT_NEAR(again.values[k], pose.values[k], 1e-12) << "value " << k;
         }
         for (std::size_t k = 0; k < 3; ++k) {
-            EXPECT_NEAR(zAxisOf(q)[k], pose(k, 2), 1e-12);
+            EXPECT_NEAR(PoseMath::zAxisOf(q)[k], pose(k, 2), 1e-12);
         }
     }
 }
@@ -56,10 +57,8 @@ TEST(PoseMath, QuaternionStartsFromTheLargestComponent) {
     for (const Case& c : {Case{1.5, -0.75, -0.75, {0, 1, 0, 0}},  // trace exactly 0
                           Case{0, 0, -3, {0, 1, 0, 0}}, Case{-3, 0, 0, {0, 0, 1, 0}},
                           Case{-2, 0.5, -0.5, {0, 0, 1, 0}}, Case{-2, -0.5, 0.5, {0, 0, 0, 1}}}) {
-        const Quaternion q =
-            quaternionOf(Matrix{{c.x, 0, 0, 0, 0, c.y, 0, 0, 0, 0, c.z, 0, 0, 0, 0, 1}});
-        EXPECT_TRUE(q.w == c.q.w && q.x == c.q.x && q.y == c.q.y && q.z == c.q.z)
-            << c.x << ' ' << c.y << ' ' << c.z;
+        const Matrix diagonal{{c.x, 0, 0, 0, 0, c.y, 0, 0, 0, 0, c.z, 0, 0, 0, 0, 1}};
+        EXPECT_EQ(PoseMath::quaternionOf(diagonal), c.q) << c.x << ' ' << c.y << ' ' << c.z;
     }
 }
 

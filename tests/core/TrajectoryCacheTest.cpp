@@ -43,13 +43,14 @@ TEST(TrajectoryCache, AnswersFromTheNearestBin) {
     for (const Case& c : {
              Case{"before the front", ends, 100, -0.006, -1},
              Case{"end", ends, 100, 100, 2},
-             Case{"behind the back", ends, 100, 100.006, -1},
+             Case{"after the end", ends, 100, 100.006, -1},
              Case{"just below half a bin", {{0, 1}, {1, 2}}, 9999, 0.49999999999999994, 1},
              Case{"half a bin", {{0, 1}, {1, 2}}, 9999, 0.5, 2},
              Case{"not a number", ends, 100, kNaN, -1},
              Case{"last node of a bin", {{0, 1}, {0.3, 2}, {0.4, 3}, {2, 9}}, 9999, 0, 3},
-             Case{"behind the end", {{0, 1}, {9999, 2}, {20000, 3}, {1e300, 4}}, 9999, 9999, 4},
-             Case{"behind the last node", {{0, 1}, {5, 2}}, 9999, 7000, 2},
+             Case{
+                 "nodes after the end", {{0, 1}, {9999, 2}, {20000, 3}, {1e300, 4}}, 9999, 9999, 4},
+             Case{"after the last node", {{0, 1}, {5, 2}}, 9999, 7000, 2},
              Case{"gap bounded by uncentred nodes", {{0, 0}, {1.25, 5}, {9.75, 90}}, 9999, 6, 52.5},
              Case{"gap before a full last bin",
                   {{0, 0}, {9998.6, 9998.6}, {20000, 0}},

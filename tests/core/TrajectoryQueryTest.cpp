@@ -42,7 +42,7 @@ TEST(TrajectorySelection, TimeAloneChoosesNodes) {
              Case{"bound not a number", {100, 101}, kNaN, 9, {}},
          }) {
         std::vector<double> xs;
-        for (const Point& p : selectPositions(walk(c.times), c.start, c.end)) {
+        for (const Point& p : TrajectorySelection::selectPositions(walk(c.times), c.start, c.end)) {
             xs.push_back(p.x);
         }
         EXPECT_EQ(xs, c.xs) << c.name;
@@ -71,7 +71,7 @@ TEST(TrajectorySelection, StandingStillGivesOnePosition) {
         for (const Point& position : c.positions) {
             nodes.push_back(nodeAt(0.0, position));
         }
-        EXPECT_EQ(selectPositions(nodes, 0.0, 1.0), c.kept) << c.name;
+        EXPECT_EQ(TrajectorySelection::selectPositions(nodes, 0.0, 1.0), c.kept) << c.name;
     }
 }
 
@@ -97,14 +97,15 @@ TEST(TrajectoryFraction, GrowsFromTheNearestNode) {
             asked.push_back(p.x);
             return p.x >= c.low && p.x <= c.high;
         };
-        const TimeFraction fraction = fractionAround(nodes, c.point, belongs, 20.0);
+        const TimeFraction fraction =
+            TrajectoryFraction::fractionAround(nodes, c.point, belongs, 20.0);
         EXPECT_DOUBLE_EQ(fraction.begin, c.begin) << c.name;
         EXPECT_DOUBLE_EQ(fraction.end, c.end) << c.name;
         EXPECT_EQ(asked, c.asked) << c.name;
     }
     const auto always = [](const Point&) { return true; };
-    EXPECT_TRUE(std::isnan(fractionAround(nodes, {}, always, 0.0).begin));
-    EXPECT_TRUE(std::isinf(fractionAround(nodes, {}, always, 0.0).end));
+    const TimeFraction endless = TrajectoryFraction::fractionAround(nodes, {}, always, 0.0);
+    EXPECT_TRUE(std::isnan(endless.begin) && std::isinf(endless.end));
 }
 
 }  // namespace

@@ -35,7 +35,7 @@ const std::vector<Node> kNodes = {
     makeNode(7, {0, -1, 0, 9, 1, 0, 0, 9, 0, 0, 1, 9, 4, 5, 6, 9})};
 
 void write(std::ostream& out, const std::vector<Node>& nodes) {
-    writeTrajectory(out, nodes, Tq_1_1::Mat4d<double>::identity());
+    TrajectoryText::writeTrajectory(out, nodes, Tq_1_1::Mat4d<double>::identity());
 }
 
 std::string textOf(const std::vector<Node>& nodes, const std::locale& locale) {

@@ -7,13 +7,14 @@
 #include "Hx/PtSetObject.h"
 
 #include "mobile/CorvinMobilePointSet.h"
+#include "trajectory/core/NodeConversion.h"
 #include "trajectory/core/TrajectoryCache.h"
 #include "trajectory/core/TrajectoryFraction.h"
 #include "trajectory/core/TrajectorySelection.h"
 #include "trajectory/core/TrajectoryText.h"
 
 // The trajectory operations of the mobile point set: each fetches the nodes and leaves the rest to
-// an algorithm of this folder.
+// an algorithm of the core.
 
 namespace Vardex {
 
@@ -57,7 +58,7 @@ Mat4d<double> placementOf(const Hx::PtSetObject* container) {
 
 void CorvinMobilePointSet::setTrajectoryNodes(
     const std::vector<std::shared_ptr<TrajectoryNode>>& nodes) {
-    mobileScanData().setTrajectoryNodes(serviceNodes(nodes));
+    mobileScanData().setTrajectoryNodes(NodeConversion::serviceNodes(nodes));
 }
 
 Nodes CorvinMobilePointSet::fetchTrajectoryNodes() const {
@@ -86,7 +87,7 @@ std::vector<Vec3d<double>> CorvinMobilePointSet::getSelectedTrajectory(
     if (start > end) {
         return {};
     }
-    return selectPositions(fetchTrajectoryNodes(), start, end);
+    return TrajectorySelection::selectPositions(fetchTrajectoryNodes(), start, end);
 }
 
 bool CorvinMobilePointSet::getTrajectoryFractionAtPoint(
@@ -96,7 +97,8 @@ bool CorvinMobilePointSet::getTrajectoryFractionAtPoint(
     if (nodes.empty()) {
         return false;
     }
-    const TimeFraction fraction = fractionAround(nodes, point, predicate, getMaxScanPointTime());
+    const TimeFraction fraction =
+        TrajectoryFraction::fractionAround(nodes, point, predicate, getMaxScanPointTime());
     begin = fraction.begin;
     end = fraction.end;
     return true;
@@ -125,7 +127,7 @@ IOResult CorvinMobilePointSet::writeTrajectoryToStream(std::ostream& out) const 
             return Hx::convertError(*error, createErrorConverter().get());
         }
     }
-    writeTrajectory(out, nodes, placementOf(getContainer()));
+    TrajectoryText::writeTrajectory(out, nodes, placementOf(getContainer()));
     return out.fail() ? IO_WRITE_FAILED : IO_OK;
 }
 

@@ -3,11 +3,6 @@
 
 #pragma once
 
-#include <memory>
-#include <vector>
-
-#include "Ovr/TrajectoryNode.h"
-
 namespace Vardex {
 
 /// A timed pose of the scanner, as callers hand it to a mobile point set.
@@ -15,16 +10,10 @@ struct TrajectoryNode {
     double time = 0.0;  ///< [s], on the recording's own clock; the first node is scan time 0
     /// Transformation from the scanner's frame into the frame of the point set's points, stored
     /// column by column: row r, column c is value 4c + r; the position [m] is values 12, 13, 14.
-    /// The bottom row (values 3, 7, 11, 15) is carried along and never read.
+    /// The bottom row (values 3, 7, 11, 15) is copied but never read.
     alignas(16) double pose[16] = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
 };
 
 static_assert(sizeof(TrajectoryNode) == 144);
-
-/// The nodes as the scan-data service keeps them, in the same order and value for value.
-/// @param nodes  null pointers are skipped
-/// @throw std::length_error  more nodes than a vector can hold
-std::vector<Ovr::VardexLib::TrajectoryNode> serviceNodes(
-    const std::vector<std::shared_ptr<TrajectoryNode>>& nodes);
 
 }  // namespace Vardex

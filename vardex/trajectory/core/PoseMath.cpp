@@ -8,9 +8,10 @@
 #include <cstddef>
 #include <numbers>
 
-namespace Vardex {
+namespace Vardex::PoseMath {
 
 using Tq_1_1::Mat4d;
+using Tq_1_1::Quaternion;
 using Tq_1_1::Vec3d;
 
 Mat4d<double> placePose(const Mat4d<double>& placement,
@@ -96,4 +97,4 @@ RotationAngles anglesOf(const Quaternion& q) {
     return {aboutZ, aboutY, aboutX};
 }
 
-}  // namespace Vardex
+}  // namespace Vardex::PoseMath

@@ -5,20 +5,13 @@
 
 #include "Ovr/TrajectoryNode.h"
 #include "Tq/Mat4d.h"
+#include "Tq/Quaternion.h"
 #include "Tq/Vec3d.h"
 
 // Exact arithmetic: exported text carries these values to the last digit and the sign of zero, so
 // the order of every sum and product below is part of the result.
 
 namespace Vardex {
-
-/// A rotation, scalar first; of unit length as far as the matrix it came from is a rotation.
-struct Quaternion {
-    double w = 1.0;
-    double x = 0.0;
-    double y = 0.0;
-    double z = 0.0;
-};
 
 /// Angles [rad] of the rotation Rz(aboutZ) Ry(aboutY) Rx(aboutX). aboutZ lies between 0 and pi, so
 /// a turn by -pi/2 about z is (pi/2, pi, pi).
@@ -27,6 +20,11 @@ struct RotationAngles {
     double aboutY = 0.0;
     double aboutX = 0.0;
 };
+
+}  // namespace Vardex
+
+/// Poses of the scanner: their place in the world, and their rotation in other forms.
+namespace Vardex::PoseMath {
 
 /// Where the scanner was at a node [m], in the frame of the scan's points.
 inline Tq_1_1::Vec3d<double> positionOf(const Ovr::VardexLib::TrajectoryNode& node) {
@@ -43,13 +41,13 @@ Tq_1_1::Mat4d<double> placePose(const Tq_1_1::Mat4d<double>& placement,
 /// The rotation of a pose as a quaternion. Only rows and columns 0 to 2 are read; nothing is
 /// normalised, so a scaled or sheared pose gives a quaternion that is not of unit length.
 /// Source: Ken Shoemake, "Quaternion calculus and fast animation", SIGGRAPH 1987 course notes.
-Quaternion quaternionOf(const Tq_1_1::Mat4d<double>& pose);
+Tq_1_1::Quaternion quaternionOf(const Tq_1_1::Mat4d<double>& pose);
 
 /// The direction of the scanner's z axis: (0, 0, 1) turned by the quaternion.
-Tq_1_1::Vec3d<double> zAxisOf(const Quaternion& q);
+Tq_1_1::Vec3d<double> zAxisOf(const Tq_1_1::Quaternion& q);
 
 /// The angles of the rotation matrix that belongs to the quaternion. A quaternion with a component
 /// that is not a number gives angles that are none.
-RotationAngles anglesOf(const Quaternion& q);
+RotationAngles anglesOf(const Tq_1_1::Quaternion& q);
 
-}  // namespace Vardex
+}  // namespace Vardex::PoseMath

@@ -11,6 +11,7 @@
 namespace Vardex {
 
 using Ovr::VardexLib::TrajectoryNode;
+using PoseMath::positionOf;
 using Tq_1_1::Vec3d;
 
 namespace {

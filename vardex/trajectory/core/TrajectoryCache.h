@@ -20,7 +20,7 @@ namespace Vardex {
 /// Bin i stands for scan time i x duration / 9999: bin 0 is centred at scan time 0, the last one at
 /// the scan's duration. A bin holds the position of the last node that is nearest to it; later
 /// nodes all fall into the last bin. A bin that no node falls into lies on the straight line
-/// between the two nodes that bound the gap, at the bin's own time; behind the last node it holds
+/// between the two nodes that bound the gap, at the bin's own time; after the last node it holds
 /// the last position. Nodes earlier than the first one, and nodes without a number for a time, fall
 /// into no bin.
 ///
@@ -43,8 +43,8 @@ class TrajectoryCache {
         }
     }
 
-    /// Computes the bins. Without nodes, or with a duration that is not greater than 0, positions
-    /// are unavailable for good. Throws only when memory runs out, and then changes nothing.
+    /// Computes the bins. Without nodes, or with a duration that is not greater than 0, there will
+    /// never be positions. Throws only when memory runs out, and then changes nothing.
     /// @param nodes     in the order recorded; the first one is scan time 0
     /// @param duration  of the scan [s]
     void fill(std::span<const Ovr::VardexLib::TrajectoryNode> nodes, double duration);
@@ -52,13 +52,13 @@ class TrajectoryCache {
     /// Where the scanner was [m], in the frame of the scan's points.
     /// @param seconds  scan time; the nearest bin answers, the later one when two are equally near
     /// @return no value when the cache has no positions, or when the time lies half a bin or more
-    ///         before scan time 0 or behind the scan's duration, or is not a number
+    ///         before scan time 0 or after the scan's duration, or is not a number
     /// Requires: buildOnce has returned.
     std::optional<Tq_1_1::Vec3d<double>> positionAt(double seconds) const;
 
   private:
     std::once_flag once_;
-    std::atomic<bool> built_ = false;               // spares a built cache the cost of asking once_
+    std::atomic<bool> built_ = false;               // asked first, because asking once_ is slow
     std::vector<Tq_1_1::Vec3d<double>> positions_;  // kBinCount once filled and available
     bool unavailable_ = false;                      // filled, but there is no answer for any time
     double binWidth_ = 0.0;                         // [s]

@@ -7,9 +7,10 @@
 
 #include "trajectory/core/PoseMath.h"
 
-namespace Vardex {
+namespace Vardex::TrajectoryFraction {
 
 using Ovr::VardexLib::TrajectoryNode;
+using PoseMath::positionOf;
 using Tq_1_1::Vec3d;
 
 namespace {
@@ -55,4 +56,4 @@ TimeFraction fractionAround(std::span<const TrajectoryNode> nodes, const Vec3d<d
     return {(begin - start) * perSecond, (end - start) * perSecond};
 }
 
-}  // namespace Vardex
+}  // namespace Vardex::TrajectoryFraction

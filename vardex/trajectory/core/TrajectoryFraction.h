@@ -18,6 +18,10 @@ struct TimeFraction {
     double end = 0.0;
 };
 
+}  // namespace Vardex
+
+namespace Vardex::TrajectoryFraction {
+
 /// The time span of the unbroken stretch of path around a point.
 ///
 /// From the node nearest to the point (of equally near ones the first) the stretch grows backwards
@@ -32,4 +36,4 @@ TimeFraction fractionAround(std::span<const Ovr::VardexLib::TrajectoryNode> node
                             const std::function<bool(const Tq_1_1::Vec3d<double>&)>& belongs,
                             double duration);
 
-}  // namespace Vardex
+}  // namespace Vardex::TrajectoryFraction

@@ -7,9 +7,10 @@
 
 #include "trajectory/core/PoseMath.h"
 
-namespace Vardex {
+namespace Vardex::TrajectorySelection {
 
 using Ovr::VardexLib::TrajectoryNode;
+using PoseMath::positionOf;
 using Tq_1_1::Vec3d;
 
 namespace {
@@ -47,4 +48,4 @@ std::vector<Vec3d<double>> selectPositions(std::span<const TrajectoryNode> nodes
     return path;
 }
 
-}  // namespace Vardex
+}  // namespace Vardex::TrajectorySelection

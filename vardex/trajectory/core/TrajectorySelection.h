@@ -9,7 +9,7 @@
 #include "Ovr/TrajectoryNode.h"
 #include "Tq/Vec3d.h"
 
-namespace Vardex {
+namespace Vardex::TrajectorySelection {
 
 /// The stretch of path walked within a time span.
 ///
@@ -26,4 +26,4 @@ namespace Vardex {
 std::vector<Tq_1_1::Vec3d<double>> selectPositions(
     std::span<const Ovr::VardexLib::TrajectoryNode> nodes, double start, double end);
 
-}  // namespace Vardex
+}  // namespace Vardex::TrajectorySelection

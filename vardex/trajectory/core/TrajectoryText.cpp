@@ -13,7 +13,7 @@
 
 #include "trajectory/core/PoseMath.h"
 
-namespace Vardex {
+namespace Vardex::TrajectoryText {
 
 using Ovr::VardexLib::TrajectoryNode;
 using Tq_1_1::Mat4d;
@@ -22,7 +22,7 @@ namespace {
 
 constexpr std::string_view kHeader = "//world_time x y z q0 q1 q2 q3 r g b nx ny nz roll pitch yaw";
 constexpr std::string_view kColorFields = "0 0 0 ";  // the path has no colour
-constexpr int kDigits = 15;                          // behind the decimal point
+constexpr int kDigits = 15;                          // after the decimal point
 
 constexpr std::size_t kNumbers = 14;       // per line
 constexpr std::size_t kBeforeColor = 8;    // of them: time, position, quaternion
@@ -30,15 +30,15 @@ constexpr std::size_t kNumberWidth = 330;  // sign, 309 digits, point and kDigit
 using LineNumbers = std::array<double, kNumbers>;
 
 LineNumbers numbersOf(const TrajectoryNode& node, const Mat4d<double>& placement) {
-    const Mat4d<double> pose = placePose(placement, node);
-    const Quaternion q = quaternionOf(pose);
-    const Tq_1_1::Vec3d<double> z = zAxisOf(q);
-    const RotationAngles angles = anglesOf(q);
+    const Mat4d<double> pose = PoseMath::placePose(placement, node);
+    const Tq_1_1::Quaternion q = PoseMath::quaternionOf(pose);
+    const Tq_1_1::Vec3d<double> z = PoseMath::zAxisOf(q);
+    const RotationAngles angles = PoseMath::anglesOf(q);
     return {node.time, pose(0, 3), pose(1, 3), pose(2, 3),    q.w,           q.x,          q.y, q.z,
             z.x,       z.y,        z.z,        angles.aboutZ, angles.aboutY, angles.aboutX};
 }
 
-/// Whether the stream would print a number as std::to_chars does. Any flag besides the notation,
+/// Whether the stream would print a number as std::to_chars does. Any flag other than the notation,
 /// and any locale of its own, leaves the number to the stream. The field width is 0 by now: the
 /// header has used it up.
 bool printsPlainNumbers(const std::ostream& out) {
@@ -92,4 +92,4 @@ void writeTrajectory(std::ostream& out, std::span<const TrajectoryNode> nodes,
     }
 }
 
-}  // namespace Vardex
+}  // namespace Vardex::TrajectoryText

@@ -9,7 +9,7 @@
 #include "Ovr/TrajectoryNode.h"
 #include "Tq/Mat4d.h"
 
-namespace Vardex {
+namespace Vardex::TrajectoryText {
 
 /// Writes a trajectory as text: a header line, then one line per node with its time, its pose in
 /// world coordinates and the direction and angles derived from it. docs/trajectory-text.md
@@ -23,4 +23,4 @@ namespace Vardex {
 void writeTrajectory(std::ostream& out, std::span<const Ovr::VardexLib::TrajectoryNode> nodes,
                      const Tq_1_1::Mat4d<double>& placement);
 
-}  // namespace Vardex
+}  // namespace Vardex::TrajectoryText

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The VardexScandata developers
 // SPDX-License-Identifier: MIT
 
-#include "trajectory/TrajectoryNode.h"
+#include "trajectory/core/NodeConversion.h"
 
 #include <algorithm>
 #include <iterator>
 
-namespace Vardex {
+namespace Vardex::NodeConversion {
 
 std::vector<Ovr::VardexLib::TrajectoryNode> serviceNodes(
     const std::vector<std::shared_ptr<TrajectoryNode>>& nodes) {
@@ -22,4 +22,4 @@ std::vector<Ovr::VardexLib::TrajectoryNode> serviceNodes(
     return copies;
 }
 
-}  // namespace Vardex
+}  // namespace Vardex::NodeConversion
