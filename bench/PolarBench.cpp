@@ -14,6 +14,7 @@
 namespace {
 
 using Tq_1_1::Vec3d;
+using Vardex::Polar;
 
 template <typename T>
 std::vector<Vec3d<T>> randomPoints(std::size_t count) {
@@ -27,18 +28,19 @@ std::vector<Vec3d<T>> randomPoints(std::size_t count) {
 }
 
 template <typename T>
-Vec3d<T> plainPolar(const Vec3d<T>& p) {
+Polar<T> plainPolar(const Vec3d<T>& p) {
     const T flat = std::sqrt(p.x * p.x + p.y * p.y);
     return {std::sqrt(flat * flat + p.z * p.z), std::atan2(-p.y, p.x), std::atan2(p.z, flat)};
 }
 
 template <typename T>
-Vec3d<T> plainCartesian(const Vec3d<T>& p) {
-    const T flat = p.x * std::cos(p.z);
-    return {flat * std::cos(p.y), -flat * std::sin(p.y), p.x * std::sin(p.z)};
+Vec3d<T> plainCartesian(const Polar<T>& p) {
+    const T flat = p.radius * std::cos(p.vertical);
+    return {flat * std::cos(p.horizontal), -flat * std::sin(p.horizontal),
+            p.radius * std::sin(p.vertical)};
 }
 
-template <typename T, Vec3d<T> (*convert)(const Vec3d<T>&)>
+template <typename T, Polar<T> (*convert)(const Vec3d<T>&)>
 void toPolar(benchmark::State& state) {
     const std::vector<Vec3d<T>> points = randomPoints<T>(static_cast<std::size_t>(state.range(0)));
     for (auto _ : state) {
@@ -49,14 +51,14 @@ void toPolar(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 
-template <typename T, Vec3d<T> (*convert)(const Vec3d<T>&)>
+template <typename T, Vec3d<T> (*convert)(const Polar<T>&)>
 void toCartesian(benchmark::State& state) {
-    std::vector<Vec3d<T>> points = randomPoints<T>(static_cast<std::size_t>(state.range(0)));
-    for (Vec3d<T>& p : points) {
-        p = Vardex::PolarMath::scanOfCartesian(p);
+    std::vector<Polar<T>> points;
+    for (const Vec3d<T>& p : randomPoints<T>(static_cast<std::size_t>(state.range(0)))) {
+        points.push_back(Vardex::PolarMath::scanOfCartesian(p));
     }
     for (auto _ : state) {
-        for (const Vec3d<T>& p : points) {
+        for (const Polar<T>& p : points) {
             benchmark::DoNotOptimize(convert(p));
         }
     }

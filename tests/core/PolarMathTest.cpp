@@ -21,13 +21,10 @@ TYPED_TEST_SUITE(PolarMathTest, Precisions);
 constexpr double kPi = 3.141592653589793;
 
 template <typename T>
-void expectSameBits(const Tq_1_1::Vec3d<T>& actual, const Tq_1_1::Vec3d<T>& expected,
-                    const char* name) {
-    for (std::size_t i = 0; i < 3; ++i) {
-        EXPECT_EQ(actual[i], expected[i]) << name << ", component " << i;
-        EXPECT_EQ(std::signbit(actual[i]), std::signbit(expected[i]))
-            << name << ", sign of component " << i;
-    }
+void expectSameBits(const Polar<T>& actual, const Polar<T>& expected, const char* name) {
+    EXPECT_EQ(actual, expected) << name;
+    EXPECT_EQ(std::signbit(actual.horizontal), std::signbit(expected.horizontal)) << name;
+    EXPECT_EQ(std::signbit(actual.vertical), std::signbit(expected.vertical)) << name;
 }
 
 TYPED_TEST(PolarMathTest, AxesAndPolesAreExactToTheSignOfZero) {
@@ -35,8 +32,7 @@ TYPED_TEST(PolarMathTest, AxesAndPolesAreExactToTheSignOfZero) {
     struct Case {
         const char* name;
         Tq_1_1::Vec3d<T> point;
-        PolarMath::Polar<T> scan;
-        PolarMath::Polar<T> unified;
+        Polar<T> scan, unified;
     };
     const T pi = static_cast<T>(kPi);
     const T half = static_cast<T>(kPi / 2);
@@ -73,17 +69,19 @@ TYPED_TEST(PolarMathTest, AnglesAgreeWithTheArcTangentsAndLeadBack) {
         const double elevation = std::atan2(z, std::hypot(x, y));
         const double r = std::hypot(x, y, z);
 
-        const PolarMath::Polar<T> scan = PolarMath::scanOfCartesian(p);
-        EXPECT_NEAR(scan.x, r, tolerance * r);
-        EXPECT_NEAR(scan.y, horizontal, 10 * tolerance) << x << ' ' << y << ' ' << z;
-        EXPECT_NEAR(scan.z, elevation, 10 * tolerance) << x << ' ' << y << ' ' << z;
+        const Polar<T> scan = PolarMath::scanOfCartesian(p);
+        EXPECT_NEAR(scan.radius, r, tolerance * r);
+        EXPECT_NEAR(scan.horizontal, horizontal, 10 * tolerance) << x << ' ' << y << ' ' << z;
+        EXPECT_NEAR(scan.vertical, elevation, 10 * tolerance) << x << ' ' << y << ' ' << z;
 
-        const PolarMath::Polar<T> unified = PolarMath::unifiedOfCartesian(p);
-        const PolarMath::Polar<T> converted = PolarMath::otherConvention(scan);
+        const Polar<T> unified = PolarMath::unifiedOfCartesian(p);
+        const Polar<T> converted = PolarMath::otherConvention(scan);
         const Tq_1_1::Vec3d<T> back = PolarMath::cartesianOfScan(scan);
         const Tq_1_1::Vec3d<T> unifiedBack = PolarMath::cartesianOfUnified(unified);
+        EXPECT_EQ(unified.radius, scan.radius);
+        EXPECT_NEAR(unified.horizontal, converted.horizontal, 100 * tolerance);
+        EXPECT_NEAR(unified.vertical, converted.vertical, 100 * tolerance);
         for (std::size_t k = 0; k < 3; ++k) {
-            EXPECT_NEAR(unified[k], converted[k], 100 * tolerance) << x << ' ' << y << ' ' << z;
             EXPECT_NEAR(back[k], p[k], 10 * tolerance * r) << x << ' ' << y << ' ' << z;
             EXPECT_NEAR(unifiedBack[k], p[k], 100 * tolerance * r) << x << ' ' << y << ' ' << z;
         }
@@ -105,12 +103,10 @@ TEST(PolarMath, TheCosineIsAShiftedSine) {
     EXPECT_FALSE(std::signbit(PolarMath::cartesianOfUnified<float>({1, 0, halfPiF}).y));
 }
 
-TEST(PolarMath, SinglePrecisionScanAnglesAreReckonedInDouble) {
-    // cos h = 3/5 and sin v = 12/13. Reckoned in single precision the last digits differ.
-    const PolarMath::Polar<float> polar = PolarMath::scanOfCartesian<float>({3, -4, 12});
-    EXPECT_EQ(polar.x, 13.0F);
-    EXPECT_EQ(polar.y, 0.9272952180F);
-    EXPECT_EQ(polar.z, 1.1760052071F);
+TEST(PolarMath, SinglePrecisionScanAnglesAreComputedInDouble) {
+    // cos h = 3/5 and sin v = 12/13. In single precision the last digits differ.
+    const Polar<float> polar = PolarMath::scanOfCartesian<float>({3, -4, 12});
+    EXPECT_EQ(polar, (Polar<float>{13.0F, 0.9272952180F, 1.1760052071F}));
 }
 
 }  // namespace

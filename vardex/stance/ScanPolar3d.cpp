@@ -9,11 +9,12 @@
 namespace Vardex {
 
 using PolarComponents::assign;
+using PolarComponents::componentsOf;
 using PolarComponents::convertedTo;
 
 template <typename T>
 Tq_1_1::Vec3d<T> ScanPolar3d<T>::getCartesian() const {
-    return PolarMath::cartesianOfScan<T>(*this);
+    return PolarMath::cartesianOfScan(componentsOf<T>(*this));
 }
 
 template <typename T>
@@ -23,13 +24,13 @@ ScanPolar3d<T>& ScanPolar3d<T>::setFromCartesian(const Tq_1_1::Vec3d<T>& point) 
 
 template <typename T>
 Hx::UnifiedPolar3d<T> ScanPolar3d<T>::getUnified() const {
-    const auto [r, horizontal, vertical] = PolarMath::otherConvention<T>(*this);
-    return {r, horizontal, vertical};
+    const auto [radius, horizontal, vertical] = PolarMath::otherConvention(componentsOf<T>(*this));
+    return {radius, horizontal, vertical};
 }
 
 template <typename T>
 ScanPolar3d<T>& ScanPolar3d<T>::setFromUnified(const Hx::UnifiedPolar3d<T>& unified) {
-    return assign(*this, PolarMath::otherConvention<T>(unified));
+    return assign(*this, PolarMath::otherConvention(componentsOf<T>(unified)));
 }
 
 template <typename T>

@@ -23,7 +23,7 @@ class ScanPolar3d final : public Hx::Polar3d<T> {
     ScanPolar3d(T r, T horizontal, T vertical) : Hx::Polar3d<T>(r, horizontal, vertical) {}
 
     Tq_1_1::Vec3d<T> getCartesian() const override;
-    /// For float the angles are reckoned in double precision and rounded at the end.
+    /// For float the angles are computed in double precision and rounded at the end.
     ScanPolar3d& setFromCartesian(const Tq_1_1::Vec3d<T>& point) override;
     /// The angles are subtracted from 2 pi and pi/2 and not wrapped: 0 becomes 2 pi.
     Hx::UnifiedPolar3d<T> getUnified() const override;

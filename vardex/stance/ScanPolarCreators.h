@@ -16,7 +16,7 @@ namespace Vardex {
 template <typename T>
 std::unique_ptr<Hx::Polar3d<T>> createScanPolar();
 
-/// The components of any polar value as they are, without conversion from its convention.
+/// The components of any polar value as they are: the angles are not converted.
 template <typename T>
 std::unique_ptr<Hx::Polar3d<T>> createScanPolarCopy(const Hx::Polar3d<T>& polar);
 

@@ -9,11 +9,12 @@
 namespace Hx {
 
 using Vardex::PolarComponents::assign;
+using Vardex::PolarComponents::componentsOf;
 using Vardex::PolarComponents::convertedTo;
 
 template <typename T>
 Tq_1_1::Vec3d<T> UnifiedPolar3d<T>::getCartesian() const {
-    return Vardex::PolarMath::cartesianOfUnified<T>(*this);
+    return Vardex::PolarMath::cartesianOfUnified(componentsOf<T>(*this));
 }
 
 template <typename T>

@@ -22,7 +22,7 @@ class VARDEX_EXPORT UnifiedPolar3d final : public Polar3d<T> {
     UnifiedPolar3d(T r, T horizontal, T vertical) : Polar3d<T>(r, horizontal, vertical) {}
 
     Tq_1_1::Vec3d<T> getCartesian() const override;
-    /// For float every step is reckoned in single precision.
+    /// For float every step is computed in single precision.
     UnifiedPolar3d& setFromCartesian(const Tq_1_1::Vec3d<T>& point) override;
     UnifiedPolar3d getUnified() const override;
     UnifiedPolar3d& setFromUnified(const UnifiedPolar3d& unified) override;

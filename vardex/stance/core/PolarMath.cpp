@@ -43,15 +43,15 @@ T lengthOf(const Tq_1_1::Vec3d<T>& v) {
 /// The angle of the given sine and cosine, by whichever of the two is the smaller and so the better
 /// conditioned one.
 /// @param mirrored  the angle lies beyond pi (asked where the cosine decides)
-/// @param behind    the cosine is negative (asked where the sine decides)
+/// @param obtuse    the cosine is negative (asked where the sine decides)
 template <typename T>
-T angleOf(T sine, T cosineValue, bool mirrored, bool behind) {
+T angleOf(T sine, T cosineValue, bool mirrored, bool obtuse) {
     if (std::abs(sine) > std::abs(cosineValue)) {
         const T angle = std::acos(cosineValue);
         return mirrored ? kTwoPi<T> - angle : angle;
     }
     T angle = std::asin(sine);
-    if (behind) {
+    if (obtuse) {
         angle = kPi<T> - angle;
     }
     return angle < 0 ? angle + kTwoPi<T> : angle;
@@ -61,10 +61,9 @@ T angleOf(T sine, T cosineValue, bool mirrored, bool behind) {
 
 template <typename T>
 Tq_1_1::Vec3d<T> cartesianOfScan(const Polar<T>& polar) {
-    const T r = polar.x;
-    const T cosVertical = cosine(polar.z);
-    return {r * cosVertical * cosine(polar.y), -(r * cosVertical * std::sin(polar.y)),
-            r * std::sin(polar.z)};
+    const auto [r, h, v] = polar;
+    const T cosVertical = cosine(v);
+    return {r * cosVertical * cosine(h), -(r * cosVertical * std::sin(h)), r * std::sin(v)};
 }
 
 template <typename T>
@@ -90,10 +89,9 @@ Polar<T> scanOfCartesian(const Tq_1_1::Vec3d<T>& point) {
 
 template <typename T>
 Tq_1_1::Vec3d<T> cartesianOfUnified(const Polar<T>& polar) {
-    const T r = polar.x;
-    const T sinVertical = std::sin(polar.z);
-    return {r * sinVertical * cosine(polar.y), r * sinVertical * std::sin(polar.y),
-            r * cosine(polar.z)};
+    const auto [r, h, v] = polar;
+    const T sinVertical = std::sin(v);
+    return {r * sinVertical * cosine(h), r * sinVertical * std::sin(h), r * cosine(v)};
 }
 
 template <typename T>
@@ -116,7 +114,7 @@ Polar<T> unifiedOfCartesian(const Tq_1_1::Vec3d<T>& point) {
 
 template <typename T>
 Polar<T> otherConvention(const Polar<T>& polar) {
-    return {polar.x, kTwoPi<T> - polar.y, kHalfPi<T> - polar.z};
+    return {polar.radius, kTwoPi<T> - polar.horizontal, kHalfPi<T> - polar.vertical};
 }
 
 template Tq_1_1::Vec3d<float> cartesianOfScan(const Polar<float>&);

@@ -5,9 +5,10 @@
 
 #include "Tq/Vec3d.h"
 
+#include "stance/core/Polar.h"
+
 /// Polar coordinates around the scanner, in the scanner's own convention and in the host's unified
-/// one. Both keep (r, horizontal angle, vertical angle), radius in the unit of the Cartesian vector
-/// and angles in radians.
+/// one. Below, r is the radius.
 ///
 /// | convention | horizontal angle h | vertical angle v |
 /// |---|---|---|
@@ -20,7 +21,7 @@
 /// | unified | r sin v cos h | r sin v sin h | r cos v |
 ///
 /// The order of the operations, their precision and the sign of zero are part of the result: the
-/// angles are compared with grids that the scanner's own software reckoned. Points closer than
+/// angles are compared with grids that the scanner's own software computed. Points closer than
 /// 0.000005 to the origin have both angles 0, points on the vertical axis the horizontal angle 0.
 /// Components that are not finite are not tested for; the angles are then not numbers or
 /// meaningless.
@@ -28,14 +29,10 @@
 /// All functions exist for float and double.
 namespace Vardex::PolarMath {
 
-/// (r, horizontal angle, vertical angle).
-template <typename T>
-using Polar = Tq_1_1::Vec3d<T>;
-
 template <typename T>
 Tq_1_1::Vec3d<T> cartesianOfScan(const Polar<T>& polar);
 
-/// For float the radius is reckoned in single precision and the angles in double precision, rounded
+/// For float the radius is computed in single precision and the angles in double precision, rounded
 /// at the end.
 template <typename T>
 Polar<T> scanOfCartesian(const Tq_1_1::Vec3d<T>& point);
@@ -43,7 +40,7 @@ Polar<T> scanOfCartesian(const Tq_1_1::Vec3d<T>& point);
 template <typename T>
 Tq_1_1::Vec3d<T> cartesianOfUnified(const Polar<T>& polar);
 
-/// Every step is reckoned in the precision of T.
+/// Every step is computed in the precision of T.
 template <typename T>
 Polar<T> unifiedOfCartesian(const Tq_1_1::Vec3d<T>& point);
 
