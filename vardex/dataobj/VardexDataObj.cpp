@@ -14,15 +14,12 @@
 #include "Hx/Models.h"
 #include "Hx/PtSetObject.h"
 
+#include "module/frame/ClassRecord.h"
 #include "module/frame/IoResult.h"
-#include "module/frame/ModuleRecord.h"
 
 namespace Vardex {
 
 namespace {
-
-// The host lists a module's classes as soon as the library is loaded.
-[[maybe_unused]] const Tq_1_1::HxClass* const kRecord = VardexDataObj::Class();
 
 constexpr std::int32_t kNotProcessed = -1;
 
@@ -51,8 +48,7 @@ void VardexDataObj::ClassCreator::clearClassStatics() const {
 VardexDataObj::~VardexDataObj() = default;
 
 const Tq_1_1::HxClass* VardexDataObj::Class() {
-    static const ClassCreator record(L"VardexDataObj", RawScanFileObject::Class(), theModule(), {});
-    return &record;
+    return classRecord<VardexDataObj, RawScanFileObject>(L"VardexDataObj");
 }
 
 const Tq_1_1::HxClass* VardexDataObj::getClassType() const {

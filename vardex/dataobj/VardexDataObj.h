@@ -51,7 +51,8 @@ class VARDEX_EXPORT VardexDataObj : public Hx::RawScanFileObject {
     static const std::string JSON_ATTR_POINT_CLOUD;
     static const std::string JSON_ATTR_IS_PROCESSING_DONE;
 
-    /// The address of the object it holds is the key of commandFilter in the host's restriction manager.
+    /// The address of the object it holds is the key of commandFilter in the host's restriction
+    /// manager.
     static const Tq_1_1::SmartPtr<Hx::Observer> commandFilterKey;
     /// Identifiers of the commands that commandFilter denies.
     static const std::set<Tq_1_1::String> forbiddenCommands;
@@ -63,25 +64,24 @@ class VARDEX_EXPORT VardexDataObj : public Hx::RawScanFileObject {
     static const Tq_1_1::HxClass* Class();
 
     /// Sets up the tables behind the attribute lookups, and destroys them. Both may be called
-    /// repeatedly. Until they are set up the lookups answer as the base class does. Threads: none
-    /// may look up an attribute meanwhile.
+    /// repeatedly. Until they are set up the lookups answer as the base class does. Threads: no
+    /// thread may look up an attribute meanwhile.
     static void initStatics();
     static void clearStatics();
 
-    /// Whether the object lies below a scan: both answer alike, for points come with a scan and a
-    /// scan is what processing makes.
+    /// Whether the object lies below a scan. Both give the same answer: points come with a scan, and
+    /// processing makes a scan.
     bool isPointCloud() const;
     bool isProcessed() const;
 
-    /// Whether a command is denied in a state: the first selected object is of exactly this class,
-    /// and the command is one of forbiddenCommands. Null arguments and an empty selection deny
+    /// Whether a command is denied in a state. It is when the first selected object is of exactly
+    /// this class and the command is one of forbiddenCommands. Null arguments and an empty selection deny
     /// nothing. Threads: any.
     static bool commandFilter(const Hx::CommandInterf* command, const Hx::StateContext* state);
 
     /// Makes a data object from a project file.
     /// @param file    may be empty
-    /// @param result  receives the new object unless the result is a failure, and is left alone
-    ///                then
+    /// @param result  receives the new object; a failure leaves it as it is
     /// @return an IO result: 171 for an empty pointer and a file that does not exist, else what
     ///         fillFrom gives
     [[nodiscard]] static int createFromImportedKpx(const std::shared_ptr<Tq_1_1::File>& file,
@@ -93,7 +93,7 @@ class VARDEX_EXPORT VardexDataObj : public Hx::RawScanFileObject {
   protected:
     ~VardexDataObj() override;
 
-    /// Waits until nobody else works on the models, then does as the base.
+    /// Waits until no one else works on the models, then does what the base class does.
     Hx::Action::ExecReturn changedNotify(const Tq_1_1::SmartPtr<Hx::Observer>& observer,
                                          const Tq_1_1::SmartPtr<Hx::Observer>& source) override;
 
@@ -107,7 +107,7 @@ class VARDEX_EXPORT VardexDataObj : public Hx::RawScanFileObject {
     Tq_1_1::StrictSmartPtr<Hx::AttrContainer> doDuplicate(CreateType type) const override;
 
   public:
-    /// A new object, one without a source, is named after its class and has a progress of -1.
+    /// An object without a source is new: it gets the name of its class and a progress of -1.
     void init(CreateType type, const Hx::AttrContainer* source) override;
     /// The transformation's form and three flags: "IsPointCloud", always false, since the object
     /// itself has no points; "PointCloud" and "IsProcessed", which say what isPointCloud and

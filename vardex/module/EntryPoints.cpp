@@ -5,16 +5,12 @@
 
 #include "Hx/ModuleInitInfo.h"
 
+#include "module/ModuleVersion.h"
 #include "module/frame/VardexExport.h"
 
 // What the host calls by name after the library's entry point, in an order of its own.
 
 namespace {
-
-constexpr int kMajor = 13;
-constexpr int kMinor = 2;
-constexpr int kPatch = 0;
-constexpr int kBuild = 14634;
 
 constexpr int kAccepted = 1;
 constexpr int kRefused = -1;
@@ -25,10 +21,10 @@ extern "C" {
 
 /// The module's version, through four pointers that are not null.
 VARDEX_EXPORT void HxGetVersion(int* major, int* minor, int* patch, int* build) {
-    *major = kMajor;
-    *minor = kMinor;
-    *patch = kPatch;
-    *build = kBuild;
+    *major = Vardex::kVersionMajor;
+    *minor = Vardex::kVersionMinor;
+    *patch = Vardex::kVersionPatch;
+    *build = Vardex::kVersionBuild;
 }
 
 /// Tells the host the module's name. Requires: @p info is not empty. @return 1

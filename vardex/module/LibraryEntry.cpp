@@ -11,7 +11,7 @@ namespace {
 constexpr int kSuccess = 1;
 constexpr int kFailure = 0;
 
-// The platform knows numbers only: a load that runs out of memory is a failed one.
+// The platform knows numbers only: a load that runs out of memory has failed.
 int attach(void* instance) {
     try {
         return Vardex::load(instance) ? kSuccess : kFailure;
@@ -23,8 +23,8 @@ int attach(void* instance) {
 }  // namespace
 
 /// The library's entry point. The loader calls it right after opening and right before closing, so
-/// it runs behind all static initialisers and before all static destructors.
-/// @param reason  a Platform::EntryReason; threads that come and go are of no interest
+/// it runs after all static initialisers and before all static destructors.
+/// @param reason  a Platform::EntryReason; threads that start and end are ignored
 /// @return 1 for success, 0 when the module cannot be loaded
 extern "C" VARDEX_EXPORT int VardexLibraryEntry(void* instance, int reason) {
     switch (static_cast<Platform::EntryReason>(reason)) {

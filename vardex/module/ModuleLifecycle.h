@@ -13,7 +13,7 @@ namespace Vardex {
 [[nodiscard]] bool load(void* instance);
 
 /// Takes the module out of the host: the registrations, then the extension module, then the record.
-/// Harmless for whatever load did not come to. Threads: as for load.
+/// Safe after a partial load. Threads: as for load.
 void unload();
 
 }  // namespace Vardex

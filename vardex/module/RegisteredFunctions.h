@@ -21,7 +21,7 @@ Tq_1_1::String slamScanSettingsId(Hx::PointSet const* pointSet);
 /// @return empty, whatever the point set
 Tq_1_1::SmartPtr<Hx::Picture> noFullResPanorama(Hx::PointSet* pointSet);
 
-/// Stationary scans are grids around the scanner: their polar coordinates need no estimation.
+/// Stationary scans are grids around the scanner. Their polar coordinates need no estimation.
 /// @return true
 bool alwaysReliableSphericalEstimation();
 

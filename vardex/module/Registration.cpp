@@ -51,8 +51,8 @@ auto& changeNotifications() {
     return Hx::PtSetObject::Operations::changedNotifyOperation.entries;
 }
 
-/// The key of a point-set class in the host's factory: the scan data name the class. Made once, for
-/// unregistering is not to fail for want of memory.
+/// The key of a point-set class in the host's factory: the scan data name the class. Made once, so
+/// that unregistering does not need memory.
 template <typename ScanData>
 const Tq_1_1::String& identifierOf() {
     static const Tq_1_1::String identifier = [] {

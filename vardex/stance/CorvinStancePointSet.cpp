@@ -6,7 +6,7 @@
 #include "Hx/PointSetIntegration.h"
 #include "Ovr/Vardex/CorvinStanceScanData.h"
 
-#include "module/frame/ModuleRecord.h"
+#include "module/frame/ClassRecord.h"
 #include "pointset/PointSetCreation.h"
 
 namespace Vardex {
@@ -17,9 +17,6 @@ using Ovr::VardexLib::CorvinStanceMetaData;
 using Ovr::VardexLib::CorvinStanceScanData;
 using Integration = Hx::PointSetIntegrationT<CorvinStanceScanData>;
 
-// The host lists a module's classes as soon as the library is loaded.
-[[maybe_unused]] const Tq_1_1::HxClass* const kRecord = CorvinStancePointSet::Class();
-
 const Integration::MakeScanData kMakeScanData = [](Ovr::Interfaces::IScanIntegration& integration) {
     return std::make_unique<CorvinStanceScanData>(integration);
 };
@@ -28,14 +25,8 @@ constexpr Tq_1_1::Mat4d<double> kDefaultPose = Tq_1_1::Mat4d<double>::identity()
 
 }  // namespace
 
-Hx::PointContainerBase::ClassPointer CorvinStancePointSet::ClassCreator::create() const {
-    return nullptr;
-}
-
 const Tq_1_1::HxClass* CorvinStancePointSet::Class() {
-    static const ClassCreator record(L"CorvinStancePointSet", CorvinPointSet::Class(), theModule(),
-                                     {});
-    return &record;
+    return classRecord<CorvinStancePointSet, CorvinPointSet>(L"CorvinStancePointSet");
 }
 
 const Tq_1_1::HxClass* CorvinStancePointSet::getClassType() const {

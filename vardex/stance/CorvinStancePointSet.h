@@ -11,7 +11,7 @@
 
 #include "module/frame/VardexExport.h"
 #include "pointset/CorvinPointSet.h"
-#include "stance/UnifiedPolar3d.h"  // whoever uses the set's polar values needs the unified form
+#include "stance/UnifiedPolar3d.h"  // who uses polar values of the set needs it
 
 namespace Vardex {
 
@@ -25,7 +25,7 @@ class VARDEX_EXPORT CorvinStancePointSet final : public CorvinPointSet {
       public:
         using CreateableHxClass::CreateableHxClass;
         /// @return empty
-        Hx::PointContainerBase::ClassPointer create() const override;
+        Hx::PointContainerBase::ClassPointer create() const override { return nullptr; }
     };
 
     static const Tq_1_1::HxClass* Class();

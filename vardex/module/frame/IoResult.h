@@ -5,8 +5,8 @@
 
 namespace Vardex {
 
-/// Whether an IO result of the host stands for a failure. Success, notes and warnings do not;
-/// every result that the module does not know does.
+/// Whether an IO result of the host stands for a failure. Success, notes and warnings do not. Every
+/// result that the module does not know does.
 [[nodiscard]] bool isFailure(int result);
 
 }  // namespace Vardex

@@ -12,8 +12,8 @@
 namespace Vardex {
 
 /// Inserts a function into one of the host's operation lists, which a host searches from the end:
-/// directly behind the last pair whose class is null or @p type or a base of it, else first. So a
-/// class stands behind its bases, and entries of unrelated classes keep their order. A null type
+/// directly after the last pair whose class is null or @p type or a base of it, else first. So a
+/// class stands after its bases, and entries of unrelated classes keep their order. A null type
 /// always goes first.
 /// @param Key  pointer to a class record, with isDerivedFrom
 /// Threads: the caller's, which is the loading thread; the list is edited in place.

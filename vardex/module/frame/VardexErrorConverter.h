@@ -10,7 +10,7 @@
 namespace Vardex {
 
 /// Turns errors of the scan-data service into IO results, by the host's own table. It refuses
-/// errors that carry no code of the service: nobody has said what they mean to the host.
+/// errors without a code of the service, because their meaning for the host is not defined.
 /// Threads: any; it keeps no state.
 class VardexErrorConverter final : public Hx::SpecificErrorConverterBase {
   public:
