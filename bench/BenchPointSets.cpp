@@ -29,8 +29,8 @@ std::unique_ptr<OpaquePoints> makeOpaquePoints(std::vector<PlainRecord> records)
 std::shared_ptr<Hx::PointSet> makePointSet(PointRecordLayout layout, int rows, int cols) {
     auto set = std::make_shared<CorvinMobilePointSet>(L"bench");
     // Without valid data this only says which records the next sizing makes.
-    if (set->enableTimeStamps(hasPointTime(layout)) != 0 ||
-        !set->resizePointStorage(rows, cols, true, hasSeparateReflection(layout))) {
+    if (set->enableTimeStamps(RecordLayouts::has<TimeField>(layout)) != 0 ||
+        !set->resizePointStorage(rows, cols, true, RecordLayouts::has<ReflectionField>(layout))) {
         return nullptr;
     }
     set->setValidData(true);

@@ -32,7 +32,7 @@ void AddPointTimes(benchmark::State& state) {
         store.resetRecords(1, count, PointRecordLayout::Plain);
         malloc_trim(0);  // a first conversion finds no memory that is mapped already
         const auto start = std::chrono::steady_clock::now();
-        Vardex::addPointTimes(store, 1, count);
+        Vardex::TimedRecords::addPointTimes(store, 1, count);
         state.SetIterationTime(secondsSince(start));
         benchmark::DoNotOptimize(&store.pointAt(0));
     }

@@ -163,13 +163,7 @@ void writeRaw(benchmark::State& state) {
     auto records = recordsOf<Record>(points);
     for (auto _ : state) {
         for (std::size_t i = 0; i < points.size(); ++i) {
-            records[i].point = points[i];
-            if constexpr (requires { records[i].reflection; }) {
-                records[i].reflection = 0;
-            }
-            if constexpr (requires { records[i].time; }) {
-                records[i].time = 0;
-            }
+            records[i].replacePoint(points[i]);
         }
         benchmark::ClobberMemory();
     }

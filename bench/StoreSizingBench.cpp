@@ -21,7 +21,8 @@ std::uint32_t countOf(const benchmark::State& state) {
 
 /// The baseline: as much new memory as plain records take, written once.
 void fillFreshMemory(benchmark::State& state) {
-    const std::size_t bytes = countOf(state) * Vardex::recordSize(PointRecordLayout::Plain);
+    const std::size_t bytes =
+        countOf(state) * Vardex::RecordLayouts::recordSize(PointRecordLayout::Plain);
     for (auto _ : state) {
         const std::unique_ptr<char[]> memory(new char[bytes]);
         std::memset(memory.get(), 0, bytes);

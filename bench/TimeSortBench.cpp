@@ -10,12 +10,14 @@
 #include <chrono>
 #include <cstdint>
 #include <random>
+#include <span>
 #include <vector>
 
 #include "mobile/core/TimeSort.h"
 
 namespace {
 
+using Vardex::PointRecordLayout;
 using Vardex::TimeRecord;
 using Records = std::vector<TimeRecord>;
 
@@ -49,15 +51,14 @@ Records makeRecords(std::size_t count, Order order) {
     return records;
 }
 
-template <typename Sort>
-void run(benchmark::State& state, const Sort& sort) {
-    const Records unsorted =
-        makeRecords(static_cast<std::size_t>(state.range(0)), static_cast<Order>(state.range(1)));
-    Records records = unsorted;
+/// @param records  begin(), end() and data(), of as many records as are sorted
+template <typename Range, typename Sort>
+void run(benchmark::State& state, const Range& records, const Sort& sort) {
+    const Records unsorted = makeRecords(records.size(), static_cast<Order>(state.range(1)));
     for (auto _ : state) {
         std::copy(unsorted.begin(), unsorted.end(), records.begin());
         const auto start = std::chrono::steady_clock::now();
-        sort(records);
+        sort();
         const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
         state.SetIterationTime(taken.count());
         benchmark::DoNotOptimize(records.data());
@@ -67,11 +68,14 @@ void run(benchmark::State& state, const Sort& sort) {
 }
 
 void SortByTime(benchmark::State& state) {
-    run(state, [](Records& records) { Vardex::sortByTime(std::span(records)); });
+    Vardex::PointRecordStore store;
+    store.resetRecords(1, static_cast<std::uint32_t>(state.range(0)), PointRecordLayout::WithTime);
+    run(state, store.records<TimeRecord>(), [&] { Vardex::TimeSort::sortByTime(store); });
 }
 
 void StdSort(benchmark::State& state) {
-    run(state, [](Records& records) {
+    Records records(static_cast<std::size_t>(state.range(0)));
+    run(state, std::span(records), [&] {
         std::sort(records.begin(), records.end(),
                   [](const TimeRecord& a, const TimeRecord& b) { return a.time < b.time; });
     });

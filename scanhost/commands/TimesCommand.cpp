@@ -44,9 +44,9 @@ void addTimes(const Vardex::CorvinMobilePointSet& points, Report& report) {
         report.addCount("distinct", "distinct times", static_cast<std::uint64_t>(distinct));
         report.addFlag("ordered", "in the order of time", ordered);
     }
-    const Vardex::PointRecordLayout layout = points.getRecordLayout();
-    report.addText("layout", "record", layoutName(layout));
-    report.addCount("bytesPerPoint", "bytes per point", Vardex::recordSize(layout));
+    const std::string layout(Vardex::layoutName(points.getRecordLayout()));
+    report.addText("layout", "record", layout);
+    report.addCount("bytesPerPoint", "bytes per point", points.getRecordSize());
 }
 
 class TimesCommand final : public Command {

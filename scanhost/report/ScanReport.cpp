@@ -29,13 +29,13 @@ std::string utf8(const Tq_1_1::String& text) {
 }
 
 void describeRecord(const ImportedScan& scan, Report& report) {
-    const Vardex::PointRecordLayout layout = scan.pointSet->getRecordLayout();
-    const std::uint64_t bytes = Vardex::recordSize(layout);
+    const std::string layout(Vardex::layoutName(scan.pointSet->getRecordLayout()));
+    const std::uint64_t bytes = scan.pointSet->getRecordSize();
     Json::Value value;
-    value["layout"] = layoutName(layout);
+    value["layout"] = layout;
     value["bytesPerPoint"] = Json::UInt64{bytes};
     report.add("record", "record", value,
-               layoutName(layout) + ", " + std::to_string(bytes) + " bytes per point");
+               layout + ", " + std::to_string(bytes) + " bytes per point");
 }
 
 template <typename Value>
@@ -215,8 +215,7 @@ void describeTimes(const MobileScan& mobile, Report& report) {
     }
     times.addNumber("first", "earliest point", range.low, kSecondDigits, " s");
     times.addNumber("last", "latest point", range.high, kSecondDigits, " s");
-    const auto layout = mobile.points().getRecordLayout();
-    times.addCount("bytesPerPoint", "bytes per point now", Vardex::recordSize(layout));
+    times.addCount("bytesPerPoint", "bytes per point now", mobile.points().getRecordSize());
 }
 
 void describeLoadedTrajectory(const ImportedScan& scan, MobileScan& mobile, Report& report,
@@ -277,22 +276,6 @@ void describeScan(const ImportedScan& scan, Report& report, Console& console) {
         describeLoadedTrajectory(scan, mobile, report, console);
         describeLoadedTimes(mobile, report, console);
     }
-}
-
-std::string layoutName(Vardex::PointRecordLayout layout) {
-    switch (layout) {
-        case Vardex::PointRecordLayout::Plain:
-            return "Plain";
-        case Vardex::PointRecordLayout::WithReflection:
-            return "WithReflection";
-        case Vardex::PointRecordLayout::WithTime:
-            return "WithTime";
-        case Vardex::PointRecordLayout::WithReflectionAndTime:
-            return "WithReflectionAndTime";
-        case Vardex::PointRecordLayout::None:
-            break;
-    }
-    return "None";
 }
 
 Json::Value jsonMatrix(const Tq_1_1::Mat4d<double>& matrix) {

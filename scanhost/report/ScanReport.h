@@ -15,9 +15,6 @@ namespace ScanHost {
 /// but a trajectory that was named and cannot be read is a Failure.
 void describeScan(const ImportedScan& scan, Report& report, Console& console);
 
-/// The name of a scan's record layout, for example "WithReflection".
-std::string layoutName(Vardex::PointRecordLayout layout);
-
 /// Four rows of four numbers.
 Json::Value jsonMatrix(const Tq_1_1::Mat4d<double>& matrix);
 

@@ -13,18 +13,16 @@
 namespace Vardex {
 namespace {
 
-using Pair = Tq_1_1::SVec2d<int>;
-
 TEST(GridAddress, CellsAndIndicesLeadToEachOther) {
-    EXPECT_EQ(GridAddress::flatIndex(4, 1, 2), 6U);
-    EXPECT_EQ(GridAddress::flatIndex(2'000'000'000, 2'000'000'000, 1), 4'000'000'000'000'000'001U);
-    EXPECT_EQ(GridAddress::flatIndex(4, 0, -1), ~std::uint64_t{0});
+    EXPECT_EQ(GridAddress::flatIndex(2'000'000'000, {2'000'000'000, 1}),
+              4'000'000'000'000'000'001U);
+    EXPECT_EQ(GridAddress::flatIndex(4, {0, -1}), ~std::uint64_t{0});
 
     struct Case {
         const char* name;
         int cols;
         Hx::SelectItem item;
-        Pair rowCol;
+        GridCell cell;
     };
     for (const Case& c : {
              Case{"index alone", 4, {6, 0, 0, 0}, {1, 2}},
@@ -32,7 +30,7 @@ TEST(GridAddress, CellsAndIndicesLeadToEachOther) {
              Case{"first cell", 4, {0, 0, 0, 0}, {0, 0}},
              Case{"no columns", 0, {6, 0, 0, 0}, {0, 0}},
          }) {
-        EXPECT_EQ(GridAddress::rowColOf(c.cols, c.item), c.rowCol) << c.name;
+        EXPECT_EQ(GridAddress::cellOf(c.cols, c.item), c.cell) << c.name;
     }
 }
 
@@ -79,7 +77,7 @@ TEST(ScanPointMath, PointsMoveAlongTheirRay) {
     }
 }
 
-TEST(ScanPointMath, DistanceIsReckonedInSinglePrecision) {
+TEST(ScanPointMath, DistanceIsComputedInSinglePrecision) {
     ScanPoint point;
     point.setPosition({4096.0F, 0.5F, 0.0F});  // 2^24 + 0.25 is 2^24 in single precision
     EXPECT_EQ(ScanPointMath::distanceOf(point), 4096.0);

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <new>
 #include <stdexcept>
 
@@ -21,9 +22,22 @@ ScanPoint makePoint(float x, unsigned char red, unsigned char flags) {
     return point;
 }
 
-constexpr PointRecordLayout kLayouts[] = {
-    PointRecordLayout::Plain, PointRecordLayout::WithReflection, PointRecordLayout::WithTime,
-    PointRecordLayout::WithReflectionAndTime};
+using enum PointRecordLayout;
+constexpr PointRecordLayout kLayouts[] = {Plain, WithReflection, WithTime, WithReflectionAndTime};
+
+/// The bytes of a record as docs/point-records.md tells them.
+TEST(PointRecord, FieldsFollowTheScanPointInOrder) {
+    ReflectionTimeRecord record;
+    record.point = makePoint(7.0F, 10, 1);
+    record.reflection = 0x0201;
+    record.time = 0x06050403;
+    unsigned char bytes[24];
+    std::memcpy(bytes, &record, sizeof record);
+    for (unsigned i = 0; i < 6; ++i) {
+        EXPECT_EQ(bytes[18 + i], i + 1);
+    }
+    EXPECT_EQ(std::memcmp(bytes, &record.point, 18), 0);
+}
 
 TEST(PointRecordStore, EverySizingLeavesMemoryForExactlyTheRecordsOfOneLayout) {
     struct Step {
@@ -34,16 +48,16 @@ TEST(PointRecordStore, EverySizingLeavesMemoryForExactlyTheRecordsOfOneLayout) {
     };
     PointRecordStore store;
     for (const Step& step : {
-             Step{"first", 3, 4, PointRecordLayout::Plain, 12, 216},
-             Step{"grow by a little", 13, 1, PointRecordLayout::Plain, 13, 234},
-             Step{"shrink", 5, 1, PointRecordLayout::Plain, 5, 90},
-             Step{"reflection", 3, 4, PointRecordLayout::WithReflection, 12, 240},
-             Step{"time", 3, 4, PointRecordLayout::WithTime, 12, 264},
-             Step{"both", 3, 4, PointRecordLayout::WithReflectionAndTime, 12, 288},
-             Step{"empty, layout kept", 0, 0, PointRecordLayout::WithReflectionAndTime, 0, 0},
-             Step{"no layout", 3, 4, PointRecordLayout::None, 0, 0},
-             Step{"product wraps to 0", 65536, 65536, PointRecordLayout::Plain, 0, 0},
-             Step{"product wraps to 65536", 65537, 65536, PointRecordLayout::Plain, 65536, 1179648},
+             Step{"first", 3, 4, Plain, 12, 216},
+             Step{"grow by a little", 13, 1, Plain, 13, 234},
+             Step{"shrink", 5, 1, Plain, 5, 90},
+             Step{"reflection", 3, 4, WithReflection, 12, 240},
+             Step{"time", 3, 4, WithTime, 12, 264},
+             Step{"both", 3, 4, WithReflectionAndTime, 12, 288},
+             Step{"empty, layout kept", 0, 0, WithReflectionAndTime, 0, 0},
+             Step{"no layout", 3, 4, None, 0, 0},
+             Step{"product wraps to 0", 65536, 65536, Plain, 0, 0},
+             Step{"product wraps to 65536", 65537, 65536, Plain, 65536, 1179648},
          }) {
         EXPECT_TRUE(store.resetRecords(step.rows, step.cols, step.layout)) << step.name;
         EXPECT_EQ(store.layout(), step.layout) << step.name;
@@ -71,14 +85,14 @@ TEST(PointRecordStore, SizingInOneLayoutKeepsRecordsAndAddsNullOnes) {
         EXPECT_EQ(fresh.color, Tq_1_1::Color4d<unsigned char>());
         EXPECT_EQ(store.reflectionAt(3), 0);
 
-        store.resetRecords(2, 2, PointRecordLayout::None);
+        store.resetRecords(2, 2, None);
         EXPECT_EQ(&store.pointAt(1), &ScanPoint::nullReference);
     }
 }
 
 TEST(PointRecordStore, WritingAPointClearsWhatBelongedToTheOldMeasurement) {
     PointRecordStore store;
-    store.resetRecords(1, 2, PointRecordLayout::WithReflectionAndTime);
+    store.resetRecords(1, 2, WithReflectionAndTime);
     store.records<ReflectionTimeRecord>()[1].time = 4'294'967'295U;
     store.setReflectionAt(1, 1234);
     store.setPointAt(1, makePoint(7.0F, 10, 1));
@@ -94,7 +108,7 @@ TEST(PointRecordStore, WritingAPointClearsWhatBelongedToTheOldMeasurement) {
 TEST(PointRecordStore, ReflectionAndColourExcludeEachOtherOnlyWhereTheyShareBytes) {
     for (const PointRecordLayout layout : kLayouts) {
         SCOPED_TRACE(static_cast<int>(layout));
-        const bool separate = hasSeparateReflection(layout);
+        const bool separate = RecordLayouts::has<ReflectionField>(layout);
         PointRecordStore store;
         store.resetRecords(1, 1, layout);
         store.setPointAt(0, makePoint(7.0F, 10, 1));
@@ -111,26 +125,26 @@ TEST(PointRecordStore, ReflectionAndColourExcludeEachOtherOnlyWhereTheyShareByte
 
 TEST(PointRecordStore, GrowingAsksForNoMoreThanTheNewRecords) {
     PointRecordStore store;
-    store.resetRecords(10, 10, PointRecordLayout::Plain);
+    store.resetRecords(10, 10, Plain);
     const Testing::AllocationLimit limit(2160);  // 120 x 18
-    EXPECT_TRUE(store.resetRecords(12, 10, PointRecordLayout::Plain));
+    EXPECT_TRUE(store.resetRecords(12, 10, Plain));
     EXPECT_EQ(store.size(), 120U);
 }
 
 TEST(PointRecordStore, AFailedSizingThrowsAndStaysWithinItsRecords) {
     PointRecordStore store;
-    store.resetRecords(10, 10, PointRecordLayout::Plain);
+    store.resetRecords(10, 10, Plain);
     store.setPointAt(99, makePoint(7.0F, 10, 1));
-    EXPECT_THROW(store.resetRecords(65536, 32768, PointRecordLayout::WithTime), std::length_error);
-    EXPECT_EQ(store.layout(), PointRecordLayout::Plain);
+    EXPECT_THROW(store.resetRecords(65536, 32768, WithTime), std::length_error);
+    EXPECT_EQ(store.layout(), Plain);
     EXPECT_EQ(store.rows(), 10U);
 
     const Testing::AllocationLimit limit(1000);
-    EXPECT_THROW(store.resetRecords(100, 10, PointRecordLayout::Plain), std::bad_alloc);
-    EXPECT_THROW(store.resetRecords(10, 9, PointRecordLayout::Plain), std::bad_alloc);
+    EXPECT_THROW(store.resetRecords(100, 10, Plain), std::bad_alloc);
+    EXPECT_THROW(store.resetRecords(10, 9, Plain), std::bad_alloc);
     EXPECT_EQ(store.pointAt(99).position().x, 7.0F);
     EXPECT_EQ(&store.pointAt(100), &ScanPoint::nullReference);
-    EXPECT_THROW(store.resetRecords(100, 10, PointRecordLayout::WithTime), std::bad_alloc);
+    EXPECT_THROW(store.resetRecords(100, 10, WithTime), std::bad_alloc);
     EXPECT_EQ(store.bytesHeld(), 0U);
     EXPECT_EQ(&store.pointAt(0), &ScanPoint::nullReference);
 }

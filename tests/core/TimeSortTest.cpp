@@ -42,14 +42,16 @@ Times ascendingTimes(std::size_t count, std::size_t swapDistance, std::size_t ro
 /// @param prepare  called directly before the sort
 template <typename Record>
 void expectSorted(
-    const char* name, const Times& times, void (*prepare)() = [] {}) {
-    std::vector<Record> records(times.size());
+    const char* name, PointRecordLayout layout, const Times& times, void (*prepare)() = [] {}) {
+    PointRecordStore store;
+    store.resetRecords(1, static_cast<std::uint32_t>(times.size()), layout);
+    const auto records = store.records<Record>();
     for (std::size_t i = 0; i < records.size(); ++i) {
         records[i].time = times[i];
         records[i].point.x = static_cast<float>(i);
     }
     prepare();
-    sortByTime(std::span(records));
+    TimeSort::sortByTime(store);
     std::vector<bool> seen(times.size(), false);
     for (std::size_t i = 0; i < records.size(); ++i) {
         const auto number = static_cast<std::size_t>(records[i].point.x);
@@ -60,22 +62,21 @@ void expectSorted(
     }
 }
 
-template <typename Record>
-void expectEveryOrderSorted() {
-    expectSorted<Record>("none", {});
-    expectSorted<Record>("largest time", {4294967295, 0, 2147483648, 2147483647});
-    expectSorted<Record>("random", randomTimes(kCount));
-    expectSorted<Record>("in order", ascendingTimes(kCount, 0, 0));
-    expectSorted<Record>("swapped near by", ascendingTimes(kCount, 40, 0));
-    expectSorted<Record>("first comes last", ascendingTimes(kCount, 0, 1));
-    expectSorted<Record>("last comes first", ascendingTimes(kCount, 0, kCount - 1));
-    expectSorted<Record>("too much for one pass", ascendingTimes(kCount, 0, 2000));
-    expectSorted<Record>("all equal", Times(kCount, 9));
-}
-
 TEST(TimeSort, OrdersWholeRecords) {
-    expectEveryOrderSorted<TimeRecord>();
-    expectEveryOrderSorted<ReflectionTimeRecord>();
+    const std::pair<const char*, Times> cases[] = {
+        {"none", {}},
+        {"largest time", {4294967295, 0, 2147483648, 2147483647}},
+        {"random", randomTimes(kCount)},
+        {"in order", ascendingTimes(kCount, 0, 0)},
+        {"swapped near by", ascendingTimes(kCount, 40, 0)},
+        {"first comes last", ascendingTimes(kCount, 0, 1)},
+        {"last comes first", ascendingTimes(kCount, 0, kCount - 1)},
+        {"too much for one pass", ascendingTimes(kCount, 0, 2000)},
+        {"all equal", Times(kCount, 9)}};
+    for (const auto& [name, times] : cases) {
+        expectSorted<TimeRecord>(name, PointRecordLayout::WithTime, times);
+        expectSorted<ReflectionTimeRecord>(name, PointRecordLayout::WithReflectionAndTime, times);
+    }
 }
 
 /// Leaves room for the spare records of the merge sort, but not for its threads.
@@ -92,7 +93,8 @@ TEST(TimeSortThreads, AreLeftAloneWhenMemoryIsShort) {
 #endif
     GTEST_FLAG_SET(death_test_style, "threadsafe");  // a process with nothing spare of its own
     const auto sortAndExit = [] {
-        expectSorted<TimeRecord>("random", randomTimes(kCount), limitAddressSpace);
+        expectSorted<TimeRecord>("random", PointRecordLayout::WithTime, randomTimes(kCount),
+                                 limitAddressSpace);
         std::_Exit(testing::Test::HasFailure() ? 1 : 0);
     };
     EXPECT_EXIT(sortAndExit(), testing::ExitedWithCode(0), "");

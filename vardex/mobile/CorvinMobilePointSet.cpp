@@ -6,7 +6,7 @@
 #include "Hx/PointSetIntegration.h"
 
 #include "mobile/ScanPtTimes.h"
-#include "module/frame/ModuleRecord.h"
+#include "module/frame/ClassRecord.h"
 #include "pointset/PointSetCreation.h"
 #include "trajectory/core/TrajectoryCache.h"
 
@@ -17,23 +17,14 @@ namespace {
 using Ovr::VardexLib::CorvinMobileScanData;
 using Integration = Hx::PointSetIntegrationT<CorvinMobileScanData>;
 
-// The host lists a module's classes as soon as the library is loaded.
-[[maybe_unused]] const Tq_1_1::HxClass* const kRecord = CorvinMobilePointSet::Class();
-
 const Integration::MakeScanData kMakeScanData = [](Ovr::Interfaces::IScanIntegration& integration) {
     return std::make_unique<CorvinMobileScanData>(integration);
 };
 
 }  // namespace
 
-Hx::PointContainerBase::ClassPointer CorvinMobilePointSet::ClassCreator::create() const {
-    return nullptr;
-}
-
 const Tq_1_1::HxClass* CorvinMobilePointSet::Class() {
-    static const ClassCreator record(L"CorvinMobilePointSet", CorvinPointSet::Class(), theModule(),
-                                     {});
-    return &record;
+    return classRecord<CorvinMobilePointSet, CorvinPointSet>(L"CorvinMobilePointSet");
 }
 
 const Tq_1_1::HxClass* CorvinMobilePointSet::getClassType() const {

@@ -28,12 +28,12 @@ class TrajectoryCache;
 /// may carry the time at which it was measured, and the scan has a trajectory: the path, sampled as
 /// timed poses, which its scan data hold.
 ///
-/// Scan time: seconds since the start of the recording, which is the time of the first trajectory
-/// node, without a trajectory that of the earliest point. Fractions of the scan are scan time / getMaxScanPointTime().
-/// Positions are in the frame of the set's points [m].
+/// Scan time: seconds since the start of the recording. Scan time 0 is the time of the first
+/// trajectory node; without a trajectory it is the time of the earliest point. Fractions of the scan
+/// are scan time / getMaxScanPointTime(). Positions are in the frame of the set's points [m].
 ///
 /// Threads: reading is free of locks. Times of single points, and the nodes, are written by one
-/// thread at a time, which the caller sees to.
+/// thread at a time; the caller takes care of that.
 class VARDEX_EXPORT CorvinMobilePointSet final : public CorvinPointSet, public Hx::IScanPointTimes {
   public:
     /// The class record's kind. Instances come from the host's point-set factory.
@@ -41,7 +41,7 @@ class VARDEX_EXPORT CorvinMobilePointSet final : public CorvinPointSet, public H
       public:
         using CreateableHxClass::CreateableHxClass;
         /// @return empty
-        Hx::PointContainerBase::ClassPointer create() const override;
+        Hx::PointContainerBase::ClassPointer create() const override { return nullptr; }
     };
     class ScanPtTimes;
 
@@ -60,22 +60,22 @@ class VARDEX_EXPORT CorvinMobilePointSet final : public CorvinPointSet, public H
                                                     const Tq_1_1::String& name) const override;
 
     // --- Point times ---------------------------------------------------------------------------
-    /// Says whether records are to have a time field. Records without one that are there already
-    /// get it, with time 0; switching off changes only what later sizings do.
-    /// @return IO_LOCK_NOT_OBTAINED when points are to be converted and the write lock was not given
-    ///         in time; the wish is noted all the same
+    /// Says whether records have a time field. Switching on also gives the field, with time 0, to
+    /// the records that are there; switching off changes only later sizings.
+    /// @return IO_LOCK_NOT_OBTAINED when points must be converted and the write lock was not given in
+    ///         time; later sizings follow the new setting all the same
     /// @throw std::bad_alloc  the records are as they were
     [[nodiscard]] Hx::IOMessages::IOResult enableTimeStamps(bool enable);
     bool areTimeStampsEnabled() const { return timeStampsEnabled_; }
 
-    /// Gives the records a time field and has the scan data fill it; they also read and keep the
-    /// trajectory when they hold none. Holds the point-data write lock and, while the scan data are
-    /// at work, exclusive access. The field stays when a later step fails.
-    /// Times are the file's, in its order: after a sort they belong to other points, so sort a scan
-    /// only after its times were loaded, and import it anew to load them again.
+    /// Gives the records a time field and has the scan data fill it. The scan data also read and
+    /// keep the trajectory when they hold none. Holds the point-data write lock and, while the scan
+    /// data work, exclusive access. The field stays when a later step fails.
+    /// Times come in the order of the file. After a sort they would go to other points: load the
+    /// times of a scan before it is sorted, and import it again to load them again.
     /// @return IO_LOCK_NOT_OBTAINED when either was not given; IO_NO_POINT_TIMES when there are no
     ///         points that could carry times; the converted error of the scan data
-    /// @throw std::runtime_error  an error of the scan data that is none of the service's
+    /// @throw std::runtime_error  an error of the scan data without a code of the service
     /// @throw std::bad_alloc      the records are as they were
     [[nodiscard]] Hx::IOMessages::IOResult loadScanPtTimes() override;
 
@@ -83,8 +83,9 @@ class VARDEX_EXPORT CorvinMobilePointSet final : public CorvinPointSet, public H
     /// @return as loadScanPtTimes, without IO_NO_POINT_TIMES
     [[nodiscard]] Hx::IOMessages::IOResult unloadScanPtTimes();
 
-    /// Makes the set's own time service the one that the scan data use.
-    /// @return whether the grid has this size; times are not sized apart from their points
+    /// Makes the set's own time service the one that the scan data use. Nothing is sized: the times
+    /// lie in the records of the points.
+    /// @return whether the grid has this size
     bool resizeScanPtTimes(int rows, int cols);
 
     /// Stores a point's time in whole microseconds, modulo 2^32. Seconds that are negative, not a
@@ -98,7 +99,7 @@ class VARDEX_EXPORT CorvinMobilePointSet final : public CorvinPointSet, public H
     /// @return the largest double when the metadata are not a mobile scan's
     double getMaxScanPointTime() const override;
     /// Does nothing when the metadata are not a mobile scan's. Does not mark the info as modified:
-    /// the duration is found, not entered.
+    /// the duration comes from the file and not from the user.
     /// @param seconds  [s]
     void setMaxScanPointTime(double seconds);
 
@@ -110,12 +111,12 @@ class VARDEX_EXPORT CorvinMobilePointSet final : public CorvinPointSet, public H
     // --- Trajectory ----------------------------------------------------------------------------
     // Nodes are taken in the order given; the queries expect them in ascending time.
 
-    /// Replaces the trajectory by copies of the nodes; null pointers are skipped. Positions for
-    /// times keep coming from the trajectory that was there at the first such question.
+    /// Replaces the trajectory by copies of the nodes; null pointers are skipped.
+    /// getRecordingPositionForTime always uses the trajectory present at its first call.
     void setTrajectoryNodes(const std::vector<std::shared_ptr<TrajectoryNode>>& nodes);
 
-    /// The positions of the nodes within a span given in fractions of the scan, both ends included,
-    /// each stand of the scanner once.
+    /// The positions of the nodes within a span given in fractions of the scan, both ends included.
+    /// Where the scanner stood still, only its first position is kept.
     /// @return empty when the span ends before it starts, or holds no node
     std::vector<Tq_1_1::Vec3d<double>> getSelectedTrajectory(
         const Hx::PC2TimeFilter& filter) const override;
@@ -132,7 +133,7 @@ class VARDEX_EXPORT CorvinMobilePointSet final : public CorvinPointSet, public H
 
     /// Where the scanner was, from a table of positions that the first call makes.
     /// @param seconds  scan time
-    /// @return no value outside the scan, and for good when there was no trajectory or no duration
+    /// @return no value outside the scan; never a value when there was no trajectory or no duration
     ///         at the first call
     /// Threads: any; the first callers wait for the table, later ones read it without a lock.
     std::optional<Tq_1_1::Vec3d<double>> getRecordingPositionForTime(
@@ -140,9 +141,9 @@ class VARDEX_EXPORT CorvinMobilePointSet final : public CorvinPointSet, public H
 
     /// Writes the trajectory as text in world coordinates; see docs/trajectory-text.md.
     /// @return IO_NO_STREAMS when there are neither nodes nor streams to read them from; the
-    ///         converted error of reading them; in both cases nothing is written. A trajectory
-    ///         without nodes gives the header line alone. IO_WRITE_FAILED when the stream has failed
-    ///         afterwards
+    ///         converted error of reading them; in both cases nothing is written. IO_WRITE_FAILED
+    ///         when the stream is in a failed state afterwards. A trajectory without nodes gives
+    ///         the header line alone
     [[nodiscard]] Hx::IOMessages::IOResult writeTrajectoryToStream(std::ostream& out) const;
 
     // --- What the host asks of every point set -------------------------------------------------

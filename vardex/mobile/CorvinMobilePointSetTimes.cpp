@@ -20,26 +20,23 @@ using Ovr::VardexLib::CorvinMobileMetaData;
 
 bool CorvinMobilePointSet::resizePointStorage(int rows, int cols, bool allocate,
                                               bool withReflection) {
-    if (!timeStampsEnabled_) {
-        return CorvinPointSet::resizePointStorage(rows, cols, allocate, withReflection);
-    }
-    return sizeRecords(
-        rows, cols, allocate,
-        withReflection ? PointRecordLayout::WithReflectionAndTime : PointRecordLayout::WithTime);
+    const PointRecordLayout layout = layoutFor(withReflection);
+    return sizeRecords(rows, cols, allocate,
+                       timeStampsEnabled_ ? RecordLayouts::timed(layout) : layout);
 }
 
 IOResult CorvinMobilePointSet::enableTimeStamps(bool enable) {
     timeStampsEnabled_ = enable;
     const PointRecordLayout layout = recordStore().layout();
-    if (!enable || !hasValidData() || layout == PointRecordLayout::None || hasPointTime(layout)) {
+    if (!enable || !hasValidData() || RecordLayouts::timed(layout) == layout) {
         return IO_OK;
     }
     const auto lock = getIScanIntegration().getPointDataWriteLock(kPointDataLockTimeout);
     if (lock == nullptr) {
         return IO_LOCK_NOT_OBTAINED;
     }
-    addPointTimes(recordStore(), static_cast<std::uint32_t>(getNumRows()),
-                  static_cast<std::uint32_t>(getNumCols()));
+    TimedRecords::addPointTimes(recordStore(), static_cast<std::uint32_t>(getNumRows()),
+                                static_cast<std::uint32_t>(getNumCols()));
     return IO_OK;
 }
 
@@ -60,7 +57,7 @@ IOResult CorvinMobilePointSet::loadScanPtTimes() {
     if (access == nullptr) {
         return IO_LOCK_NOT_OBTAINED;
     }
-    if (!hasPointTime(recordStore().layout())) {
+    if (!RecordLayouts::has<TimeField>(recordStore().layout())) {
         return IO_NO_POINT_TIMES;
     }
     const Hx::ModificationScope scope = createModificationScope();
@@ -129,7 +126,7 @@ void CorvinMobilePointSet::setMaxScanPointTime(double seconds) {
 }
 
 void CorvinMobilePointSet::sortScanPointsByTime(const Hx::PointWriteLock& /*lock*/) {
-    sortByTime(recordStore());
+    TimeSort::sortByTime(recordStore());
 }
 
 }  // namespace Vardex

@@ -10,11 +10,11 @@ namespace Vardex {
 
 void CorvinMobilePointSet::ScanPtTimes::setTimeStamp(int row, int col, std::uint64_t microseconds) {
     const std::uint64_t index = owner_->getSelectItem(row, col).index;
-    setTimeAt(owner_->recordStore(), index, PointTime::toField(microseconds));
+    TimedRecords::setTimeAt(owner_->recordStore(), index, PointTime::toField(microseconds));
 }
 
 std::uint64_t CorvinMobilePointSet::ScanPtTimes::getTimeStamp(int row, int col) const {
-    return timeAt(owner_->recordStore(), owner_->getSelectItem(row, col).index);
+    return TimedRecords::timeAt(owner_->recordStore(), owner_->getSelectItem(row, col).index);
 }
 
 bool CorvinMobilePointSet::ScanPtTimes::resizeTimeStamps(int rows, int cols) {

@@ -12,8 +12,8 @@
 namespace Vardex {
 
 /// Lends the time field of a mobile point set's records to the scan-data service, which fills and
-/// clears the times through it. A cell outside the grid, or any while the data are not valid, drops
-/// its time and reads as 0, and so does a record without a time field.
+/// clears the times through it. Outside the grid, while the data are not valid, and in records
+/// without a time field, times are dropped and read as 0.
 ///
 /// Threads: takes no lock; the caller holds what protects the points. The service calls it while it
 /// has exclusive access to them.
@@ -26,8 +26,6 @@ class CorvinMobilePointSet::ScanPtTimes final : public Ovr::VardexLib::IScanPoin
     void setTimeStamp(int row, int col, std::uint64_t microseconds) override;
     std::uint64_t getTimeStamp(int row, int col) const override;
     bool resizeTimeStamps(int rows, int cols) override;
-
-    const CorvinMobilePointSet* owner() const { return owner_; }
 
   private:
     CorvinMobilePointSet* owner_;

@@ -3,6 +3,7 @@
 
 #include "pointset/CorvinPointSet.h"
 
+#include <cstddef>
 #include <mutex>
 #include <new>
 #include <utility>
@@ -10,25 +11,13 @@
 #include "Hx/PointSetIntegration.h"
 #include "Ovr/Vardex/CorvinScanData.h"
 
-#include "module/frame/ModuleRecord.h"
+#include "module/frame/ClassRecord.h"
 #include "module/frame/VardexErrorConverter.h"
 
 namespace Vardex {
 
-namespace {
-
-// The host lists a module's classes as soon as the library is loaded.
-[[maybe_unused]] const Tq_1_1::HxClass* const kRecord = CorvinPointSet::Class();
-
-}  // namespace
-
-Hx::PointContainerBase::ClassPointer CorvinPointSet::ClassCreator::create() const {
-    return nullptr;
-}
-
 const Tq_1_1::HxClass* CorvinPointSet::Class() {
-    static const ClassCreator record(L"CorvinPointSet", OvrPointSet::Class(), theModule(), {});
-    return &record;
+    return classRecord<CorvinPointSet, OvrPointSet>(L"CorvinPointSet");
 }
 
 const Tq_1_1::HxClass* CorvinPointSet::getClassType() const {
@@ -41,10 +30,12 @@ CorvinPointSet::CorvinPointSet(const Tq_1_1::String& name,
 
 CorvinPointSet::~CorvinPointSet() = default;
 
+std::size_t CorvinPointSet::getRecordSize() const {
+    return RecordLayouts::recordSize(records_.layout());
+}
+
 bool CorvinPointSet::resizePointStorage(int rows, int cols, bool allocate, bool withReflection) {
-    return sizeRecords(
-        rows, cols, allocate,
-        withReflection ? PointRecordLayout::WithReflection : PointRecordLayout::Plain);
+    return sizeRecords(rows, cols, allocate, layoutFor(withReflection));
 }
 
 bool CorvinPointSet::sizeRecords(int rows, int cols, bool allocate, PointRecordLayout layout) {

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <iosfwd>
 #include <memory>
@@ -16,6 +17,7 @@
 #include "Tq/HxClass.h"
 
 #include "module/frame/VardexExport.h"
+#include "pointset/PointRecordLayout.h"
 #include "pointset/core/PointRecordStore.h"
 
 namespace Vardex {
@@ -26,10 +28,10 @@ namespace Vardex {
 /// Addresses. How a form of an accessor treats a point outside the grid:
 /// - guarded: no point while the data are not valid or the cell lies outside the grid;
 /// - by index: no point while the data are not valid or the index is not below rows x cols;
-/// - unguarded: the flat index is reckoned without a test, so a cell outside the grid may be
+/// - unguarded: the flat index is computed without a test, so a cell outside the grid may be
 ///   another point. Requires: the caller keeps 0 <= row < rows and 0 <= col < cols.
-/// An item is taken as it is. Whatever the form, nothing outside the records is touched: where no
-/// record is, reads give the host's null point or 0 and writes do nothing.
+/// An item is used as it is. No form touches anything outside the records: where no record is,
+/// reads give the host's null point or 0, and writes do nothing.
 ///
 /// Threads: the accessors take no lock. Several threads may read at once; whoever writes holds the
 /// scan's point-data write lock.
@@ -40,7 +42,7 @@ class VARDEX_EXPORT CorvinPointSet : public Hx::OvrPointSet {
       public:
         using CreateableHxClass::CreateableHxClass;
         /// @return empty
-        Hx::PointContainerBase::ClassPointer create() const override;
+        Hx::PointContainerBase::ClassPointer create() const override { return nullptr; }
     };
 
     static const Tq_1_1::HxClass* Class();
@@ -49,6 +51,8 @@ class VARDEX_EXPORT CorvinPointSet : public Hx::OvrPointSet {
 
     /// The layout of the records that the points are kept in; None until the set was sized.
     PointRecordLayout getRecordLayout() const { return records_.layout(); }
+    /// Bytes that one record takes in this layout; 0 for None.
+    std::size_t getRecordSize() const;
 
     // --- Sizes and addresses -------------------------------------------------------------------
     /// rows x cols while the data are valid, else 0: the indices below it address points.
@@ -86,7 +90,7 @@ class VARDEX_EXPORT CorvinPointSet : public Hx::OvrPointSet {
     void setScanPt(std::uint64_t index, const ScanPt& point) final;  ///< as an item
     void setScanPt(const Hx::SelectItem& item, const ScanPt& point) final;
 
-    /// Length of the position [m], reckoned in single precision.
+    /// Length of the position [m], computed in single precision.
     /// @return -1.0 for the invalid item; 0.0 where no record is
     double getDistance(const Hx::SelectItem& item) const final;
     /// Moves the point along its ray, and one at the origin along +x. Writes it like setScanPt.
@@ -102,7 +106,7 @@ class VARDEX_EXPORT CorvinPointSet : public Hx::OvrPointSet {
 
     unsigned short getReflection(int row, int col) const final;     ///< guarded
     unsigned short getReflection(std::uint64_t index) const final;  ///< by index
-    /// Without a separate reflection: that in the colour bytes, or the lightness of the colour.
+    /// Without a separate reflection: the one in the colour bytes, or the lightness of the colour.
     unsigned short getReflection(const Hx::SelectItem& item) const final;
     void setReflection(int row, int col, unsigned short reflection) final;  ///< unguarded
     /// Without a separate reflection it replaces the colour.
@@ -138,7 +142,7 @@ class VARDEX_EXPORT CorvinPointSet : public Hx::OvrPointSet {
     /// @param seconds  [s] since 1970-01-01 UTC
     void setRecordingTime(double seconds);
     void setRecordingSessionId(const Hx::Uuid& id);
-    /// @return the default identifier when there is none or its text makes no sense
+    /// @return the default identifier when there is none or its text is not an identifier
     Hx::Uuid getRecordingSessionId() const;
     /// @return [s] since 1970-01-01 UTC; empty when the recording time is unknown (0)
     std::unique_ptr<Hx::Time> getScanRecordingTime() const override;
@@ -146,11 +150,11 @@ class VARDEX_EXPORT CorvinPointSet : public Hx::OvrPointSet {
     // --- Import and project output -------------------------------------------------------------
     /// Loads the points of a file, hands its statistics to the host, and names a nameless set after
     /// the file. Holds the scan's point-data write lock meanwhile. The host's copy of the metadata
-    /// is refreshed at the end, whatever happens.
+    /// is refreshed at the end, also after a failure.
     /// @return an IO result: IO_LOCK_NOT_OBTAINED when the lock was not given in time or not valid;
     ///         IO_ERROR when it was not given a second time; the converted error of the load;
     ///         IO_INVALID_FILE_NAME when the set needs a name and the path gives none
-    /// @throw std::runtime_error  an error of the load that is none of the service's
+    /// @throw std::runtime_error  an error of the load without a code of the service
     int import(Hx::FileInfo& fileInfo, Hx::AllocMain& alloc) override;
     /// Writes the set's id as a value named by the class of its scan data.
     /// Leaves the stream's precision at 8. @return 0
@@ -189,6 +193,10 @@ class VARDEX_EXPORT CorvinPointSet : public Hx::OvrPointSet {
     PointRecordStore& recordStore() { return records_; }
     const PointRecordStore& recordStore() const { return records_; }
 
+    /// The layout without times that the host asks for.
+    static constexpr PointRecordLayout layoutFor(bool withReflection) {
+        return withReflection ? PointRecordLayout::WithReflection : PointRecordLayout::Plain;
+    }
     /// What resizePointStorage does, for the layout that the set wants.
     bool sizeRecords(int rows, int cols, bool allocate, PointRecordLayout layout);
 
@@ -196,7 +204,7 @@ class VARDEX_EXPORT CorvinPointSet : public Hx::OvrPointSet {
     std::shared_ptr<Ovr::VardexLib::CorvinMetaData> metaData() const;
 
     /// The outcome of a service call.
-    /// @throw std::runtime_error  an error that is none of the service's
+    /// @throw std::runtime_error  an error without a code of the service
     Hx::IOMessages::IOResult resultOf(const Ovr::ErrorPtr& error) const;
 
   private:

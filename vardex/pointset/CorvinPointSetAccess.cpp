@@ -14,12 +14,27 @@ namespace Vardex {
 using GridAddress::flatIndex;
 using Hx::SelectItem;
 
+namespace {
+
+// The host's pairs have two orders. Inside the module a cell says which number is its row.
+
+GridCell cellOfPair(const CorvinPointSet::ColRow& colRow) {
+    return {.row = colRow.second, .col = colRow.first};
+}
+
+CorvinPointSet::ColRow pairOf(const GridCell& cell) {
+    return {cell.col, cell.row};
+}
+
+}  // namespace
+
 // --- Addresses ---------------------------------------------------------------------------------
 
 std::uint64_t CorvinPointSet::guardedIndex(int row, int col) const {
-    return hasValidData() && GridAddress::contains(rows_, cols_, row, col)
-               ? flatIndex(cols_, row, col)
-               : SelectItem::INVALID_INDEX;
+    if (!hasValidData() || !GridAddress::contains(rows_, cols_, {row, col})) [[unlikely]] {
+        return SelectItem::INVALID_INDEX;
+    }
+    return flatIndex(cols_, {row, col});
 }
 
 std::uint64_t CorvinPointSet::boundedIndex(std::uint64_t index) const {
@@ -31,7 +46,8 @@ std::uint64_t CorvinPointSet::getNumPoints() const {
 }
 
 SelectItem CorvinPointSet::getSelectItem(const ColRow& colRow) const {
-    return CorvinPointSet::getSelectItem(colRow.second, colRow.first);
+    const GridCell cell = cellOfPair(colRow);
+    return CorvinPointSet::getSelectItem(cell.row, cell.col);
 }
 
 SelectItem CorvinPointSet::getSelectItem(std::uint64_t index) const {
@@ -39,39 +55,40 @@ SelectItem CorvinPointSet::getSelectItem(std::uint64_t index) const {
 }
 
 SelectItem CorvinPointSet::getSelectItem(int row, int col) const {
-    return hasValidData() && GridAddress::contains(rows_, cols_, row, col)
-               ? GridAddress::itemAt(cols_, row, col)
+    return hasValidData() && GridAddress::contains(rows_, cols_, {row, col})
+               ? GridAddress::itemAt(cols_, {row, col})
                : GridAddress::kInvalidItem;
 }
 
 void CorvinPointSet::getSelectItem(int row, int col, SelectItem& out) const {
-    out = GridAddress::itemAt(cols_, row, col);
+    out = GridAddress::itemAt(cols_, {row, col});
 }
 
 SelectItem CorvinPointSet::makeSelectItem(int row, int col) const {
-    return GridAddress::itemAt(cols_, row, col);
+    return GridAddress::itemAt(cols_, {row, col});
 }
 
 CorvinPointSet::ColRow CorvinPointSet::getColRow(const SelectItem& item) const {
-    return GridAddress::exchanged(GridAddress::rowColOf(cols_, item));
+    return pairOf(GridAddress::cellOf(cols_, item));
 }
 
 CorvinPointSet::ColRow CorvinPointSet::getColRow(std::uint64_t index) const {
-    return GridAddress::exchanged(GridAddress::rowColAt(cols_, index));
+    return pairOf(GridAddress::cellAt(cols_, index));
 }
 
 Tq_1_1::SVec2d<int> CorvinPointSet::getRowCol(const SelectItem& item) const {
-    return GridAddress::rowColOf(cols_, item);
+    const GridCell cell = GridAddress::cellOf(cols_, item);
+    return {cell.row, cell.col};
 }
 
 // --- Whole points ------------------------------------------------------------------------------
 
 const CorvinPointSet::ScanPt& CorvinPointSet::getScanPt(const ColRow& colRow) const {
-    return records_.pointAt(flatIndex(cols_, colRow.second, colRow.first));
+    return records_.pointAt(flatIndex(cols_, cellOfPair(colRow)));
 }
 
 const CorvinPointSet::ScanPt& CorvinPointSet::getScanPt(int row, int col) const {
-    return records_.pointAt(flatIndex(cols_, row, col));
+    return records_.pointAt(flatIndex(cols_, {row, col}));
 }
 
 const CorvinPointSet::ScanPt& CorvinPointSet::getScanPt(std::uint64_t index) const {
@@ -87,16 +104,16 @@ const CorvinPointSet::ScanPt& CorvinPointSet::getScanPt(const SelectItem& item) 
 }
 
 void CorvinPointSet::setScanPt(const ColRow& colRow, const ScanPt& point) {
-    records_.setPointAt(flatIndex(cols_, colRow.second, colRow.first), point);
+    records_.setPointAt(flatIndex(cols_, cellOfPair(colRow)), point);
 }
 
 void CorvinPointSet::setScanPt(const Tq_1_1::SVec2d<unsigned int>& colRow, const ScanPt& point) {
-    records_.setPointAt(
-        flatIndex(cols_, static_cast<int>(colRow.second), static_cast<int>(colRow.first)), point);
+    const ColRow pair(static_cast<int>(colRow.first), static_cast<int>(colRow.second));
+    records_.setPointAt(flatIndex(cols_, cellOfPair(pair)), point);
 }
 
 void CorvinPointSet::setScanPt(int row, int col, const ScanPt& point) {
-    records_.setPointAt(flatIndex(cols_, row, col), point);
+    records_.setPointAt(flatIndex(cols_, {row, col}), point);
 }
 
 void CorvinPointSet::setScanPt(std::uint64_t index, const ScanPt& point) {
@@ -131,7 +148,7 @@ CorvinPointSet::Color CorvinPointSet::getColor(const SelectItem& item) const {
 }
 
 void CorvinPointSet::setColor(int row, int col, const Color& color) {
-    records_.setColorAt(flatIndex(cols_, row, col), color);
+    records_.setColorAt(flatIndex(cols_, {row, col}), color);
 }
 
 void CorvinPointSet::setColor(std::uint64_t index, const Color& color) {
@@ -157,7 +174,7 @@ unsigned short CorvinPointSet::getReflection(const SelectItem& item) const {
 }
 
 void CorvinPointSet::setReflection(int row, int col, unsigned short reflection) {
-    records_.setReflectionAt(flatIndex(cols_, row, col), reflection);
+    records_.setReflectionAt(flatIndex(cols_, {row, col}), reflection);
 }
 
 void CorvinPointSet::setReflection(const SelectItem& item, unsigned short reflection) {
@@ -165,7 +182,7 @@ void CorvinPointSet::setReflection(const SelectItem& item, unsigned short reflec
 }
 
 bool CorvinPointSet::hasSeparateReflection() const {
-    return Vardex::hasSeparateReflection(records_.layout());
+    return RecordLayouts::has<ReflectionField>(records_.layout());
 }
 
 // --- Normal ------------------------------------------------------------------------------------

@@ -78,7 +78,7 @@ void CorvinPointSet::takeStatistics(const Ovr::StatisticsReport& report) {
     }
     if (report.distance && !properties.checkDistStatValid()) {
         setDistStat(hostStatistic<Hx::StatisticValLimitsRounded<double>>(*report.distance), true);
-        // Good enough to show, but the host is to reckon the distances anew before relying on them.
+        // Good enough to show. The host computes the distances again before it relies on them.
         properties.setDistStatValid(false);
     }
 }

@@ -13,8 +13,8 @@
 namespace Vardex {
 
 /// Makes a point set of a class with two sizes, which the host takes in the order given here. The
-/// host's check in between runs checks of other modules too; sizing once more makes sure that the
-/// set still has its size behind them.
+/// host's check in between also runs checks of other modules, which may change the size; the second
+/// sizing sets it again.
 /// @return empty when the host refuses a size or finds the set faulty
 template <typename PointSetClass>
 std::shared_ptr<Hx::PointSet> createSizedPointSet(int size1, int size2,

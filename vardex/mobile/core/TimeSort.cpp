@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <new>
+#include <span>
 #include <thread>
 #if defined(VARDEX_PARALLEL_SORT)
 #include <execution>
@@ -13,18 +14,17 @@
 #include <oneapi/tbb/global_control.h>
 #endif
 
-namespace Vardex {
+namespace Vardex::TimeSort {
 
 namespace {
 
-// The bounds of the first pass: enough for a scan whose records are a few places off each, or a few
-// of them far off, and less than a tenth of a full sort for a scan that it cannot settle.
+// The bounds of the first pass. They are enough when all records are a few places off, or a few
+// records far off. A scan that the pass cannot settle costs less than a tenth of a full sort more.
 constexpr std::size_t kShiftsPerRecord = 8;
 constexpr std::size_t kFreeShifts = 65536;
 constexpr std::size_t kLongestShift = 4096;
 
-/// An object and no function: the library calls through what it is given, and a pointer to a
-/// function would cost a call for each comparison.
+/// An object and not a function: a pointer to a function would cost a call for each comparison.
 constexpr auto earlier = [](const auto& a, const auto& b) { return a.time < b.time; };
 
 /// Moves a record that is earlier than its predecessor down to its place, over at most
@@ -63,9 +63,8 @@ bool sortNearlySorted(std::span<Record> records) {
 }
 
 #if defined(VARDEX_PARALLEL_SORT)
-/// Sees to it that the helper threads of oneTBB have ended when it is destroyed, unless others are
-/// still using them. When the module is unloaded, oneTBB goes with it: a thread that idles in its
-/// code until then would crash the host.
+/// Ends the helper threads of oneTBB when it is destroyed, unless others still use them. oneTBB is
+/// unloaded with the module: a thread that still waited in its code would crash the host.
 class HelperThreads {
   public:
     HelperThreads() = default;
@@ -77,9 +76,9 @@ class HelperThreads {
     tbb::task_scheduler_handle handle_{tbb::attach{}};
 };
 
-/// Whether the merge sort's spare records, and threads with their stacks, can be had. oneTBB does
-/// not survive running out of memory while it starts its threads, so it is asked only when there is
-/// plenty. The memory is given back untouched, which costs next to nothing.
+/// Whether there is memory for the merge sort's spare records and for threads with their stacks.
+/// oneTBB does not survive running out of memory while it starts its threads, so it is used only
+/// when there is plenty. The memory is given back untouched, which costs almost nothing.
 bool hasMemoryToSpare(std::size_t recordBytes, unsigned threads) {
     constexpr std::size_t kPerThread = std::size_t{16} << 20;
     constexpr std::size_t kForOneTbb = std::size_t{64} << 20;
@@ -89,7 +88,7 @@ bool hasMemoryToSpare(std::size_t recordBytes, unsigned threads) {
     return probe != nullptr;
 }
 
-/// @return false when one thread is to do it, in place; no record has moved then
+/// @return false when one thread must sort in place; no record has moved then
 template <typename Record>
 bool sortOnSeveralThreads(std::span<Record> records) {
     const unsigned threads = std::thread::hardware_concurrency();
@@ -120,25 +119,12 @@ void sortRecords(std::span<Record> records) {
 
 }  // namespace
 
-void sortByTime(std::span<TimeRecord> records) {
-    sortRecords(records);
-}
-
-void sortByTime(std::span<ReflectionTimeRecord> records) {
-    sortRecords(records);
-}
-
 void sortByTime(PointRecordStore& store) {
-    sortByTime(store.records<TimeRecord>());
-    sortByTime(store.records<ReflectionTimeRecord>());
+    store.visitRecords([]<typename Record>(std::span<Record> records) {
+        if constexpr (Record::template has<TimeField>) {
+            sortRecords(records);
+        }
+    });
 }
 
-bool sortsInParallel() {
-#if defined(VARDEX_PARALLEL_SORT)
-    return true;
-#else
-    return false;
-#endif
-}
-
-}  // namespace Vardex
+}  // namespace Vardex::TimeSort

@@ -3,28 +3,20 @@
 
 #pragma once
 
-#include <span>
-
-#include "pointset/core/PointRecord.h"
 #include "pointset/core/PointRecordStore.h"
 
-namespace Vardex {
+/// Puts the records of a scan into the order in which its points were measured.
+namespace Vardex::TimeSort {
 
-/// Puts records into ascending order of time, each with everything it carries. Records of equal
-/// time end in no particular order.
+/// Sorts the records of a layout with times into ascending order of time, each with everything it
+/// carries. Records of equal time end in no particular order. In a layout without times nothing
+/// changes.
 ///
 /// Scans arrive in order or nearly so: one pass with a bounded amount of work settles those in
 /// place. Any other scan goes to the standard library's parallel sort, which wants spare memory of
-/// the size of the records; where that is not to be had, one thread sorts in place.
-/// Threads: one caller, who lets nobody else at the records meanwhile; helper threads are finished
-/// when the call returns.
-void sortByTime(std::span<TimeRecord> records);
-void sortByTime(std::span<ReflectionTimeRecord> records);
-
-/// Sorts the records of a layout with point times; in any other layout nothing changes.
+/// the size of the records. Where there is no such memory, one thread sorts in place.
+/// Threads: one caller, who keeps all others away from the records until the call returns. The
+/// helper threads have ended by then.
 void sortByTime(PointRecordStore& store);
 
-/// Whether this build sorts on several threads; otherwise one thread sorts every scan.
-bool sortsInParallel();
-
-}  // namespace Vardex
+}  // namespace Vardex::TimeSort

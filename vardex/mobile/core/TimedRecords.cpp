@@ -7,52 +7,39 @@
 #include <span>
 #include <utility>
 
-namespace Vardex {
+namespace Vardex::TimedRecords {
 
 namespace {
 
-template <typename Untimed, typename Timed>
-void copyRecords(std::span<const Untimed> from, std::span<Timed> to) {
-    for (std::size_t i = 0; i < from.size(); ++i) {
-        to[i].point = from[i].point;
-        if constexpr (requires { from[i].reflection; }) {
-            to[i].reflection = from[i].reflection;
+/// Copies the active records into a timed store of the same size.
+void copyRecords(const PointRecordStore& from, PointRecordStore& to) {
+    from.visitRecords([&to]<typename Record>(std::span<const Record> records) {
+        const auto timed = to.records<typename Record::Timed>();
+        for (std::size_t i = 0; i < records.size(); ++i) {
+            records[i].copyTo(timed[i]);
         }
-    }
-}
-
-template <typename Untimed, typename Timed>
-void replaceRecords(PointRecordStore& store, std::uint32_t rows, std::uint32_t cols,
-                    PointRecordLayout layout) {
-    PointRecordStore timed;
-    timed.resetRecords(rows, cols, layout);
-    if (store.rows() == rows && store.cols() == cols) {
-        copyRecords(std::as_const(store).records<Untimed>(), timed.records<Timed>());
-    }
-    store = std::move(timed);
+    });
 }
 
 }  // namespace
 
 void addPointTimes(PointRecordStore& store, std::uint32_t rows, std::uint32_t cols) {
-    switch (store.layout()) {
-        case PointRecordLayout::Plain:
-            return replaceRecords<PlainRecord, TimeRecord>(store, rows, cols,
-                                                           PointRecordLayout::WithTime);
-        case PointRecordLayout::WithReflection:
-            return replaceRecords<ReflectionRecord, ReflectionTimeRecord>(
-                store, rows, cols, PointRecordLayout::WithReflectionAndTime);
-        case PointRecordLayout::None:
-        case PointRecordLayout::WithTime:
-        case PointRecordLayout::WithReflectionAndTime:
-            return;
+    const PointRecordLayout layout = RecordLayouts::timed(store.layout());
+    if (layout == store.layout()) {
+        return;
     }
+    PointRecordStore timed;
+    timed.resetRecords(rows, cols, layout);
+    if (store.rows() == rows && store.cols() == cols) {
+        copyRecords(store, timed);
+    }
+    store = std::move(timed);
 }
 
 std::uint32_t timeAt(const PointRecordStore& store, std::uint64_t index) {
     std::uint32_t time = 0;
-    store.visitRecords([&](const auto& records) {
-        if constexpr (requires { records[0].time; }) {
+    store.visitRecords([&]<typename Record>(std::span<const Record> records) {
+        if constexpr (Record::template has<TimeField>) {
             time = index < records.size() ? records[index].time : 0;
         }
     });
@@ -60,8 +47,8 @@ std::uint32_t timeAt(const PointRecordStore& store, std::uint64_t index) {
 }
 
 void setTimeAt(PointRecordStore& store, std::uint64_t index, std::uint32_t microseconds) {
-    store.visitRecords([&](const auto& records) {
-        if constexpr (requires { records[0].time; }) {
+    store.visitRecords([&]<typename Record>(std::span<Record> records) {
+        if constexpr (Record::template has<TimeField>) {
             if (index < records.size()) {
                 records[index].time = microseconds;
             }
@@ -69,4 +56,4 @@ void setTimeAt(PointRecordStore& store, std::uint64_t index, std::uint32_t micro
     });
 }
 
-}  // namespace Vardex
+}  // namespace Vardex::TimedRecords

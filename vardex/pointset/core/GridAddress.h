@@ -7,7 +7,8 @@
 #include <cstdint>
 
 #include "Hx/SelectItem.h"
-#include "Tq/SVec2d.h"
+
+#include "pointset/core/GridCell.h"
 
 /// Addresses in a grid of points that lie row by row: flat index = row x cols + col.
 namespace Vardex::GridAddress {
@@ -30,17 +31,18 @@ constexpr std::uint64_t indexCount(int rows, int cols) {
 
 /// The flat index of a cell, in 64 bits and without a test: a cell outside the grid gives the index
 /// of another cell or an index that no record has.
-constexpr std::uint64_t flatIndex(int cols, int row, int col) {
-    return static_cast<std::uint64_t>(std::int64_t{cols} * row + col);
+constexpr std::uint64_t flatIndex(int cols, const GridCell& cell) {
+    return static_cast<std::uint64_t>(std::int64_t{cols} * cell.row + cell.col);
 }
 
-constexpr bool contains(int rows, int cols, int row, int col) {
-    return row >= 0 && row < rows && col >= 0 && col < cols;
+/// Whether a cell lies inside a grid.
+constexpr bool contains(int rows, int cols, const GridCell& cell) {
+    return cell.row >= 0 && cell.row < rows && cell.col >= 0 && cell.col < cols;
 }
 
-/// The item of a cell, without a test of the coordinates.
-constexpr Hx::SelectItem itemAt(int cols, int row, int col) {
-    return {flatIndex(cols, row, col), row, col, 0};
+/// The item of a cell, without a test of the cell.
+constexpr Hx::SelectItem itemAt(int cols, const GridCell& cell) {
+    return {flatIndex(cols, cell), cell.row, cell.col, 0};
 }
 
 /// The item of a flat index alone: its row and column are left 0.
@@ -48,27 +50,22 @@ constexpr Hx::SelectItem itemAt(std::uint64_t index) {
     return {index, 0, 0, 0};
 }
 
-/// The cell of a flat index as (row, col); (0, 0) in a grid without columns.
-constexpr Tq_1_1::SVec2d<int> rowColAt(int cols, std::uint64_t index) {
+/// The cell of a flat index; the first cell in a grid without columns.
+constexpr GridCell cellAt(int cols, std::uint64_t index) {
     if (cols <= 0) {
-        return {0, 0};
+        return {};
     }
     const auto width = static_cast<std::uint64_t>(cols);
     return {static_cast<int>(index / width), static_cast<int>(index % width)};
 }
 
-/// The cell of an item as (row, col). An item that was made from an index alone says (0, 0) about
-/// itself, and so does the item of the first cell: both are read from the index.
-constexpr Tq_1_1::SVec2d<int> rowColOf(int cols, const Hx::SelectItem& item) {
+/// The cell of an item. An item that was made from an index alone has row and column 0, and so has
+/// the item of the first cell: for both the cell comes from the index.
+constexpr GridCell cellOf(int cols, const Hx::SelectItem& item) {
     if (item.row != 0 || item.col != 0) {
         return {item.row, item.col};
     }
-    return rowColAt(cols, item.index);
-}
-
-/// (row, col) as (col, row) and the other way round.
-constexpr Tq_1_1::SVec2d<int> exchanged(const Tq_1_1::SVec2d<int>& pair) {
-    return {pair.second, pair.first};
+    return cellAt(cols, item.index);
 }
 
 }  // namespace Vardex::GridAddress

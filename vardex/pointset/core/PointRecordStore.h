@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <span>
 #include <tuple>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -18,8 +19,8 @@ namespace Vardex {
 /// The point records of one scan: one vector per layout, of which only the active layout's holds
 /// records. The records lie row by row and fill their memory exactly (capacity equals size).
 ///
-/// Single points are reached by flat index; an index outside the records is harmless everywhere:
-/// reads give nothing or 0, writes do nothing. Work on many points takes the typed records once,
+/// Single points are reached by flat index. An index outside the records is safe everywhere: reads
+/// give the null point or 0, writes do nothing. Work on many points takes the typed records once,
 /// by `records` or `visitRecords`, and loops over them.
 ///
 /// Threads: any number of readers, or one writer; the store takes no lock.
@@ -67,11 +68,11 @@ class PointRecordStore {
 
     /// Calls visit(span of records) for the active layout; with layout None nothing is called.
     template <typename Visit>
-    void visitRecords(Visit&& visit) {
+    void visitRecords(const Visit& visit) {
         visitActive(*this, [&](auto& vector) { visit(std::span(vector)); });
     }
     template <typename Visit>
-    void visitRecords(Visit&& visit) const {
+    void visitRecords(const Visit& visit) const {
         visitActive(*this, [&](const auto& vector) { visit(std::span(vector)); });
     }
 
@@ -96,13 +97,15 @@ class PointRecordStore {
     void swap(PointRecordStore& other) noexcept;
 
     template <typename Store, typename Visit>
-    static void visitActive(Store& store, Visit&& visit);
-    template <typename Store, typename Visit>
-    static void visitRecordAt(Store& store, std::uint64_t index, Visit&& visit);
+    static void visitActive(Store& store, const Visit& visit);
+    /// Calls change(record) where a record is.
+    template <typename Visit>
+    void changeRecordAt(std::uint64_t index, const Visit& change);
+    /// What read(record) gives; @p otherwise where no record is.
+    template <typename Result, typename Visit>
+    Result valueAt(std::uint64_t index, Result otherwise, const Visit& read) const;
 
-    std::tuple<std::vector<PlainRecord>, std::vector<ReflectionRecord>, std::vector<TimeRecord>,
-               std::vector<ReflectionTimeRecord>>
-        vectors_;
+    RecordLayouts::Vectors vectors_;
     std::size_t size_ = 0;  // never more than the active vector holds
     std::uint32_t rows_ = 0;
     std::uint32_t cols_ = 0;
@@ -112,71 +115,62 @@ class PointRecordStore {
 // Single-point access is inline: it is the inner loop of everything the host does with points.
 
 template <typename Store, typename Visit>
-void PointRecordStore::visitActive(Store& store, Visit&& visit) {
-    switch (store.layout_) {
-        case PointRecordLayout::Plain:
-            return visit(std::get<std::vector<PlainRecord>>(store.vectors_));
-        case PointRecordLayout::WithReflection:
-            return visit(std::get<std::vector<ReflectionRecord>>(store.vectors_));
-        case PointRecordLayout::WithTime:
-            return visit(std::get<std::vector<TimeRecord>>(store.vectors_));
-        case PointRecordLayout::WithReflectionAndTime:
-            return visit(std::get<std::vector<ReflectionTimeRecord>>(store.vectors_));
-        case PointRecordLayout::None:
-            return;
+void PointRecordStore::visitActive(Store& store, const Visit& visit) {
+    RecordLayouts::visit(store.layout_, [&]<typename Record>(std::type_identity<Record>) {
+        visit(std::get<std::vector<Record>>(store.vectors_));
+    });
+}
+
+template <typename Visit>
+void PointRecordStore::changeRecordAt(std::uint64_t index, const Visit& change) {
+    if (index < size_) [[likely]] {  // a vector would have to divide to learn its size
+        visitActive(*this, [&](auto& vector) { change(vector[index]); });
     }
 }
 
-template <typename Store, typename Visit>
-void PointRecordStore::visitRecordAt(Store& store, std::uint64_t index, Visit&& visit) {
-    if (index < store.size_) {  // one comparison, where a vector would have to divide for its size
-        visitActive(store, [&](auto& vector) { visit(vector[index]); });
+template <typename Result, typename Visit>
+Result PointRecordStore::valueAt(std::uint64_t index, Result otherwise, const Visit& read) const {
+    if (index >= size_) [[unlikely]] {
+        return otherwise;
     }
+    return RecordLayouts::valueFor(layout_, otherwise,
+                                   [&]<typename Record>(std::type_identity<Record>) {
+                                       return read(std::get<std::vector<Record>>(vectors_)[index]);
+                                   });
 }
 
 inline const ScanPoint& PointRecordStore::pointAt(std::uint64_t index) const {
-    const ScanPoint* found = &ScanPoint::nullReference;
-    visitRecordAt(*this, index, [&](const auto& record) { found = &record.point; });
-    return *found;
+    return *valueAt(index, &ScanPoint::nullReference,
+                    [](const auto& record) { return &record.point; });
 }
 
 inline void PointRecordStore::setPointAt(std::uint64_t index, const ScanPoint& point) {
-    visitRecordAt(*this, index, [&](auto& record) {
-        record.point = point;
-        if constexpr (requires { record.reflection; }) {
-            record.reflection = 0;
-        }
-        if constexpr (requires { record.time; }) {
-            record.time = 0;
-        }
-    });
+    changeRecordAt(index, [&](auto& record) { record.replacePoint(point); });
 }
 
 inline void PointRecordStore::setColorAt(std::uint64_t index,
                                          const Tq_1_1::Color4d<unsigned char>& color) {
-    visitRecordAt(*this, index, [&](auto& record) { record.point.color = color; });
+    changeRecordAt(index, [&](auto& record) { record.point.color = color; });
 }
 
 inline void PointRecordStore::setNormalAt(std::uint64_t index,
                                           const Tq_1_1::UnitVec3d<double>& normal) {
-    visitRecordAt(*this, index, [&](auto& record) { record.point.normal = normal; });
+    changeRecordAt(index, [&](auto& record) { record.point.normal = normal; });
 }
 
 inline std::uint16_t PointRecordStore::reflectionAt(std::uint64_t index) const {
-    std::uint16_t reflection = 0;
-    visitRecordAt(*this, index, [&](const auto& record) {
-        if constexpr (requires { record.reflection; }) {
-            reflection = record.reflection;
+    return valueAt(index, std::uint16_t{0}, []<typename Record>(const Record& record) {
+        if constexpr (Record::template has<ReflectionField>) {
+            return record.reflection;
         } else {
-            reflection = ScanPointMath::sharedReflection(record.point.color);
+            return ScanPointMath::sharedReflection(record.point.color);
         }
     });
-    return reflection;
 }
 
 inline void PointRecordStore::setReflectionAt(std::uint64_t index, std::uint16_t reflection) {
-    visitRecordAt(*this, index, [&](auto& record) {
-        if constexpr (requires { record.reflection; }) {
+    changeRecordAt(index, [&]<typename Record>(Record& record) {
+        if constexpr (Record::template has<ReflectionField>) {
             record.reflection = reflection;
         } else {
             record.point.color = ScanPointMath::colorOfReflection(reflection);

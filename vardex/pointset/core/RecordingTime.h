@@ -15,7 +15,7 @@ namespace Vardex::RecordingTime {
 /// @return empty when @p seconds is not a number or 64 bits cannot hold the result
 std::optional<std::int64_t> microsecondsOf(double seconds);
 
-/// The seconds of a number of microseconds, reckoned in ticks of 100 ns.
+/// The seconds of a number of microseconds, computed in ticks of 100 ns.
 /// A number whose ticks leave 64 bits (beyond 29 000 years) wraps.
 double secondsOf(std::int64_t microseconds);
 

@@ -34,7 +34,7 @@ constexpr std::uint16_t sharedReflection(const Tq_1_1::Color4d<unsigned char>& c
     return static_cast<std::uint16_t>((low + high) * 8);
 }
 
-/// Distance from the scanner [m], reckoned in single precision.
+/// Distance from the scanner [m], computed in single precision.
 double distanceOf(const ScanPoint& point);
 
 /// The point moved along its ray to another distance.

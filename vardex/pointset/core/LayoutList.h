@@ -1,0 +1,102 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <tuple>
+#include <type_traits>
+#include <vector>
+
+#include "pointset/PointRecordLayout.h"
+
+namespace Vardex {
+
+/// One line of a list of layouts: a layout and the records that are kept in it.
+template <PointRecordLayout layout, typename RecordType>
+struct LayoutEntry {
+    static constexpr PointRecordLayout kLayout = layout;
+    using Record = RecordType;
+};
+
+/// Everything that follows from a list of layouts. PointRecord.h has the one list that is used.
+/// The list has one line for each layout but None, in the order of their numbers.
+template <typename... Entries>
+class LayoutList {
+  public:
+    /// One vector of records for each line.
+    using Vectors = std::tuple<std::vector<typename Entries::Record>...>;
+
+    /// Calls visit(std::type_identity<Record>) with the record of a layout; for None nothing is
+    /// called.
+    template <typename Visit>
+    static constexpr void visit(PointRecordLayout layout, const Visit& visit) {
+        static_cast<void>(((layout == Entries::kLayout &&
+                            (visit(std::type_identity<typename Entries::Record>()), true)) ||
+                           ...));
+    }
+
+    /// What visit(std::type_identity<Record>) gives for the record of a layout; for None nothing is
+    /// called, and the result is @p otherwise.
+    template <typename Result, typename Visit>
+    static constexpr Result valueFor(PointRecordLayout layout, Result otherwise,
+                                     const Visit& visit) {
+        return firstValue<Result, Visit, Entries...>(layout, otherwise, visit);
+    }
+
+    /// Bytes that one record takes; 0 for None.
+    static constexpr std::size_t recordSize(PointRecordLayout layout) {
+        return ((layout == Entries::kLayout ? sizeof(typename Entries::Record) : 0) + ...);
+    }
+
+    /// Whether the records of a layout have a field; false for None.
+    template <typename Field>
+    static constexpr bool has(PointRecordLayout layout) {
+        return ((layout == Entries::kLayout && Entries::Record::template has<Field>) || ...);
+    }
+
+    /// The layout of the same fields and a time. A layout that has a time, and None, are their own.
+    static constexpr PointRecordLayout timed(PointRecordLayout layout) {
+        return valueFor(layout, layout, [](auto record) {
+            return layoutOf<typename decltype(record)::type::Timed>();
+        });
+    }
+
+  private:
+    template <typename Result, typename Visit, typename Entry, typename... Others>
+    static constexpr Result firstValue(PointRecordLayout layout, Result otherwise,
+                                       const Visit& visit) {
+        if (layout == Entry::kLayout) {
+            return visit(std::type_identity<typename Entry::Record>());
+        }
+        if constexpr (sizeof...(Others) > 0) {
+            return firstValue<Result, Visit, Others...>(layout, otherwise, visit);
+        }
+        return otherwise;
+    }
+
+    /// None for a record that is not in the list.
+    template <typename Record>
+    static constexpr PointRecordLayout layoutOf() {
+        return static_cast<PointRecordLayout>(((std::is_same_v<Record, typename Entries::Record>
+                                                    ? static_cast<std::int32_t>(Entries::kLayout)
+                                                    : 0) +
+                                               ...));
+    }
+
+    static constexpr bool followsTheEnumeration() {
+        std::int32_t number = 0;
+        return (... && (static_cast<std::int32_t>(Entries::kLayout) == ++number)) &&
+               layoutName(static_cast<PointRecordLayout>(number + 1)).empty();
+    }
+    static_assert(followsTheEnumeration(),
+                  "the list needs one line for each layout of PointRecordLayout but None");
+    static_assert((... && (layoutOf<typename Entries::Record::Timed>() != PointRecordLayout::None)),
+                  "each layout without times needs one with the same fields and then the time");
+    static_assert((... && (sizeof(typename Entries::Record) == Entries::Record::kBytesOfFields)),
+                  "records have no gaps");
+    static_assert((... && std::is_trivially_copyable_v<typename Entries::Record>));
+};
+
+}  // namespace Vardex
