@@ -46,44 +46,30 @@ struct OperationList : testing::Test {
     }
 };
 
-TEST_F(OperationList, TakesAnEntryBehindTheLastOfItsBases) {
+TEST_F(OperationList, TakesAnEntryAfterItsBasesAndLosesTheFirstOfExactlyTheClass) {
     struct Case {
         const char* before;
-        char inserted;
-        const char* after;
+        char type;
+        const char *inserted, *removed;
     };
     for (const Case& test : {
-             Case{"", 'B', "B9"},
-             Case{"A", 'B', "A1B9"},
-             Case{"CX", 'B', "B9C1X2"},
-             Case{"X", 'B', "B9X1"},
-             Case{"0X", 'B', "01B9X2"},
-             Case{"0AXC", 'B', "01A2B9X3C4"},
-             Case{"XA0X", 'B', "X1A203B9X4"},
-             Case{"ABC", 'A', "A1A9B2C3"},
-             Case{"ABC", '0', "09A1B2C3"},
+             Case{"", 'B', "B9", ""},
+             Case{"A", 'B', "A1B9", "A1"},
+             Case{"CX", 'B', "B9C1X2", "C1X2"},
+             Case{"X", 'B', "B9X1", "X1"},
+             Case{"0X", 'B', "01B9X2", "01X2"},
+             Case{"0AXC", 'B', "01A2B9X3C4", "01A2X3C4"},
+             Case{"XA0X", 'B', "X1A203B9X4", "X1A203X4"},
+             Case{"ABC", 'A', "A1A9B2C3", "B2C3"},
+             Case{"XBAB", 'B', "X1B2A3B4B9", "X1A3B4"},
+             Case{"A0C0", '0', "09A102C304", "A1C304"},
          }) {
         Entries entries = entriesOf(test.before);
-        insertOperation(entries, classes.at(test.inserted), 9);
-        EXPECT_EQ(textOf(entries), test.after) << test.inserted << " into " << test.before;
-    }
-}
-
-TEST_F(OperationList, LosesTheFirstEntryOfExactlyTheClass) {
-    struct Case {
-        const char* before;
-        char removed;
-        const char* after;
-    };
-    for (const Case& test : {
-             Case{"", 'B', ""},
-             Case{"AC", 'B', "A1C2"},
-             Case{"XBAB", 'B', "X1A3B4"},
-             Case{"A0C0", '0', "A1C304"},
-         }) {
-        Entries entries = entriesOf(test.before);
-        removeOperation(entries, classes.at(test.removed));
-        EXPECT_EQ(textOf(entries), test.after) << test.removed << " from " << test.before;
+        insertOperation(entries, classes.at(test.type), 9);
+        EXPECT_EQ(textOf(entries), test.inserted) << test.type << " into " << test.before;
+        entries = entriesOf(test.before);
+        removeOperation(entries, classes.at(test.type));
+        EXPECT_EQ(textOf(entries), test.removed) << test.type << " from " << test.before;
     }
 }
 

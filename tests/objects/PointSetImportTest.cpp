@@ -6,6 +6,7 @@
 
 #include <sstream>
 #include <stdexcept>
+#include <utility>
 
 #include "Hx/ModelContext.h"
 
@@ -36,6 +37,13 @@ TEST_F(PointSetImportTest, LoadsInsideTheScopeUnderBothLocksAndRefreshesLast) {
     EXPECT_EQ(set->getFileInfo().path, L"/data/site.ovr");
     EXPECT_EQ(set->scanData->modified, (Ovr::DataStructures::ScanDataModification{
                                            true, true, true, true, true, true, true, true}));
+    log.clear();
+    set->scanData->load = [](Ovr::StatisticsReport&) -> Ovr::ErrorPtr {
+        throw std::runtime_error("thrown by the load");
+    };
+    EXPECT_THROW(importFile(L"/data/site.ovr"), std::runtime_error);
+    EXPECT_THAT(log, ElementsAre("lock 3", "lock 4", "scope", "load", "scope closed",
+                                 "lock 4 released", "lock 3 released", "refresh"));
 }
 
 TEST_F(PointSetImportTest, AFailedLoadIsConvertedUnderTheLocks) {
@@ -51,33 +59,30 @@ TEST_F(PointSetImportTest, AFailedLoadIsConvertedUnderTheLocks) {
     EXPECT_EQ(set->getReflStat(Hx::ReflStatType::AllPoints), nullptr);
 }
 
-TEST_F(PointSetImportTest, ALoadThatThrowsReleasesEverythingAndRefreshes) {
-    set->scanData->load = [](Ovr::StatisticsReport&) -> Ovr::ErrorPtr {
-        throw std::runtime_error("thrown by the load");
+TEST_F(PointSetImportTest, WithoutALockNothingIsLoaded) {
+    struct Case {
+        const char* name;
+        int refused, invalid, result;
+        bool keepsFile;
+        CallLog log;
     };
-    EXPECT_THROW(importFile(L"/data/site.ovr"), std::runtime_error);
-    EXPECT_THAT(log, ElementsAre("lock 1", "lock 2", "scope", "load", "scope closed",
-                                 "lock 2 released", "lock 1 released", "refresh"));
-}
-
-TEST_F(PointSetImportTest, WithoutTheFirstLockNothingIsTouched) {
-    set->locks->refusedLock = 1;
-    EXPECT_EQ(importFile(L"/data/site.ovr"), 32769);
-    EXPECT_THAT(log, ElementsAre("lock 1 refused", "refresh"));
-    EXPECT_TRUE(set->getFileInfo().path.isNull());
-
-    log.clear();
-    set->locks->invalidLock = 2;
-    EXPECT_EQ(importFile(L"/data/site.ovr"), 32769);
-    EXPECT_THAT(log, ElementsAre("lock 2", "lock 2 released", "refresh"));
-}
-
-TEST_F(PointSetImportTest, WithoutTheSecondLockOnlyTheFileIsKept) {
-    set->locks->refusedLock = 2;
-    EXPECT_EQ(importFile(L"/data/site.ovr"), 1);
-    EXPECT_THAT(log, ElementsAre("lock 1", "lock 2 refused", "lock 1 released", "refresh"));
-    EXPECT_EQ(set->getFileInfo().path, L"/data/site.ovr");
-    EXPECT_TRUE(set->getId().isNull());
+    for (const Case& c : {
+             Case{"first refused", 1, 0, 32769, false, {"lock 1 refused", "refresh"}},
+             Case{"first invalid", 0, 2, 32769, false, {"lock 2", "lock 2 released", "refresh"}},
+             Case{"second refused",
+                  4,
+                  0,
+                  1,
+                  true,
+                  {"lock 3", "lock 4 refused", "lock 3 released", "refresh"}},
+         }) {
+        set->locks->refusedLock = c.refused;
+        set->locks->invalidLock = c.invalid;
+        EXPECT_EQ(importFile(L"/data/site.ovr"), c.result) << c.name;
+        EXPECT_EQ(std::exchange(log, {}), c.log) << c.name;
+        EXPECT_EQ(set->getFileInfo().path.isNull(), !c.keepsFile) << c.name;
+        EXPECT_TRUE(set->getId().isNull()) << c.name;
+    }
 }
 
 TEST_F(PointSetImportTest, ANamelessSetIsNamedAfterTheFile) {

@@ -76,7 +76,6 @@ TEST(PointSetMetadata, WithoutARecordSettersStillMarkAndGettersGiveDefaults) {
     }
     EXPECT_EQ(set.getScanRecordingTime(), nullptr);
     EXPECT_TRUE(set.getRecordingSessionId().isDefault());
-    EXPECT_EQ(set.getSlamPose(), Tq_1_1::Mat4d<double>::identity());
 }
 
 TEST(PointSetMetadata, ATextThatIsNoIdentifierGivesTheDefaultOne) {
@@ -87,28 +86,25 @@ TEST(PointSetMetadata, ATextThatIsNoIdentifierGivesTheDefaultOne) {
     }
 }
 
-TEST(SlamPose, IsKeptValueForValueInTheStationaryRecord) {
+TEST(SlamPose, IsKeptValueForValueInTheStationaryRecordAlone) {
     CorvinStancePointSet set(L"scan");
     Tq_1_1::Mat4d<double> pose;
     for (std::size_t i = 0; i < 16; ++i) {
         pose.values[i] = 1.0 / (static_cast<double>(i) + 3.0);
     }
-    set.setModifiedInfo(false);
-    set.setSlamPose(pose);
-    EXPECT_TRUE(set.isModifiedInfo());
-    EXPECT_EQ(set.getSlamPose(), pose);
-    const auto record =
+    const auto stationary =
         std::dynamic_pointer_cast<CorvinStanceMetaData>(scanDataOf(set).getMetaData());
-    EXPECT_EQ(record->SlamPose()[13], 1.0 / 16.0);
-}
-
-TEST(SlamPose, ARecordOfAnotherKindHasNone) {
-    CorvinStancePointSet set(L"scan");
-    scanDataOf(set).setMetaData(std::make_shared<CorvinMetaData>());
-    set.setModifiedInfo(false);
-    set.setSlamPose(Tq_1_1::Mat4d<double>{});
-    EXPECT_FALSE(set.isModifiedInfo());
-    EXPECT_EQ(set.getSlamPose(), Tq_1_1::Mat4d<double>::identity());
+    for (const std::shared_ptr<CorvinMetaData>& record :
+         {std::shared_ptr<CorvinMetaData>(stationary), std::make_shared<CorvinMetaData>(),
+          std::shared_ptr<CorvinMetaData>()}) {
+        scanDataOf(set).setMetaData(record);
+        set.setModifiedInfo(false);
+        set.setSlamPose(pose);
+        EXPECT_EQ(set.isModifiedInfo(), record == stationary);
+        EXPECT_EQ(set.getSlamPose(),
+                  record == stationary ? pose : Tq_1_1::Mat4d<double>::identity());
+    }
+    EXPECT_EQ(stationary->SlamPose()[13], 1.0 / 16.0);
 }
 
 }  // namespace
