@@ -31,7 +31,7 @@ TEST(PointRecord, FieldsFollowTheScanPointInOrder) {
     record.point = makePoint(7.0F, 10, 1);
     record.reflection = 0x0201;
     record.time = 0x06050403;
-    unsigned char bytes[24];
+    unsigned char bytes[sizeof record];
     std::memcpy(bytes, &record, sizeof record);
     for (unsigned i = 0; i < 6; ++i) {
         EXPECT_EQ(bytes[18 + i], i + 1);

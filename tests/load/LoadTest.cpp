@@ -48,7 +48,7 @@ void expectNoTrace(const char* name, const HostRegistries& before) {
     }
 }
 
-TEST(EntryPoints, GiveVersionAndName) {
+TEST(EntryPoints, GiveVersionAndNameAndAskForAnApplication) {
     const auto library = openModule();
     int version[4] = {};
     library->function<Hx::HxGetVersionFunction>("HxGetVersion")(&version[0], &version[1],
@@ -65,10 +65,6 @@ TEST(EntryPoints, GiveVersionAndName) {
         EXPECT_EQ(info->hostReserved, 0x0123456789ABCDEFU);
         EXPECT_EQ(info.use_count(), 1);
     }
-}
-
-TEST(EntryPoints, OnlyLookWhetherThereIsAnApplication) {
-    const auto library = openModule();
     auto* const postInit = library->function<Hx::QuorvaPostInitFunction>("QuorvaPostInit");
     EXPECT_EQ(postInit(nullptr), -1);
     const auto application = std::make_shared<int>(5);

@@ -43,18 +43,13 @@ class DerivedDataObj final : public VardexDataObj {
 };
 
 /// The running application for as long as it lives.
-class RunningApplication {
-  public:
+struct RunningApplication {
     explicit RunningApplication(std::shared_ptr<Hx::RestrictionManager> manager) {
-        application_.setRestrictionManager(std::move(manager));
-        Hx::Models::the().setApplication(&application_);
+        application.setRestrictionManager(std::move(manager));
+        Hx::Models::the().setApplication(&application);
     }
-    RunningApplication(const RunningApplication&) = delete;
-    RunningApplication& operator=(const RunningApplication&) = delete;
     ~RunningApplication() { Hx::Models::the().setApplication(nullptr); }
-
-  private:
-    Hx::Application application_;
+    Hx::Application application;
 };
 
 template <typename T>
@@ -70,14 +65,22 @@ AttrValue progressOf(const Hx::AttrContainer& object) {
 
 TEST(DataObjectStatics, AnswerForOneAttributeBetweenInitAndClear) {
     const SmartPtr<DerivedDataObj> object(new DerivedDataObj);
+    const auto expectOwnAttribute = [&](bool there) {
+        const String name = there ? String(L"ProcessingProgress") : String::NIL;
+        EXPECT_EQ(DerivedDataObj::attrNames != nullptr, there);
+        EXPECT_EQ(DerivedDataObj::attrDefMap != nullptr, there);
+        EXPECT_EQ(object->getAttrToken(L"ProcessingProgress"), there ? 13U : 0xFFFFFFFFU);
+        EXPECT_EQ(object->getAttrName(13), name);
+        EXPECT_EQ(object->getAttrDefinition(13), there ? &DerivedDataObj::attrDefs[0] : nullptr);
+        EXPECT_EQ(object->getAttrDefinition(14), nullptr);
+        EXPECT_TRUE(object->getAttrName(14).isNull());
+        EXPECT_EQ(object->getAttrToken(L"Name"), 1U);
+        EXPECT_EQ(object->getAttrName(2), L"FilePath");
+        EXPECT_EQ(object->getAttrDefinition(1)->name, L"Name");
+    };
     for (const char* round : {"never set up", "cleared"}) {
         SCOPED_TRACE(round);
-        EXPECT_EQ(DerivedDataObj::attrNames, nullptr);
-        EXPECT_EQ(DerivedDataObj::attrDefMap, nullptr);
-        EXPECT_EQ(object->getAttrToken(L"ProcessingProgress"), 0xFFFFFFFFU);
-        EXPECT_EQ(object->getAttrToken(L"Name"), 1U);
-        EXPECT_TRUE(object->getAttrName(13).isNull());
-        EXPECT_EQ(object->getAttrDefinition(13), nullptr);
+        expectOwnAttribute(false);
         VardexDataObj::Class()->initClassStatics();
         const auto* names = DerivedDataObj::attrNames;
         const auto* definitions = DerivedDataObj::attrDefMap;
@@ -85,58 +88,36 @@ TEST(DataObjectStatics, AnswerForOneAttributeBetweenInitAndClear) {
         EXPECT_EQ(DerivedDataObj::attrNames, names);
         EXPECT_EQ(DerivedDataObj::attrDefMap, definitions);
         EXPECT_EQ(definitions->size(), 1U);
-        EXPECT_EQ(object->getAttrToken(L"ProcessingProgress"), 13U);
-        EXPECT_EQ(object->getAttrName(13), L"ProcessingProgress");
-        EXPECT_EQ(object->getAttrDefinition(13), &DerivedDataObj::attrDefs[0]);
-        EXPECT_EQ(object->getAttrToken(L"Name"), 1U);
-        EXPECT_EQ(object->getAttrName(2), L"FilePath");
-        EXPECT_EQ(object->getAttrDefinition(1)->name, L"Name");
-        EXPECT_TRUE(object->getAttrName(14).isNull());
-        EXPECT_EQ(object->getAttrDefinition(14), nullptr);
+        expectOwnAttribute(true);
         VardexDataObj::Class()->clearClassStatics();
         VardexDataObj::clearStatics();
     }
-    EXPECT_EQ(DerivedDataObj::attrDefs[0].usage, 0U);
-    EXPECT_EQ(DerivedDataObj::attrDefs[0].type, 16U);
-    EXPECT_EQ(DerivedDataObj::attrDefs[1].usage, 54U);
-    EXPECT_EQ(DerivedDataObj::attrDefs[1].type, 1U);
+    const Hx::AttrDefinition(&definitions)[2] = DerivedDataObj::attrDefs;
+    EXPECT_TRUE(definitions[0].usage == 0U && definitions[0].type == 16U);
+    EXPECT_TRUE(definitions[1].usage == 54U && definitions[1].type == 1U);
     EXPECT_EQ(object->getProgressAttrToken(), 13U);
     EXPECT_EQ(object->getStateAttrToken(), 0xFFFFFFFFU);
 }
 
-TEST(DataObject, IsNamedAfterItsClassAndUnprocessedWhenNew) {
-    const auto object = makeNode<VardexDataObj>();
-    EXPECT_EQ(object->getName(), L"VardexDataObj");
-    EXPECT_EQ(progressOf(*object), AttrValue(std::int32_t{-1}));
-    EXPECT_EQ(object->getAttribute(13)->getOwner(), object.get());
-    EXPECT_EQ(makeNode<DerivedDataObj>()->getName(), L"DerivedDataObj");
-}
-
-TEST(DataObject, DuplicatesAsACopyExceptForATemplate) {
+TEST(DataObject, IsNamedAfterItsClassAndUnprocessedWhenNewAndNotWhenItIsACopy) {
     const auto original = makeNode<VardexDataObj>();
+    EXPECT_EQ(original->getAttribute(13)->getOwner(), original.get());
+    EXPECT_EQ(makeNode<DerivedDataObj>()->getName(), L"DerivedDataObj");
+    const auto matrix = Tq_1_1::Mat4d<double>::translation({1, 2, 3});
+    EXPECT_EQ(progressOf(*original), AttrValue(std::int32_t{-1}));
     original->setName(L"site", 0);
     original->getAttribute(13)->setValue(std::int32_t{40}, original.get());
-    const auto matrix = Tq_1_1::Mat4d<double>::translation({1, 2, 3});
     ASSERT_TRUE(original->setMatrix(matrix));
-    struct Case {
-        const char* name;
-        int type;
-        const wchar_t* copyName;
-        std::int32_t progress;
-    };
-    for (const Case& c : {
-             Case{"new", 0, L"site", 40},
-             Case{"copy", 1, L"site", 40},
-             Case{"template", 3, L"VardexDataObj", -1},
-         }) {
-        const SmartPtr<Hx::AttrContainer> made =
-            original->duplicate(static_cast<BaseNode::CreateType>(c.type));
+    for (const auto type :
+         {BaseNode::CREATE_NEW, BaseNode::CREATE_COPY, BaseNode::CREATE_TEMPLATE}) {
+        SCOPED_TRACE(type);
+        const bool fresh = type == BaseNode::CREATE_TEMPLATE;
+        const SmartPtr<Hx::AttrContainer> made = original->duplicate(type);
         const auto* copy = dynamic_cast<const VardexDataObj*>(made.get());
-        ASSERT_NE(copy, nullptr) << c.name;
-        EXPECT_NE(copy, original.get()) << c.name;
-        EXPECT_EQ(copy->getName(), c.copyName) << c.name;
-        EXPECT_EQ(progressOf(*copy), AttrValue(c.progress)) << c.name;
-        EXPECT_EQ(copy->getMatrix() == matrix, c.type != 3) << c.name;
+        ASSERT_TRUE(copy != nullptr && copy != original.get());
+        EXPECT_EQ(copy->getName(), fresh ? L"VardexDataObj" : L"site");
+        EXPECT_EQ(progressOf(*copy), AttrValue(std::int32_t{fresh ? -1 : 40}));
+        EXPECT_EQ(copy->getMatrix() == matrix, !fresh);
     }
 }
 
@@ -171,29 +152,22 @@ TEST(DataObject, TakesTheModelsForAMomentBeforeItHearsOfAChange) {
     EXPECT_EQ(object->notify({}, {}), Hx::Action::EXEC_IGNORED);
 }
 
-/// Reads projects that are one phrase, while it lives.
-struct ProjectReaderByContent {
-    ProjectReaderByContent() { Ovr::FormatRegistry::the().setProjectFormat({{}, {}, read}); }
-    ProjectReaderByContent(const ProjectReaderByContent&) = delete;
-    ProjectReaderByContent& operator=(const ProjectReaderByContent&) = delete;
-    ~ProjectReaderByContent() { Ovr::FormatRegistry::the().setProjectFormat({}); }
-
-    static Ovr::ErrorPtr read(const std::filesystem::path& file, Ovr::ProjectFile& project) {
-        const std::string content = Support::TempFolder::read(file);
-        if (content == "newer") {
-            return Ovr::makeError(Ovr::Interfaces::ErrorCode::NewerVersion,
-                                  {file, "", content, ""});
-        }
-        if (content == "unknown field") {
-            project.warnings.push_back(content);
-        }
-        return nullptr;
+Ovr::ErrorPtr readProjectByContent(const std::filesystem::path& file, Ovr::ProjectFile& project) {
+    const std::string content = Support::TempFolder::read(file);
+    if (content == "newer") {
+        return Ovr::makeError(Ovr::Interfaces::ErrorCode::NewerVersion, {file, "", content, ""});
     }
-};
+    if (content == "unknown field") {
+        project.warnings.push_back(content);
+    }
+    return nullptr;
+}
 
 TEST(CreateFromImportedKpx, HandsAnObjectOutUnlessReadingFails) {
     const Support::TempFolder folder;
-    const ProjectReaderByContent reader;
+    const std::shared_ptr<void> reset(
+        nullptr, [](void*) { Ovr::FormatRegistry::the().setProjectFormat({}); });
+    Ovr::FormatRegistry::the().setProjectFormat({{}, {}, readProjectByContent});
     const auto fileOf = [](const std::filesystem::path& path) {
         return std::shared_ptr<Tq_1_1::File>(
             Tq_1_1::File::fromString(String::fromUtf8(path.string())));
@@ -228,11 +202,8 @@ TEST(CommandFilter, DeniesThirteenCommandsOnADataObject) {
     const RunningApplication application(manager);
     const auto object = makeNode<VardexDataObj>();
     const auto other = makeNode<Hx::RawScanFileObject>();
-    const Hx::StateContext selected({object});
-    const Hx::StateContext selectedFirst({object, other});
-    const Hx::StateContext selectedSecond({other, object});
-    const Hx::StateContext derivedSelected({makeNode<DerivedDataObj>()});
-    const Hx::StateContext nothing;
+    const Hx::StateContext selected({object}), first({object, other}), second({other, object});
+    const Hx::StateContext derived({makeNode<DerivedDataObj>()}), nothing;
     for (const wchar_t* identifier :
          {L"Plane:Create", L"Slab:Create", L"Sphere:Create", L"Pipe:Create", L"Point3d:Create",
           L"Checkerboard:Create", L"CircularFlatPoint:Create", L"CornerPoint:Create",
@@ -241,10 +212,10 @@ TEST(CommandFilter, DeniesThirteenCommandsOnADataObject) {
         const Hx::Command command(identifier);
         const std::string name = String(identifier).toUtf8();
         EXPECT_TRUE(manager->isDenied(&command, &selected)) << name;
-        EXPECT_TRUE(manager->isDenied(&command, &selectedFirst)) << name;
-        EXPECT_FALSE(manager->isDenied(&command, &selectedSecond)) << name;
-        EXPECT_FALSE(manager->isDenied(&command, &derivedSelected)) << name;
-        EXPECT_FALSE(manager->isDenied(&command, &nothing)) << name;
+        EXPECT_TRUE(manager->isDenied(&command, &first)) << name;
+        for (const Hx::StateContext* state : {&second, &derived, &nothing}) {
+            EXPECT_FALSE(manager->isDenied(&command, state)) << name;
+        }
         EXPECT_FALSE(manager->isDenied(&command, nullptr)) << name;
     }
     EXPECT_EQ(VardexDataObj::forbiddenCommands.size(), 13U);

@@ -3,9 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <filesystem>
-#include <future>
 #include <new>
 #include <sstream>
 
@@ -16,6 +14,7 @@
 
 #include "mobile/CorvinMobilePointSet.h"
 #include "support/AllocationLimit.h"
+#include "support/TestNodes.h"
 
 namespace Vardex::Testing {
 namespace {
@@ -44,9 +43,7 @@ Ovr::ErrorPtr readByName(const std::filesystem::path& file, Ovr::ScanProject* /*
     }
     nodes.clear();
     if (file == "two poses") {
-        for (const double x : {1.0, 2.0}) {
-            nodes.push_back({90.0 + 10.0 * x, {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, x, 0, 0, 1}});
-        }
+        nodes = {Testing::nodeAt(100.0, {1, 0, 0}), Testing::nodeAt(110.0, {2, 0, 0})};
     }
     return nullptr;
 }
@@ -81,7 +78,7 @@ class MobileTrajectory : public testing::Test {
     }
 
     std::shared_ptr<Ovr::IStructuredStreams> streams;
-    std::atomic<int> opened = 0;
+    int opened = 0;
     std::shared_ptr<CorvinMobilePointSet> set = std::make_shared<CorvinMobilePointSet>(L"walk");
 };
 
@@ -97,13 +94,6 @@ TEST_F(MobileTrajectory, QueriesKeepWhatTheyReadAndExportsDoNot) {
     EXPECT_EQ(opened, 2) << "found in memory afterwards";
     set->setTrajectoryNodes({nullptr});
     EXPECT_EQ(selected({0.0, 1.0}), Xs({1.0, 2.0})) << "no nodes do not hide the streams";
-}
-
-TEST_F(MobileTrajectory, AnyThreadMayBeTheFirstToAsk) {
-    streams = std::make_shared<NamedStreams>("two poses");
-    auto other = std::async(std::launch::async, [this] { return xAt(10.0); });
-    EXPECT_EQ(selected({0.0, 1.0}), Xs({1.0, 2.0}));
-    EXPECT_EQ(other.get(), 2.0);
 }
 
 TEST_F(MobileTrajectory, WhatCannotBeReadIsEmptyForQueriesAndAResultForTheExport) {

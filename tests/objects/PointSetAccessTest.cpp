@@ -20,27 +20,26 @@ constexpr Item kInvalid{~std::uint64_t{0}, 0, 0, 0};
 constexpr Set::Normal kNormal{0x1234};
 constexpr Set::Color kRed{{200, 10, 60, 1}};
 
-/// A sized set whose point in record i lies at x = i.
-class PointSetAccessTest : public testing::TestWithParam<bool> {
+/// A sized set whose record i has x = i, the normal i + 1, red = i and the reflection 100 + i.
+class PointSetAccessTest : public testing::Test {
   protected:
     PointSetAccessTest() {
-        EXPECT_TRUE(set.resizePointStorage(kRows, kCols, true, GetParam()));
+        EXPECT_TRUE(set.resizePointStorage(kRows, kCols, true, true));
         set.setValidData(true);
         for (std::uint64_t i = 0; i < kCells; ++i) {
             Set::ScanPt point;
             point.setPosition({static_cast<float>(i), 0.0F, 0.0F});
+            point.normal.packed = static_cast<std::uint16_t>(i + 1);
+            point.color = {{static_cast<unsigned char>(i), 0, 0, 1}};
             set.setScanPt(i, point);
+            set.setReflection(Item{i, 0, 0, 0}, static_cast<unsigned short>(100 + i));
         }
     }
 
     Set set{L"scan"};
 };
 
-INSTANTIATE_TEST_SUITE_P(Layouts, PointSetAccessTest, testing::Bool(), [](const auto& layout) {
-    return layout.param ? "WithReflection" : "Plain";
-});
-
-TEST_P(PointSetAccessTest, EveryFormOfReadingReachesTheSameRecord) {
+TEST_F(PointSetAccessTest, EveryFormOfReadingReachesTheSameRecord) {
     std::uint64_t index = 0;
     for (int row = 0; row < kRows; ++row) {
         for (int col = 0; col < kCols; ++col, ++index) {
@@ -66,11 +65,23 @@ TEST_P(PointSetAccessTest, EveryFormOfReadingReachesTheSameRecord) {
             set.getScanPt(item, copy);
             EXPECT_EQ(copy.position().x, x);
             EXPECT_EQ(set.getDistance(item), static_cast<double>(x));
+            for (const auto& c :
+                 {set.getColor(row, col), set.getColor(index), set.getColor(item)}) {
+                EXPECT_EQ(c[0], index);
+            }
+            for (const auto& n :
+                 {set.getNormal(row, col), set.getNormal(index), set.getNormal(item)}) {
+                EXPECT_EQ(n.packed, index + 1);
+            }
+            for (const std::uint64_t r :
+                 {set.getReflection(row, col), set.getReflection(index), set.getReflection(item)}) {
+                EXPECT_EQ(r, 100 + index);
+            }
         }
     }
 }
 
-TEST_P(PointSetAccessTest, EveryFormOfWritingReachesOnlyItsRecord) {
+TEST_F(PointSetAccessTest, EveryFormOfWritingReachesOnlyItsRecord) {
     struct Form {
         const char* name;
         void (*write)(Set&, int row, int col, const Item& item);
@@ -96,8 +107,8 @@ TEST_P(PointSetAccessTest, EveryFormOfWritingReachesOnlyItsRecord) {
         {"normal by item", [](Set& s, int, int, const Item& i) { s.setNormal(i, kNormal); }},
     };
     for (const Form& form : forms) {
-        set.resizePointStorage(0, 0, true, GetParam());
-        set.resizePointStorage(kRows, kCols, true, GetParam());
+        set.resizePointStorage(0, 0, true, true);
+        set.resizePointStorage(kRows, kCols, true, true);
         form.write(set, 1, 2, Item{6, 1, 2, 0});
         for (std::uint64_t i = 0; i < kCells; ++i) {
             const Item item{i, 0, 0, 0};
@@ -106,26 +117,6 @@ TEST_P(PointSetAccessTest, EveryFormOfWritingReachesOnlyItsRecord) {
             EXPECT_EQ(written, i == 6) << form.name << ", record " << i;
         }
     }
-}
-
-TEST_P(PointSetAccessTest, EveryFormOfReadingGivesTheFieldsOfItsRecord) {
-    const Item item{6, 1, 2, 0};
-    set.setNormal(item, kNormal);
-    set.setColor(item, kRed);
-    for (const Set::Color& color :
-         {set.getColor(1, 2), set.getColor(std::uint64_t{6}), set.getColor(item)}) {
-        EXPECT_EQ(color, kRed);
-    }
-    for (const Set::Normal n :
-         {set.getNormal(1, 2), set.getNormal(std::uint64_t{6}), set.getNormal(item)}) {
-        EXPECT_EQ(n, kNormal);
-    }
-    set.setReflection(item, 9);
-    for (const int r :
-         {set.getReflection(1, 2), set.getReflection(std::uint64_t{6}), set.getReflection(item)}) {
-        EXPECT_EQ(r, 9);
-    }
-    EXPECT_EQ(set.getColor(item) == kRed, set.hasSeparateReflection());
 }
 
 /// Reads and writes at a place where no record is reachable by the tested forms.
@@ -145,27 +136,25 @@ void expectNothingAt(Set& set, const std::string& place, int row, int col, std::
     set.setColor(index, kRed);
 }
 
-TEST_P(PointSetAccessTest, GuardedAndIndexFormsStayInsideTheGridOfValidData) {
-    for (std::uint64_t i = 0; i < kCells; ++i) {
-        set.setReflection(Item{i, 0, 0, 0}, 7);
-    }
+TEST_F(PointSetAccessTest, GuardedAndIndexFormsStayInsideTheGridOfValidData) {
     EXPECT_EQ(set.getNumPoints(), 12U);
     expectNothingAt(set, "row above", -1, 0, 12);
     expectNothingAt(set, "row below", kRows, 0, 13);
     expectNothingAt(set, "column before", 1, -1, ~std::uint64_t{0});
-    expectNothingAt(set, "column behind", 1, kCols, std::uint64_t{1} << 32);
+    expectNothingAt(set, "column after", 1, kCols, std::uint64_t{1} << 32);
     set.setValidData(false);
     EXPECT_EQ(set.getNumPoints(), 0U);
     expectNothingAt(set, "data not valid", 1, 2, 6);
     for (std::uint64_t i = 0; i < kCells; ++i) {
         const Item item{i, 0, 0, 0};
-        EXPECT_EQ(set.getReflection(item), 7) << i;
-        EXPECT_FALSE(set.getNormal(item).isSet()) << i;
+        EXPECT_EQ(set.getReflection(item), 100 + i);
+        EXPECT_EQ(set.getNormal(item).packed, i + 1);
+        EXPECT_EQ(set.getColor(item)[0], i);
         EXPECT_EQ(set.getScanPt(item).position().x, static_cast<float>(i)) << "not guarded";
     }
 }
 
-TEST_P(PointSetAccessTest, ItemsOutsideTheRecordsReadAsNothingAndTakeNothing) {
+TEST_F(PointSetAccessTest, ItemsOutsideTheRecordsReadAsNothingAndTakeNothing) {
     for (const Item& item : {kInvalid, Item{12, 3, 0, 0}, Item{std::uint64_t{1} << 40, 0, 0, 0}}) {
         SCOPED_TRACE(item.index);
         EXPECT_EQ(&set.getScanPt(item), &Set::ScanPt::nullReference);
@@ -188,15 +177,17 @@ TEST_P(PointSetAccessTest, ItemsOutsideTheRecordsReadAsNothingAndTakeNothing) {
     EXPECT_EQ(Set::ScanPt::nullReference.position().x, 0.0F);
 }
 
-TEST_P(PointSetAccessTest, WhenMemoryRunsOutTheStorageIsPlainAndEmpty) {
+TEST_F(PointSetAccessTest, WhenMemoryRunsOutTheStorageIsPlainAndEmpty) {
     const Testing::AllocationLimit limit(1000);
-    EXPECT_FALSE(set.resizePointStorage(100, 10, true, GetParam()));
+    EXPECT_FALSE(set.resizePointStorage(100, 10, true, true));
     EXPECT_EQ(set.getRecordLayout(), PointRecordLayout::Plain);
     EXPECT_EQ(&set.getScanPt(0, 0), &Set::ScanPt::nullReference);
     EXPECT_EQ(set.getSize(), Pair(kCols, kRows));
-    EXPECT_TRUE(set.resizePointStorage(2, 5, false, GetParam()));
-    EXPECT_EQ(set.getSize(), Pair(5, 2)) << "without allocation";
-    EXPECT_EQ(set.hasSeparateReflection(), GetParam());
+    for (const bool separate : {false, true}) {
+        EXPECT_TRUE(set.resizePointStorage(2, 5, false, separate));
+        EXPECT_EQ(set.getSize(), Pair(5, 2)) << "without allocation";
+        EXPECT_EQ(set.hasSeparateReflection(), separate);
+    }
     EXPECT_EQ(&set.getScanPt(0, 0), &Set::ScanPt::nullReference);
 }
 
