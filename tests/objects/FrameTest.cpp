@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The VardexScandata developers
 // SPDX-License-Identifier: MIT
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <stdexcept>
@@ -45,12 +46,9 @@ TEST(ErrorConverter, AgreesWithTheHostAndRefusesWhatHasNoCode) {
     using Error = std::shared_ptr<const Ovr::ErrorHandling::ErrorBase>;
     for (const Error& error :
          {Error(), Error(std::make_shared<Ovr::ErrorHandling::ErrorBase>("no code"))}) {
-        try {
-            (void)converter.convertError(error);
-            ADD_FAILURE() << "converted";
-        } catch (const std::runtime_error& refusal) {
-            EXPECT_STREQ(refusal.what(), "Custom error needs special mapping, please implement.");
-        }
+        EXPECT_THAT([&] { static_cast<void>(converter.convertError(error)); },
+                    testing::ThrowsMessage<std::runtime_error>(
+                        "Custom error needs special mapping, please implement."));
     }
 }
 
