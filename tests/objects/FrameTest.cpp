@@ -73,7 +73,7 @@ const HostRegistries::List::value_type& added(const HostRegistries& state, std::
     return state.lists.at(list).at(ForeignEntries::kAfterPointSets + rank);
 }
 
-TEST(Registration, PutsEveryEntryBehindThoseOfTheHostsPointSets) {
+TEST(Registration, PutsEveryEntryAfterThoseOfTheHostsPointSets) {
     const ForeignEntries foreign;
     const HostRegistries before = HostRegistries::now();
     ASSERT_TRUE(registerAll());

@@ -40,43 +40,40 @@ class PointSetAccessTest : public testing::Test {
 };
 
 TEST_F(PointSetAccessTest, EveryFormOfReadingReachesTheSameRecord) {
-    std::uint64_t index = 0;
-    for (int row = 0; row < kRows; ++row) {
-        for (int col = 0; col < kCols; ++col, ++index) {
-            const Item item{index, row, col, 0};
-            EXPECT_EQ(set.getSelectItem(Pair(col, row)), item);
-            EXPECT_EQ(set.getSelectItem(row, col), item);
-            EXPECT_EQ(set.makeSelectItem(row, col), item);
-            Item written;
-            set.getSelectItem(row, col, written);
-            EXPECT_EQ(written, item);
-            EXPECT_EQ(set.getSelectItem(index), (Item{index, 0, 0, 0}));
-            EXPECT_EQ(set.getRowCol(set.getSelectItem(index)), Pair(row, col));
-            EXPECT_EQ(set.getRowCol(item), Pair(row, col));
-            EXPECT_EQ(set.getColRow(item), Pair(col, row));
-            EXPECT_EQ(set.getColRow(index), Pair(col, row));
+    for (std::uint64_t index = 0; index < kCells; ++index) {
+        const int row = static_cast<int>(index) / kCols;
+        const int col = static_cast<int>(index) % kCols;
+        const Item item{index, row, col, 0};
+        EXPECT_EQ(set.getSelectItem(Pair(col, row)), item);
+        EXPECT_EQ(set.getSelectItem(row, col), item);
+        EXPECT_EQ(set.makeSelectItem(row, col), item);
+        Item written;
+        set.getSelectItem(row, col, written);
+        EXPECT_EQ(written, item);
+        EXPECT_EQ(set.getSelectItem(index), (Item{index, 0, 0, 0}));
+        EXPECT_EQ(set.getRowCol(set.getSelectItem(index)), Pair(row, col));
+        EXPECT_EQ(set.getRowCol(item), Pair(row, col));
+        EXPECT_EQ(set.getColRow(item), Pair(col, row));
+        EXPECT_EQ(set.getColRow(index), Pair(col, row));
 
-            const auto x = static_cast<float>(index);
-            EXPECT_EQ(set.getScanPt(Pair(col, row)).position().x, x);
-            EXPECT_EQ(set.getScanPt(row, col).position().x, x);
-            EXPECT_EQ(set.getScanPt(index).position().x, x);
-            EXPECT_EQ(set.getScanPt(item).position().x, x);
-            Set::ScanPt copy;
-            set.getScanPt(item, copy);
-            EXPECT_EQ(copy.position().x, x);
-            EXPECT_EQ(set.getDistance(item), static_cast<double>(x));
-            for (const auto& c :
-                 {set.getColor(row, col), set.getColor(index), set.getColor(item)}) {
-                EXPECT_EQ(c[0], index);
-            }
-            for (const auto& n :
-                 {set.getNormal(row, col), set.getNormal(index), set.getNormal(item)}) {
-                EXPECT_EQ(n.packed, index + 1);
-            }
-            for (const std::uint64_t r :
-                 {set.getReflection(row, col), set.getReflection(index), set.getReflection(item)}) {
-                EXPECT_EQ(r, 100 + index);
-            }
+        const auto x = static_cast<float>(index);
+        EXPECT_EQ(set.getScanPt(Pair(col, row)).position().x, x);
+        EXPECT_EQ(set.getScanPt(row, col).position().x, x);
+        EXPECT_EQ(set.getScanPt(index).position().x, x);
+        EXPECT_EQ(set.getScanPt(item).position().x, x);
+        Set::ScanPt copy;
+        set.getScanPt(item, copy);
+        EXPECT_EQ(copy.position().x, x);
+        EXPECT_EQ(set.getDistance(item), static_cast<double>(x));
+        for (const auto& c : {set.getColor(row, col), set.getColor(index), set.getColor(item)}) {
+            EXPECT_EQ(c[0], index);
+        }
+        for (const auto& n : {set.getNormal(row, col), set.getNormal(index), set.getNormal(item)}) {
+            EXPECT_EQ(n.packed, index + 1);
+        }
+        for (const std::uint64_t r :
+             {set.getReflection(row, col), set.getReflection(index), set.getReflection(item)}) {
+            EXPECT_EQ(r, 100 + index);
         }
     }
 }
