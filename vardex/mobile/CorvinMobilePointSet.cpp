@@ -23,6 +23,10 @@ const Integration::MakeScanData kMakeScanData = [](Ovr::Interfaces::IScanIntegra
 
 }  // namespace
 
+Hx::PointContainerBase::ClassPointer CorvinMobilePointSet::ClassCreator::create() const {
+    return nullptr;
+}
+
 const Tq_1_1::HxClass* CorvinMobilePointSet::Class() {
     return classRecord<CorvinMobilePointSet, CorvinPointSet>(L"CorvinMobilePointSet");
 }

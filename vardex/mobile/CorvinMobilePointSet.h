@@ -41,7 +41,7 @@ class VARDEX_EXPORT CorvinMobilePointSet final : public CorvinPointSet, public H
       public:
         using CreateableHxClass::CreateableHxClass;
         /// @return empty
-        Hx::PointContainerBase::ClassPointer create() const override { return nullptr; }
+        Hx::PointContainerBase::ClassPointer create() const override;
     };
     class ScanPtTimes;
 

@@ -16,6 +16,10 @@
 
 namespace Vardex {
 
+Hx::PointContainerBase::ClassPointer CorvinPointSet::ClassCreator::create() const {
+    return nullptr;
+}
+
 const Tq_1_1::HxClass* CorvinPointSet::Class() {
     return classRecord<CorvinPointSet, OvrPointSet>(L"CorvinPointSet");
 }

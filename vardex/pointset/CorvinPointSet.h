@@ -42,7 +42,7 @@ class VARDEX_EXPORT CorvinPointSet : public Hx::OvrPointSet {
       public:
         using CreateableHxClass::CreateableHxClass;
         /// @return empty
-        Hx::PointContainerBase::ClassPointer create() const override { return nullptr; }
+        Hx::PointContainerBase::ClassPointer create() const override;
     };
 
     static const Tq_1_1::HxClass* Class();

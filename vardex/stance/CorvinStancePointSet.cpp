@@ -25,6 +25,10 @@ constexpr Tq_1_1::Mat4d<double> kDefaultPose = Tq_1_1::Mat4d<double>::identity()
 
 }  // namespace
 
+Hx::PointContainerBase::ClassPointer CorvinStancePointSet::ClassCreator::create() const {
+    return nullptr;
+}
+
 const Tq_1_1::HxClass* CorvinStancePointSet::Class() {
     return classRecord<CorvinStancePointSet, CorvinPointSet>(L"CorvinStancePointSet");
 }

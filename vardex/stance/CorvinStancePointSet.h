@@ -25,7 +25,7 @@ class VARDEX_EXPORT CorvinStancePointSet final : public CorvinPointSet {
       public:
         using CreateableHxClass::CreateableHxClass;
         /// @return empty
-        Hx::PointContainerBase::ClassPointer create() const override { return nullptr; }
+        Hx::PointContainerBase::ClassPointer create() const override;
     };
 
     static const Tq_1_1::HxClass* Class();
