@@ -11,6 +11,7 @@
 #include "Hx/RestrictionManager.h"
 #include "Hx/TypeConversion.h"
 
+#include "dataobj/VardexDataObj.h"
 #include "report/Failure.h"
 
 namespace ScanHost {
@@ -52,11 +53,12 @@ ModuleSession::ModuleSession(const std::filesystem::path& module)
 }
 
 ModuleSession::~ModuleSession() {
-    // Objects of the tree, and the denial functions that they registered, are the module's code:
-    // they go before the library does.
+    // Objects of the tree, and the denial function that they registered, are the module's code:
+    // they go before the library does. Without a project there was no registration.
     root_ = nullptr;
+    static_cast<void>(application_->getRestrictionManager()->removeDenialFunction(
+        Vardex::VardexDataObj::commandFilterKey.get()));
     Hx::Models::the().setApplication(nullptr);
-    application_->setRestrictionManager(nullptr);
 }
 
 void ModuleSession::callEntryPoints() {
