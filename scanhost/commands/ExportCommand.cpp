@@ -8,8 +8,8 @@
 #include <optional>
 #include <sstream>
 
-#include "Ovr/IStructuredStreams.h"
-#include "Ovr/Vardex/CorvinMobileScanData.h"
+#include "Ovr/FormatRegistry.h"
+#include "Ovr/Remarks.h"
 #include "kit/AtomicFile.h"
 
 #include "commands/Command.h"
@@ -19,6 +19,7 @@
 #include "session/MobileScan.h"
 #include "session/ModuleSession.h"
 #include "session/ProjectImport.h"
+#include "session/Require.h"
 
 namespace ScanHost {
 
@@ -111,10 +112,10 @@ class ExportCommand final : public Command {
 
     void verify(const ImportedScan& scan, const MobileScan& mobile, Report& report) const {
         const std::filesystem::path file = *output_;
-        const auto streams =
-            Ovr::findStructuredStreams(scan.source.file, &file, scan.source.project);
         std::vector<Ovr::VardexLib::TrajectoryNode> copies;
-        requireOk(Ovr::VardexLib::CorvinMobileScanData::readTrajectory(*streams, copies));
+        Ovr::Remarks remarks;
+        requireOk(Ovr::FormatRegistry::the().readTrajectory(file, scan.source.project.get(), copies,
+                                                            remarks));
         if (copies.size() != mobile.nodes().size()) {
             throw Failure(file.string() + ": found " + std::to_string(copies.size()) +
                           " poses, expected " + std::to_string(mobile.nodes().size()));

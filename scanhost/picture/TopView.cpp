@@ -148,11 +148,14 @@ void drawWalk(const ImportedScan& scan, const Frame& frame, Picture& picture) {
     if (!mobile) {
         return;
     }
+    Ovr::VardexLib::CorvinMobileScanData::SharedTrajectory nodes;
+    if (mobile->getMobileScanData().fetchTrajectory(nodes)) {
+        return;  // the report of the scan has a warning that says why
+    }
     const Tq_1_1::Mat4d<double> toWorld = scan.toWorld();
-    const auto nodes = mobile->getMobileScanData().getTrajectoryNodes();
-    for (std::size_t i = 1; i < nodes.size(); ++i) {
-        const Tq_1_1::Vec3d<double> from = toWorld.transform(positionOf(nodes[i - 1]));
-        const Tq_1_1::Vec3d<double> to = toWorld.transform(positionOf(nodes[i]));
+    for (std::size_t i = 1; i < nodes->size(); ++i) {
+        const Tq_1_1::Vec3d<double> from = toWorld.transform(positionOf((*nodes)[i - 1]));
+        const Tq_1_1::Vec3d<double> to = toWorld.transform(positionOf((*nodes)[i]));
         picture.line(frame.x(from.x), frame.y(from.y), frame.x(to.x), frame.y(to.y), kRed);
     }
 }
