@@ -11,10 +11,10 @@
 
 #include <CLI/CLI.hpp>
 
-#include "Ovr/ScanSource.h"
 #include "Tq/Vec3d.h"
 
 #include "report/ProgressLine.h"
+#include "session/ScanOptions.h"
 
 namespace ScanHost {
 
@@ -23,16 +23,6 @@ struct CommonOptions {
     std::filesystem::path module;  ///< empty: the one beside this program
     bool json = false;
     ProgressMode progress = ProgressMode::Automatic;
-};
-
-/// One scan, or the scans of several files, and what the user says of them: it goes before what a
-/// project says.
-struct ScanOptions {
-    std::vector<std::string> files;
-    std::optional<std::uint32_t> number;  ///< among the scans of a file, from 1 on
-    std::optional<std::filesystem::path> trajectory;
-    std::optional<Ovr::TimeUnit> timeUnit;
-    std::optional<double> timeOffset;  ///< [s]
 };
 
 void addCommonOptions(CLI::App& app, CommonOptions& options);

@@ -6,16 +6,19 @@
 #include <optional>
 
 #include "Hx/ModelOutput.h"
+#include "Ovr/FormatRegistry.h"
 #include "kit/AtomicFile.h"
 
 #include "commands/Command.h"
 #include "picture/ScanPictures.h"
 #include "report/Failure.h"
 #include "report/NumberText.h"
-#include "report/ScanReport.h"
 #include "session/Interrupt.h"
 #include "session/ModuleSession.h"
 #include "session/ProjectImport.h"
+#include "session/ProjectReport.h"
+#include "session/Require.h"
+#include "session/ScanReport.h"
 
 namespace ScanHost {
 
@@ -67,7 +70,7 @@ class InfoCommand final : public Command {
 
     void importFile(ModuleSession& session, ScanImporter& importer, const std::string& file,
                     std::vector<ImportedScan>& scans, Report& report, Console& console) const {
-        if (isProjectFile(file)) {
+        if (Ovr::FormatRegistry::the().isProject(file)) {
             const auto project = openProject(session, console, file);
             for (ImportedScan& scan : importProject(*project, importer, scan_, console)) {
                 scans.push_back(std::move(scan));

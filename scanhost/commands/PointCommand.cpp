@@ -11,9 +11,9 @@
 #include "commands/Command.h"
 #include "report/Failure.h"
 #include "report/NumberText.h"
-#include "report/PointSummary.h"
 #include "session/MobileScan.h"
 #include "session/ModuleSession.h"
+#include "session/PointSummary.h"
 #include "session/ProjectImport.h"
 #include "stance/CorvinStancePointSet.h"
 

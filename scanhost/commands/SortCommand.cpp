@@ -12,11 +12,13 @@
 
 #include "commands/Command.h"
 #include "report/Failure.h"
-#include "report/PointSummary.h"
 #include "session/Interrupt.h"
 #include "session/MobileScan.h"
 #include "session/ModuleSession.h"
+#include "session/PointSummary.h"
+#include "session/PointTimes.h"
 #include "session/ProjectImport.h"
+#include "session/Require.h"
 
 namespace ScanHost {
 
@@ -26,27 +28,6 @@ namespace {
 constexpr int kLockTimeout = 5000;
 /// Points between two looks at progress and Ctrl-C.
 constexpr std::uint64_t kPointsPerStep = 65536;
-
-/// Time of a point [s, scan time].
-double timeAt(const Vardex::CorvinMobilePointSet& points, std::uint64_t index) {
-    const auto [col, row] = points.getColRow(index);
-    double seconds = 0.0;
-    points.getScanPtTime(row, col, seconds);
-    return seconds;
-}
-
-/// Points that have the same time as a neighbour. Requires: the points are in the order of time.
-std::uint64_t countSharedTimes(const Vardex::CorvinMobilePointSet& points) {
-    const std::uint64_t count = points.getNumPoints();
-    std::uint64_t shared = 0;
-    bool sameAsBefore = false;
-    for (std::uint64_t i = 0; i < count; ++i) {
-        const bool sameAsNext = i + 1 < count && timeAt(points, i) == timeAt(points, i + 1);
-        shared += sameAsBefore || sameAsNext ? 1U : 0U;
-        sameAsBefore = sameAsNext;
-    }
-    return shared;
-}
 
 /// The finest power of ten [m] with which a LAS file's 32 bits reach every point.
 double scaleFor(const PointSummary& summary, const std::array<double, 3>& offset) {

@@ -6,10 +6,12 @@
 #include <vector>
 
 #include "commands/Command.h"
-#include "report/ScanReport.h"
 #include "session/MobileScan.h"
 #include "session/ModuleSession.h"
+#include "session/PointTimes.h"
 #include "session/ProjectImport.h"
+#include "session/Require.h"
+#include "session/ScanReport.h"
 
 namespace ScanHost {
 
@@ -17,23 +19,8 @@ namespace {
 
 constexpr int kSecondDigits = 6;
 
-std::vector<double> timesOf(const Vardex::CorvinMobilePointSet& points) {
-    std::vector<double> times;
-    times.reserve(points.getNumPoints());
-    const int cols = points.getNumCols();
-    for (int row = 0; row < points.getNumRows(); ++row) {
-        for (int col = 0; col < cols; ++col) {
-            double seconds = 0.0;
-            if (points.getScanPtTime(row, col, seconds)) {
-                times.push_back(seconds);
-            }
-        }
-    }
-    return times;
-}
-
 void addTimes(const Vardex::CorvinMobilePointSet& points, Report& report) {
-    std::vector<double> times = timesOf(points);
+    std::vector<double> times = pointTimes(points);
     const bool ordered = std::is_sorted(times.begin(), times.end());
     std::sort(times.begin(), times.end());
     report.addCount("points", "points", times.size());

@@ -9,7 +9,7 @@
 #include "Hx/PointSet.h"
 
 #include "picture/Picture.h"
-#include "report/PointSummary.h"
+#include "session/PointSummary.h"
 
 namespace ScanHost {
 

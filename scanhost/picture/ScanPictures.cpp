@@ -6,6 +6,7 @@
 #include "kit/AtomicFile.h"
 
 #include "session/MobileScan.h"
+#include "session/Require.h"
 
 namespace ScanHost {
 

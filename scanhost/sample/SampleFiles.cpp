@@ -18,8 +18,8 @@
 #include "report/Report.h"
 #include "sample/House.h"
 #include "sample/SampleScan.h"
-#include "session/ImportedScan.h"
 #include "session/Interrupt.h"
+#include "session/Require.h"
 
 namespace ScanHost::Sample {
 

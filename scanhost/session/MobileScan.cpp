@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "session/MobileScan.h"
+#include "session/Require.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The VardexScandata developers
 // SPDX-License-Identifier: MIT
 
-#include "report/PointSummary.h"
+#include "session/PointSummary.h"
 
 #include <cstddef>
 

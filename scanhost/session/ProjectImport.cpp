@@ -3,17 +3,16 @@
 
 #include "session/ProjectImport.h"
 
-#include <cctype>
-#include <filesystem>
 #include <memory>
 #include <optional>
-#include <variant>
 
 #include "Hx/ErrorConversion.h"
-#include "Hx/TypeConversion.h"
+#include "Ovr/FormatRegistry.h"
 #include "Tq/File.h"
 
 #include "report/Failure.h"
+#include "report/NumberText.h"
+#include "session/Require.h"
 #include "stance/CorvinStancePointSet.h"
 
 namespace ScanHost {
@@ -74,29 +73,7 @@ void requireOne(std::size_t scans, const std::string& file) {
     }
 }
 
-Json::Value jsonOf(const Hx::AttrValue& value) {
-    if (const bool* flag = std::get_if<bool>(&value)) {
-        return *flag;
-    }
-    if (const std::int32_t* number = std::get_if<std::int32_t>(&value)) {
-        return *number;
-    }
-    if (const double* number = std::get_if<double>(&value)) {
-        return jsonNumber(*number);
-    }
-    const Tq_1_1::String* text = std::get_if<Tq_1_1::String>(&value);
-    return text == nullptr || text->isNull() ? Json::Value() : Json::Value(text->toUtf8());
-}
-
 }  // namespace
-
-bool isProjectFile(const std::string& file) {
-    std::string extension = std::filesystem::path(file).extension().string();
-    for (char& c : extension) {
-        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    }
-    return extension == ".json";
-}
 
 Tq_1_1::SmartPtr<Vardex::VardexDataObj> openProject(ModuleSession& session, Console& console,
                                                     const std::string& file) {
@@ -132,7 +109,7 @@ std::vector<ImportedScan> importProject(Vardex::VardexDataObj& project, ScanImpo
 ImportedScan importOne(ModuleSession& session, Console& console, const ScanOptions& options) {
     ScanImporter importer(session, console);
     const std::string& file = options.files.front();
-    if (isProjectFile(file)) {
+    if (Ovr::FormatRegistry::the().isProject(file)) {
         const auto project = openProject(session, console, file);
         requireOne(scansOf(*project, options).size(), file);
         return importProject(*project, importer, options, console).front();
@@ -140,20 +117,6 @@ ImportedScan importOne(ModuleSession& session, Console& console, const ScanOptio
     const std::vector<Ovr::ScanListing> scans = importer.list(file, options);
     requireOne(scans.size(), file);
     return importer.import(scans.front(), options, session.root());
-}
-
-void describeProject(const Vardex::VardexDataObj& project, Report& report) {
-    report.addText("name", "name", project.getName().toUtf8());
-    report.addText("file", "file", project.getFilePath().toUtf8());
-    report.addText("class", "class", project.getClassType()->getName().toUtf8());
-    Report& attributes = report.group("attributes", "attributes");
-    for (const auto& attribute : project.getAttributes()) {
-        const std::string name = project.getAttrName(attribute->getToken()).toUtf8();
-        const Json::Value value = jsonOf(attribute->getValue());
-        attributes.add(name, name, value, value.isNull() ? "none" : value.asString());
-    }
-    const Json::Value form = project.toJson();
-    report.addBlock("json", "JSON form", form, jsonLine(form));
 }
 
 }  // namespace ScanHost

@@ -10,14 +10,12 @@
 
 #include "dataobj/VardexDataObj.h"
 #include "report/Console.h"
-#include "report/Report.h"
 #include "session/ImportedScan.h"
 #include "session/ModuleSession.h"
+#include "session/ScanImporter.h"
+#include "session/ScanOptions.h"
 
 namespace ScanHost {
-
-/// Whether a file is a scanner project, by its extension.
-bool isProjectFile(const std::string& file);
 
 /// Makes the data object of a project file and puts it into the tree. Fields of the file that are
 /// not understood are warnings. Throws a Failure when the file cannot be read.
@@ -32,8 +30,5 @@ std::vector<ImportedScan> importProject(Vardex::VardexDataObj& project, ScanImpo
 /// Imports the scan that the options name, of a points file or a project; several to choose from
 /// are a failure.
 ImportedScan importOne(ModuleSession& session, Console& console, const ScanOptions& options);
-
-/// Writes the object's attributes and JSON form into a report.
-void describeProject(const Vardex::VardexDataObj& project, Report& report);
 
 }  // namespace ScanHost

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The VardexScandata developers
 // SPDX-License-Identifier: MIT
 
-#include "report/ScanReport.h"
+#include "session/ScanReport.h"
 
 #include <cmath>
 #include <cstdint>
@@ -10,10 +10,10 @@
 #include "Hx/Time.h"
 
 #include "report/DateText.h"
-#include "report/Failure.h"
 #include "report/NumberText.h"
-#include "report/PointSummary.h"
+#include "session/MobileReport.h"
 #include "session/MobileScan.h"
+#include "session/PointSummary.h"
 #include "stance/CorvinStancePointSet.h"
 
 namespace ScanHost {
@@ -21,7 +21,6 @@ namespace ScanHost {
 namespace {
 
 constexpr int kMetreDigits = 4;
-constexpr int kSecondDigits = 6;
 constexpr int kRotationDigits = 6;
 
 std::string utf8(const Tq_1_1::String& text) {
@@ -177,80 +176,6 @@ void describeAnswers(const ImportedScan& scan, Report& report) {
     }
 }
 
-void describeTrajectory(const MobileScan& mobile, Report& report) {
-    Report& trajectory = report.group("trajectory", "trajectory");
-    const auto& nodes = mobile.nodes();
-    trajectory.addCount("nodes", "nodes", nodes.size());
-    trajectory.addNumber("pathLength", "path length", mobile.pathLength(), kMetreDigits, " m");
-    trajectory.addNumber("firstTime", "first node at", nodes.front().time, kSecondDigits, " s");
-    trajectory.addNumber("lastTime", "last node at", nodes.back().time, kSecondDigits, " s");
-}
-
-void describeTimes(const MobileScan& mobile, Report& report) {
-    Range<double> range;
-    const int cols = mobile.points().getNumCols();
-    for (int row = 0; row < mobile.points().getNumRows(); ++row) {
-        for (int col = 0; col < cols; ++col) {
-            double seconds = 0.0;
-            if (mobile.points().getScanPtTime(row, col, seconds)) {
-                range.add(seconds);
-            }
-        }
-    }
-    Report& times = report.group("times", "point times");
-    times.addNumber("duration", "duration", mobile.duration(), kSecondDigits, " s");
-    Json::Value notes(Json::arrayValue);
-    std::string lines;
-    for (const std::string& note : mobile.points().getMobileScanData().getNotes()) {
-        notes.append(printable(note));
-        lines += (lines.empty() ? "" : "; ") + printable(note);
-    }
-    if (lines.empty()) {
-        times.addHidden("notes", notes);
-    } else {
-        times.add("notes", "noticed", notes, lines);
-    }
-    if (range.isEmpty()) {
-        return;
-    }
-    times.addNumber("first", "earliest point", range.low, kSecondDigits, " s");
-    times.addNumber("last", "latest point", range.high, kSecondDigits, " s");
-    times.addCount("bytesPerPoint", "bytes per point now", mobile.points().getRecordSize());
-}
-
-void describeLoadedTrajectory(const ImportedScan& scan, MobileScan& mobile, Report& report,
-                              Console& console) {
-    try {
-        if (mobile.loadTrajectory()) {
-            describeTrajectory(mobile, report);
-        } else {
-            report.addNone("trajectory", "trajectory", "none");
-        }
-    } catch (const Failure& failure) {
-        if (failure.code() == ExitCode::Cancelled || scan.trajectoryNamed) {
-            throw;
-        }
-        console.warn(failure.what());
-        report.addNone("trajectory", "trajectory", "not readable, see the warning");
-    }
-}
-
-void describeLoadedTimes(MobileScan& mobile, Report& report, Console& console) {
-    try {
-        if (mobile.loadTimes()) {
-            describeTimes(mobile, report);
-        } else {
-            report.addNone("times", "point times", "none in the file");
-        }
-    } catch (const Failure& failure) {
-        if (failure.code() == ExitCode::Cancelled) {
-            throw;
-        }
-        console.warn(failure.what());
-        report.addNone("times", "point times", "not loaded, see the warning");
-    }
-}
-
 }  // namespace
 
 void describeScan(const ImportedScan& scan, Report& report, Console& console) {
@@ -272,9 +197,7 @@ void describeScan(const ImportedScan& scan, Report& report, Console& console) {
     describeMetadata(scan, report);
     describeAnswers(scan, report);
     if (MobileScan::isMobile(scan)) {
-        MobileScan mobile(scan, console);
-        describeLoadedTrajectory(scan, mobile, report, console);
-        describeLoadedTimes(mobile, report, console);
+        describeMobile(scan, report, console);
     }
 }
 

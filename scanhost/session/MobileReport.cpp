@@ -1,0 +1,94 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#include "session/MobileReport.h"
+
+#include "report/Failure.h"
+#include "report/NumberText.h"
+#include "session/MobileScan.h"
+#include "session/PointSummary.h"
+#include "session/PointTimes.h"
+
+namespace ScanHost {
+
+namespace {
+
+constexpr int kMetreDigits = 4;
+constexpr int kSecondDigits = 6;
+
+void describeTrajectory(const MobileScan& mobile, Report& report) {
+    Report& trajectory = report.group("trajectory", "trajectory");
+    const auto& nodes = mobile.nodes();
+    trajectory.addCount("nodes", "nodes", nodes.size());
+    trajectory.addNumber("pathLength", "path length", mobile.pathLength(), kMetreDigits, " m");
+    trajectory.addNumber("firstTime", "first node at", nodes.front().time, kSecondDigits, " s");
+    trajectory.addNumber("lastTime", "last node at", nodes.back().time, kSecondDigits, " s");
+}
+
+void describeTimes(const MobileScan& mobile, Report& report) {
+    Range<double> range;
+    forEachPointTime(mobile.points(), [&](double seconds) { range.add(seconds); });
+    Report& times = report.group("times", "point times");
+    times.addNumber("duration", "duration", mobile.duration(), kSecondDigits, " s");
+    Json::Value notes(Json::arrayValue);
+    std::string lines;
+    for (const std::string& note : mobile.points().getMobileScanData().getNotes()) {
+        notes.append(printable(note));
+        lines += (lines.empty() ? "" : "; ") + printable(note);
+    }
+    if (lines.empty()) {
+        times.addHidden("notes", notes);
+    } else {
+        times.add("notes", "noticed", notes, lines);
+    }
+    if (range.isEmpty()) {
+        return;
+    }
+    times.addNumber("first", "earliest point", range.low, kSecondDigits, " s");
+    times.addNumber("last", "latest point", range.high, kSecondDigits, " s");
+    const auto layout = mobile.points().getRecordLayout();
+    times.addCount("bytesPerPoint", "bytes per point now", Vardex::recordSize(layout));
+}
+
+void describeLoadedTrajectory(const ImportedScan& scan, MobileScan& mobile, Report& report,
+                              Console& console) {
+    try {
+        if (mobile.loadTrajectory()) {
+            describeTrajectory(mobile, report);
+        } else {
+            report.addNone("trajectory", "trajectory", "none");
+        }
+    } catch (const Failure& failure) {
+        if (failure.code() == ExitCode::Cancelled || scan.trajectoryNamed) {
+            throw;
+        }
+        console.warn(failure.what());
+        report.addNone("trajectory", "trajectory", "not readable, see the warning");
+    }
+}
+
+void describeLoadedTimes(MobileScan& mobile, Report& report, Console& console) {
+    try {
+        if (mobile.loadTimes()) {
+            describeTimes(mobile, report);
+        } else {
+            report.addNone("times", "point times", "none in the file");
+        }
+    } catch (const Failure& failure) {
+        if (failure.code() == ExitCode::Cancelled) {
+            throw;
+        }
+        console.warn(failure.what());
+        report.addNone("times", "point times", "not loaded, see the warning");
+    }
+}
+
+}  // namespace
+
+void describeMobile(const ImportedScan& scan, Report& report, Console& console) {
+    MobileScan mobile(scan, console);
+    describeLoadedTrajectory(scan, mobile, report, console);
+    describeLoadedTimes(mobile, report, console);
+}
+
+}  // namespace ScanHost

@@ -1,0 +1,105 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#include "session/ScanImporter.h"
+
+#include "Hx/ErrorConversion.h"
+#include "Hx/FileInfo.h"
+#include "Hx/ModelContext.h"
+#include "Hx/Models.h"
+#include "Ovr/FormatRegistry.h"
+
+#include "report/Failure.h"
+#include "report/NumberText.h"
+#include "session/Interrupt.h"
+#include "session/Require.h"
+
+namespace ScanHost {
+
+namespace {
+
+/// A source with what the user said of the scan.
+Ovr::ScanSource withOptions(Ovr::ScanSource source, const ScanOptions& options) {
+    if (options.trajectory) {
+        source.trajectory = options.trajectory;
+    }
+    source.clock.unit = options.timeUnit.value_or(source.clock.unit);
+    source.clock.offset = options.timeOffset.value_or(source.clock.offset);
+    return source;
+}
+
+Hx::FileInfo fileInfoOf(const Ovr::ScanSource& source) {
+    Hx::FileInfo info;
+    info.path = Tq_1_1::String::fromUtf8(source.file.string());
+    info.source = source;
+    return info;
+}
+
+}  // namespace
+
+ScanImporter::ScanImporter(ModuleSession& session, Console& console)
+    : session_(session), console_(console), project_(std::make_shared<Ovr::ScanProject>()) {}
+
+std::vector<Ovr::ScanListing> ScanImporter::list(const std::string& file,
+                                                 const ScanOptions& options) const {
+    requireUtf8(file);
+    std::vector<Ovr::ScanListing> scans;
+    requireOk(Ovr::listScans(file, scans));
+    scans = chosenScans(std::move(scans), file, options);
+    for (Ovr::ScanListing& scan : scans) {
+        scan.source.project = project_;
+    }
+    return scans;
+}
+
+ImportedScan ScanImporter::import(const Ovr::ScanListing& listing, const ScanOptions& options,
+                                  Hx::Object& parent) {
+    ImportedScan scan;
+    scan.name = listing.name;
+    scan.classIdentifier = listing.classIdentifier;
+    scan.source = withOptions(listing.source, options);
+    scan.trajectoryNamed = scan.source.trajectory.has_value();
+    scan.source.progress = console_.progress();
+    scan.source.cancel = std::make_shared<Interrupt>();
+    scan.pointSet = createPointSet(listing);
+    const Tq_1_1::String name = Tq_1_1::String::fromUtf8(listing.name);
+    scan.pointSet->setName(name);
+    scan.container = Tq_1_1::SmartPtr<Hx::PtSetObject>(new Hx::PtSetObject);
+    scan.container->init(Tq_1_1::BaseNode::CREATE_NEW, nullptr);
+    scan.container->setName(name);
+    readPoints(scan);
+    console_.warn(scan.pointSet->getIScanData().getWarnings());
+    if (!scan.container->setPointSet(scan.pointSet) || !parent.addChild(scan.container)) {
+        throw Failure(listing.name + ": the scan cannot be put into the tree");
+    }
+    place(scan, console_);
+    Interrupt::check();
+    return scan;
+}
+
+std::shared_ptr<Vardex::CorvinPointSet> ScanImporter::createPointSet(
+    const Ovr::ScanListing& listing) const {
+    auto points = std::dynamic_pointer_cast<Vardex::CorvinPointSet>(
+        session_.createPointSet(listing.classIdentifier));
+    if (!points) {
+        throw Failure(listing.classIdentifier + ": the class is none of the module's");
+    }
+    return points;
+}
+
+void ScanImporter::readPoints(const ImportedScan& scan) const {
+    const ProgressTask task(console_.progress(), scan.name + ": reading points");
+    Hx::FileInfo info = fileInfoOf(scan.source);
+    Hx::AllocMain guard(true, Hx::Models::the().context(Hx::ModelContext::ALL_MODELS));
+    Hx::clearLastErrorMessage();
+    requireOk(scan.pointSet->import(info, guard), scan.source.file.string());
+}
+
+void requireNumber(const ScanOptions& options, std::size_t count, const std::string& file) {
+    if (options.number && *options.number > count) {
+        throw Failure(file + ": found " + countText(count, "scan", "scans") +
+                      ", expected a scan number " + std::to_string(*options.number));
+    }
+}
+
+}  // namespace ScanHost
