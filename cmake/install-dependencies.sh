@@ -8,7 +8,8 @@ set -euo pipefail
 packages=(
   g++ cmake ninja-build pkg-config
   libgtest-dev libgmock-dev libbenchmark-dev
-  libjsoncpp-dev libpng-dev libcli11-dev libtbb-dev libutfcpp-dev
+  libjsoncpp-dev libpng-dev libcli11-dev libtbb-dev
+  libfmt-dev libutfcpp-dev libhowardhinnant-date-dev
 )
 if [ "${1:-}" = lint ]; then
   packages+=(clang-14 clang-format-14 clang-tidy-14 git jq libclang-rt-14-dev)

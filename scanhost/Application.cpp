@@ -3,15 +3,14 @@
 
 #include "Application.h"
 
-#include <algorithm>
 #include <exception>
 #include <memory>
 #include <new>
 
 #include "RegisterFormats.h"
 
-#include "commands/Arguments.h"
-#include "commands/Command.h"
+#include "commands/CommandLine.h"
+#include "commands/CommandList.h"
 #include "report/Console.h"
 #include "session/Interrupt.h"
 #include "session/ModuleSession.h"
@@ -20,77 +19,65 @@ namespace ScanHost {
 
 namespace {
 
+using Commands = std::vector<std::unique_ptr<Command>>;
+
 constexpr const char* kDescription =
     "Holds and processes the scans of a hand-held SLAM scanner through the module VardexScandata.";
 constexpr const char* kFooter =
     "Exit codes: 0 done, 1 failed, 2 wrong usage, 130 cancelled with Ctrl-C.";
-constexpr std::size_t kHelpColumn = 34;
 
-/// The command line: what was asked for.
+/// What was asked for besides a command.
 struct Request {
     CommonOptions common;
     bool version = false;
-    Command* command = nullptr;
 };
 
-void declare(CLI::App& app, Request& request, std::vector<std::unique_ptr<Command>>& commands) {
-    app.footer(kFooter);
-    app.get_formatter()->column_width(kHelpColumn);
-    app.get_formatter()->label("SUBCOMMAND", "COMMAND");
-    app.set_help_flag("-h,--help", "Print this help and end");
-    app.add_flag("--version", request.version, "Print the module's name and version and end");
-    addModuleOption(app, request.common);
-    app.require_subcommand(0, 1);
+ProgramDeclaration declare(Request& request, const Commands& commands) {
+    ProgramDeclaration program{"scanhost", kDescription, kFooter, {}, {}};
+    program.options.flag("--version", request.version,
+                         "Print the module's name and version and end");
+    declareModule(program.options, request.common);
     for (const auto& command : commands) {
-        CLI::App* sub = app.add_subcommand(command->name(), command->summary());
-        sub->group("Commands");
-        command->declare(*sub);
-        addCommonOptions(*sub, request.common);
-        sub->callback([&request, chosen = command.get()] { request.command = chosen; });
+        CommandDeclaration declaration{command->name(), command->summary(), {}};
+        command->declare(declaration.options);
+        declareCommon(declaration.options, request.common);
+        program.commands.push_back(std::move(declaration));
     }
+    return program;
 }
 
-ExitCode refuseUsage(Console& console, const std::string& reason) {
-    std::string line = reason;
-    std::replace(line.begin(), line.end(), '\n', ' ');
-    console.error(line);
-    console.error("see scanhost --help, or scanhost COMMAND --help");
-    return ExitCode::WrongUsage;
-}
-
-void run(const Request& request, Console& console) {
+void run(const std::vector<std::string>& arguments, Console& console) {
+    const Commands commands = makeCommands();
+    Request request;
+    const ProgramDeclaration program = declare(request, commands);
+    const ParsedLine line = parseCommandLine(program, arguments);
     console.setJson(request.common.json);
     console.setProgress(request.common.progress);
-    if (request.version) {
+    if (line.help) {
+        console.print(*line.help);
+    } else if (request.version) {
         const ModuleSession session(request.common.module);
         console.print(session.moduleName() + ' ' + session.moduleVersion() + '\n');
+    } else if (line.command) {
+        commands[*line.command]->run(request.common, console);
     } else {
-        request.command->run(request.common, console);
+        throw UsageError("found no command, expected one");
     }
 }
 
 }  // namespace
 
-ExitCode runApplication(std::vector<std::string> arguments, std::ostream& out, std::ostream& err) {
+ExitCode runApplication(const std::vector<std::string>& arguments, std::ostream& out,
+                        std::ostream& err) {
     Ovr::Formats::registerFormats();
     Console console(out, err);
-    std::vector<std::unique_ptr<Command>> commands = makeCommands();
-    Request request;
-    CLI::App app(kDescription, "scanhost");
-    declare(app, request, commands);
     try {
-        std::reverse(arguments.begin(), arguments.end());
-        app.parse(std::move(arguments));
-        if (!request.version && request.command == nullptr) {
-            return refuseUsage(console, "found no command, expected one");
-        }
-        run(request, console);
+        run(arguments, console);
         return ExitCode::Done;
-    } catch (const CLI::CallForHelp&) {
-        out << app.help();
-        return out.flush() ? ExitCode::Done : ExitCode::Failed;
-    } catch (const CLI::ParseError& error) {
-        return refuseUsage(console, error.what());
+    } catch (const UsageError& error) {
+        console.error(error.what());
+        console.error("see scanhost --help, or scanhost COMMAND --help");
+        return error.code();
     } catch (const Failure& failure) {
         console.error(failure.what());
         return failure.code();

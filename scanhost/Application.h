@@ -15,6 +15,8 @@ namespace ScanHost {
 /// @param arguments  without the program's name
 /// @param out        gets reports and help
 /// @param err        gets errors, warnings and progress
-ExitCode runApplication(std::vector<std::string> arguments, std::ostream& out, std::ostream& err);
+/// @return how the program ends; failures were said to @p err
+ExitCode runApplication(const std::vector<std::string>& arguments, std::ostream& out,
+                        std::ostream& err);
 
 }  // namespace ScanHost

@@ -3,16 +3,15 @@
 
 #pragma once
 
-#include <memory>
 #include <string>
-#include <vector>
 
-#include "commands/Arguments.h"
+#include "commands/Options.h"
+#include "commands/SharedOptions.h"
 #include "report/Console.h"
 
 namespace ScanHost {
 
-/// One command of the program.
+/// One command of the program. A command that asks one scan is a ScanCommand.
 class Command {
   public:
     Command() = default;
@@ -23,24 +22,10 @@ class Command {
     virtual std::string name() const = 0;
     /// One line for the list of commands.
     virtual std::string summary() const = 0;
-    /// Enters the command's options; their values go into this object.
-    virtual void declare(CLI::App& app) = 0;
+    /// Declares the command's options; their values go into this object.
+    virtual void declare(Options& options) = 0;
     /// Does the work. Throws a Failure when it cannot.
     virtual void run(const CommonOptions& common, Console& console) = 0;
 };
-
-std::unique_ptr<Command> makeInfoCommand();
-std::unique_ptr<Command> makePointCommand();
-std::unique_ptr<Command> makeTimesCommand();
-std::unique_ptr<Command> makeWhereCommand();
-std::unique_ptr<Command> makePathCommand();
-std::unique_ptr<Command> makeNearCommand();
-std::unique_ptr<Command> makeExportCommand();
-std::unique_ptr<Command> makeSortCommand();
-std::unique_ptr<Command> makeCommandsCommand();
-std::unique_ptr<Command> makeSampleCommand();
-
-/// All of them, in the order in which help lists them.
-std::vector<std::unique_ptr<Command>> makeCommands();
 
 }  // namespace ScanHost

@@ -7,9 +7,10 @@
 #include "Hx/RestrictionManager.h"
 #include "Hx/StateContext.h"
 
-#include "commands/Command.h"
+#include "commands/CommandList.h"
 #include "report/Failure.h"
 #include "report/NumberText.h"
+#include "session/KnownFiles.h"
 #include "session/ModuleSession.h"
 #include "session/ProjectImport.h"
 
@@ -37,12 +38,14 @@ class CommandsCommand final : public Command {
     std::string summary() const override {
         return "Which host commands are allowed while a project's data object is selected";
     }
-    void declare(CLI::App& app) override {
-        app.add_option("PROJECT", project_, "Scanner project (.json)")->type_name("")->required();
-        app.add_option("COMMAND", commands_,
-                       "Identifiers of commands, for example Plane:Create; without one, the "
-                       "commands of this host")
-            ->type_name("");
+    void declare(Options& options) override {
+        options
+            .positional("PROJECT", project_, Option::Names::File,
+                        projectFileText("Scanner project"))
+            .required();
+        options.positionals("COMMAND", commands_, Option::Names::Nothing,
+                            "Identifiers of commands, for example Plane:Create; without one, the "
+                            "commands of this host");
     }
     void run(const CommonOptions& common, Console& console) override {
         if (commands_.empty()) {

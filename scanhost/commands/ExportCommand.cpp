@@ -4,21 +4,19 @@
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
-#include <limits>
 #include <optional>
 #include <sstream>
+
+#include <fmt/format.h>
 
 #include "Ovr/FormatRegistry.h"
 #include "Ovr/Remarks.h"
 #include "kit/AtomicFile.h"
 
-#include "commands/Command.h"
+#include "commands/ScanCommand.h"
 #include "report/Failure.h"
 #include "report/NumberText.h"
 #include "session/Interrupt.h"
-#include "session/MobileScan.h"
-#include "session/ModuleSession.h"
-#include "session/ProjectImport.h"
 #include "session/Require.h"
 
 namespace ScanHost {
@@ -58,47 +56,44 @@ Difference compare(const std::vector<Ovr::VardexLib::TrajectoryNode>& nodes,
     return difference;
 }
 
-class ExportCommand final : public Command {
+class ExportCommand final : public ScanCommand {
   public:
     std::string name() const override { return "export"; }
     std::string summary() const override {
         return "Write the trajectory as text, in world coordinates";
     }
-    void declare(CLI::App& app) override {
-        addScan(app, scan_);
-        CLI::Option* output =
-            app.add_option_function<std::string>(
-                   "-o,--output", [this](const std::string& path) { output_ = path; },
-                   "File to write; without it the text goes to standard output, or with --json "
-                   "into the document")
-                ->type_name("FILE");
-        app.add_flag("--verify", verify_,
-                     "Read the file back as a trajectory and compare the poses")
-            ->needs(output);
+
+  protected:
+    void declareMore(Options& options) override {
+        const Option& output =
+            options.file("-o,--output", output_, "FILE",
+                         "File to write; without it the text goes to standard output, or with "
+                         "--json into the document");
+        options
+            .flag("--verify", verify_, "Read the file back as a trajectory and compare the poses")
+            .needs(output);
     }
-    void run(const CommonOptions& common, Console& console) override {
-        ModuleSession session(common.module);
-        const ImportedScan scan = importOne(session, console, scan_);
-        MobileScan mobile(scan, console);
-        mobile.requireTrajectory();
-        Report report(scan.name);
-        report.addHidden("scan", scan.name);
+    ScanNeeds needs() const override { return {.trajectory = Need::Required}; }
+    void ask(OpenScan& open, Report& report) override {
+        const MobileScan& mobile = *open.mobile;
         report.addCount("nodes", "nodes", mobile.nodes().size());
         if (output_) {
             writeFile(mobile);
             report.addText("file", "written to", output_->string());
             if (verify_) {
-                verify(scan, mobile, report);
+                verify(open.scan, mobile, report);
             }
-            console.show(report);
-        } else if (console.isJson()) {
+        } else if (open.console.isJson()) {
             std::ostringstream text;
-            requireOk(mobile.points().writeTrajectoryToStream(text), scan.name);
+            requireOk(mobile.points().writeTrajectoryToStream(text), open.scan.name);
             report.addHidden("text", text.str());
-            console.show(report);
         } else {
-            requireOk(mobile.points().writeTrajectoryToStream(console.stream()), "standard output");
+            requireOk(mobile.points().writeTrajectoryToStream(open.console.stream()),
+                      "standard output");
         }
+    }
+    bool hasAnswered(const Console& console) const override {
+        return !output_ && !console.isJson();
     }
 
   private:
@@ -117,8 +112,8 @@ class ExportCommand final : public Command {
         requireOk(Ovr::FormatRegistry::the().readTrajectory(file, scan.source.project.get(), copies,
                                                             remarks));
         if (copies.size() != mobile.nodes().size()) {
-            throw Failure(file.string() + ": found " + std::to_string(copies.size()) +
-                          " poses, expected " + std::to_string(mobile.nodes().size()));
+            throw Failure(fmt::format("{}: found {} poses, expected {}", file.string(),
+                                      copies.size(), mobile.nodes().size()));
         }
         const Difference difference = compare(mobile.nodes(), copies);
         Report& result = report.group("verified", "read back, largest difference");
@@ -126,14 +121,14 @@ class ExportCommand final : public Command {
         result.addNumber("position", "position", difference.position, 12, " m");
         result.addNumber("rotation", "rotation", difference.rotation, 12, "");
         if (!difference.isSmall()) {
-            throw Failure(file.string() + ": the poses read back differ by up to " +
-                          shortText(difference.time) + " s, " + shortText(difference.position) +
-                          " m and " + shortText(difference.rotation) +
-                          " in the rotation, expected at most " + shortText(kVerifyTolerance));
+            throw Failure(fmt::format(
+                "{}: the poses read back differ by up to {} s, {} m and {} in the rotation, "
+                "expected at most {}",
+                file.string(), shortText(difference.time), shortText(difference.position),
+                shortText(difference.rotation), shortText(kVerifyTolerance)));
         }
     }
 
-    ScanOptions scan_;
     std::optional<std::filesystem::path> output_;
     bool verify_ = false;
 };

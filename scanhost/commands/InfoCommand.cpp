@@ -9,11 +9,12 @@
 #include "Ovr/FormatRegistry.h"
 #include "kit/AtomicFile.h"
 
-#include "commands/Command.h"
+#include "commands/CommandList.h"
 #include "picture/ScanPictures.h"
 #include "report/Failure.h"
 #include "report/NumberText.h"
 #include "session/Interrupt.h"
+#include "session/KnownFiles.h"
 #include "session/ModuleSession.h"
 #include "session/ProjectImport.h"
 #include "session/ProjectReport.h"
@@ -28,17 +29,19 @@ class InfoCommand final : public Command {
   public:
     std::string name() const override { return "info"; }
     std::string summary() const override { return "What scans and projects hold"; }
-    void declare(CLI::App& app) override {
-        app.add_option("FILE", scan_.files,
-                       "Points files (.las, .ptx) and scanner projects (.json), all of one "
-                       "project with one origin")
-            ->type_name("")
-            ->required();
-        addScanSettings(app, scan_);
-        addFile(app, "--picture", picture_,
-                "Draw the scans from above, and each stance as a panorama into a file beside it");
-        addFile(app, "--project-output", projectOutput_,
-                "Write what the point sets give into the host's project output");
+    void declare(Options& options) override {
+        options
+            .positionals("FILE", scan_.files, Option::Names::File,
+                         pointsFileText("Points files") + " and " +
+                             projectFileText("scanner projects") +
+                             ", all of one project with one origin")
+            .required();
+        declareScanSettings(options, scan_);
+        options.file("--picture", picture_, "FILE",
+                     "Draw the scans from above, and each stance as a panorama into a file next "
+                     "to it");
+        options.file("--project-output", projectOutput_, "FILE",
+                     "Write what the point sets give into the host's project output");
     }
     void run(const CommonOptions& common, Console& console) override {
         ModuleSession session(common.module);
@@ -61,13 +64,6 @@ class InfoCommand final : public Command {
     }
 
   private:
-    static void addFile(CLI::App& app, const std::string& name,
-                        std::optional<std::filesystem::path>& file, const std::string& help) {
-        app.add_option_function<std::string>(
-               name, [&file](const std::string& path) { file = path; }, help)
-            ->type_name("FILE");
-    }
-
     void importFile(ModuleSession& session, ScanImporter& importer, const std::string& file,
                     std::vector<ImportedScan>& scans, Report& report, Console& console) const {
         if (Ovr::FormatRegistry::the().isProject(file)) {

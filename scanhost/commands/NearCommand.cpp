@@ -5,19 +5,15 @@
 #include <limits>
 #include <optional>
 
-#include "commands/Command.h"
+#include <fmt/format.h>
+
+#include "commands/ScanCommand.h"
 #include "report/Failure.h"
 #include "report/NumberText.h"
-#include "session/MobileScan.h"
-#include "session/ModuleSession.h"
-#include "session/ProjectImport.h"
 
 namespace ScanHost {
 
 namespace {
-
-constexpr int kMetreDigits = 4;
-constexpr int kSecondDigits = 6;
 
 /// The node of the path nearest to a point.
 struct Approach {
@@ -36,50 +32,46 @@ Approach nearestApproach(const MobileScan& mobile, const Tq_1_1::Vec3d<double>& 
     return nearest;
 }
 
-class NearCommand final : public Command {
+class NearCommand final : public ScanCommand {
   public:
     std::string name() const override { return "near"; }
     std::string summary() const override {
         return "When the scanner was near a point: the time span of the path around it";
     }
-    void declare(CLI::App& app) override {
-        addScan(app, scan_);
-        addPoint(app, "--point", point_, "The point, world coordinates [m]")->required();
-        addNumber(app, "--within", within_, "METRES", "How near")->required();
+
+  protected:
+    void declareMore(Options& options) override {
+        options.point("--point", point_, "The point, world coordinates [m]").required();
+        options.number("--within", within_, "METRES", "How near").required();
     }
-    void run(const CommonOptions& common, Console& console) override {
+    void checkOptions() const override {
         if (*within_ < 0.0) {
-            throw Failure("--within: found " + shortText(*within_) + ", expected 0 or more",
-                          ExitCode::WrongUsage);
+            throw Failure(
+                fmt::format("--within: found {}, expected 0 or more", shortText(*within_)),
+                ExitCode::WrongUsage);
         }
-        ModuleSession session(common.module);
-        const ImportedScan scan = importOne(session, console, scan_);
-        MobileScan mobile(scan, console);
-        mobile.requireTrajectory();
-        mobile.requireDuration();
+    }
+    ScanNeeds needs() const override { return {.trajectory = Need::Required, .duration = true}; }
+    void ask(OpenScan& open, Report& report) override {
         const Tq_1_1::Vec3d<double> local =
-            session.root().calcTrafoTo(scan.container.get()).transform(point_);
+            open.session.root().calcTrafoTo(open.scan.container.get()).transform(point_);
         const auto isNear = [&](const Tq_1_1::Vec3d<double>& position) {
             return distanceBetween(position, local) <= *within_;
         };
         double begin = 0.0;
         double end = 0.0;
         const bool found =
-            mobile.pointTimes()->getTrajectoryFractionAtPoint(local, isNear, begin, end);
-        const Approach approach = nearestApproach(mobile, local);
-        Report report(scan.name);
-        report.addHidden("scan", scan.name);
+            open.mobile->pointTimes()->getTrajectoryFractionAtPoint(local, isNear, begin, end);
+        const Approach approach = nearestApproach(*open.mobile, local);
         report.addPoint("point", "point [m]", point_, kMetreDigits, "");
-        report.addNumber("within", "within", *within_, kMetreDigits, " m");
-        report.addNumber("nearestDistance", "nearest approach", approach.distance, kMetreDigits,
-                         " m");
-        report.addNumber("nearestTime", "at time", approach.time, kSecondDigits, " s");
+        report.addMetres("within", "within", *within_);
+        report.addMetres("nearestDistance", "nearest approach", approach.distance);
+        report.addSeconds("nearestTime", "at time", approach.time);
         if (!found || approach.distance > *within_) {
             report.addNone("span", "span", "none, the path stays farther away");
         } else {
-            addSpan(report, begin, end, mobile.duration());
+            addSpan(report, begin, end, open.mobile->duration());
         }
-        console.show(report);
     }
 
   private:
@@ -90,12 +82,12 @@ class NearCommand final : public Command {
         span["beginTime"] = jsonNumber(begin * duration);
         span["endTime"] = jsonNumber(end * duration);
         report.add("span", "span", span,
-                   fixedText(begin * duration, kSecondDigits) + " .. " +
-                       fixedText(end * duration, kSecondDigits) + " s, fractions " +
-                       fixedText(begin, kSecondDigits) + " .. " + fixedText(end, kSecondDigits));
+                   fmt::format("{} .. {} s, fractions {} .. {}",
+                               fixedText(begin * duration, kSecondDigits),
+                               fixedText(end * duration, kSecondDigits),
+                               fixedText(begin, kSecondDigits), fixedText(end, kSecondDigits)));
     }
 
-    ScanOptions scan_;
     Tq_1_1::Vec3d<double> point_;
     std::optional<double> within_;
 };

@@ -5,21 +5,17 @@
 #include <limits>
 #include <optional>
 
+#include <fmt/format.h>
+
 #include "Hx/PC2TimeFilter.h"
 
-#include "commands/Command.h"
+#include "commands/ScanCommand.h"
 #include "report/Failure.h"
 #include "report/NumberText.h"
-#include "session/MobileScan.h"
-#include "session/ModuleSession.h"
-#include "session/ProjectImport.h"
 
 namespace ScanHost {
 
 namespace {
-
-constexpr int kMetreDigits = 4;
-constexpr int kSecondDigits = 6;
 
 /// The fraction of the scan at a scan time. Rounded away from the stretch's inside by as much as
 /// needed, or a node at exactly that time would fall out of it.
@@ -33,66 +29,62 @@ double fractionOf(double seconds, double duration, double direction) {
     return fraction;
 }
 
-class PathCommand final : public Command {
+/// Fractions of the scan.
+struct Stretch {
+    double start;
+    double end;
+};
+
+class PathCommand final : public ScanCommand {
   public:
     std::string name() const override { return "path"; }
     std::string summary() const override {
         return "The positions that the scanner passed in a stretch of the scan";
     }
-    void declare(CLI::App& app) override {
-        addScan(app, scan_);
-        CLI::Option* from =
-            addNumber(app, "--from", from_, "FRACTION", "Start as a fraction of the scan (0)");
-        CLI::Option* to =
-            addNumber(app, "--to", to_, "FRACTION", "End as a fraction of the scan (1)");
-        CLI::Option* fromTime =
-            addNumber(app, "--from-time", fromTime_, "SECONDS", "Start as a scan time");
-        CLI::Option* toTime = addNumber(app, "--to-time", toTime_, "SECONDS", "End as a scan time");
-        fromTime->excludes(from);
-        toTime->excludes(to);
+
+  protected:
+    void declareMore(Options& options) override {
+        const Option& from =
+            options.number("--from", from_, "FRACTION", "Start as a fraction of the scan (0)");
+        const Option& to =
+            options.number("--to", to_, "FRACTION", "End as a fraction of the scan (1)");
+        options.number("--from-time", fromTime_, "SECONDS", "Start as a scan time").excludes(from);
+        options.number("--to-time", toTime_, "SECONDS", "End as a scan time").excludes(to);
     }
-    void run(const CommonOptions& common, Console& console) override {
-        ModuleSession session(common.module);
-        const ImportedScan scan = importOne(session, console, scan_);
-        MobileScan mobile(scan, console);
-        mobile.requireTrajectory();
-        mobile.requireDuration();
-        if ((fromTime_ || toTime_) && !(mobile.duration() > 0.0)) {
-            throw Failure(scan.source.file.string() + ": found a scan that lasts 0 s, expected " +
-                          "one with a stretch from time to time: use --from and --to");
-        }
-        const double start =
-            fromTime_ ? fractionOf(*fromTime_, mobile.duration(), -1.0) : from_.value_or(0.0);
-        const double end =
-            toTime_ ? fractionOf(*toTime_, mobile.duration(), 1.0) : to_.value_or(1.0);
-        if (start > end) {
-            throw Failure("the stretch starts at " + shortText(start) +
-                              " of the scan and ends at " + shortText(end) +
-                              ", expected it to end later",
-                          ExitCode::WrongUsage);
-        }
-        const std::vector<Tq_1_1::Vec3d<double>> positions =
-            mobile.pointTimes()->getSelectedTrajectory(Hx::PC2TimeFilter(start, end));
-        console.show(reportOf(scan, mobile, {start, end}, positions));
+    ScanNeeds needs() const override { return {.trajectory = Need::Required, .duration = true}; }
+    void ask(OpenScan& open, Report& report) override {
+        const double duration = open.mobile->duration();
+        const Stretch stretch = stretchOf(open.scan.source.file.string(), duration);
+        report.addNumber("from", "from fraction", stretch.start, kSecondDigits, "");
+        report.addNumber("to", "to fraction", stretch.end, kSecondDigits, "");
+        report.addSeconds("fromTime", "from time", stretch.start * duration);
+        report.addSeconds("toTime", "to time", stretch.end * duration);
+        addPath(open.mobile->pointTimes()->getSelectedTrajectory(
+                    Hx::PC2TimeFilter(stretch.start, stretch.end)),
+                open.scan.toWorld(), report);
     }
 
   private:
-    struct Stretch {
-        double start;
-        double end;
-    };
+    Stretch stretchOf(const std::string& file, double duration) const {
+        if ((fromTime_ || toTime_) && !(duration > 0.0)) {
+            throw Failure(file +
+                          ": found a scan that lasts 0 s, expected one with a stretch from "
+                          "time to time: use --from and --to");
+        }
+        const Stretch stretch{
+            fromTime_ ? fractionOf(*fromTime_, duration, -1.0) : from_.value_or(0.0),
+            toTime_ ? fractionOf(*toTime_, duration, 1.0) : to_.value_or(1.0)};
+        if (stretch.start > stretch.end) {
+            throw Failure(fmt::format("the stretch starts at {} of the scan and ends at {}, "
+                                      "expected it to end later",
+                                      shortText(stretch.start), shortText(stretch.end)),
+                          ExitCode::WrongUsage);
+        }
+        return stretch;
+    }
 
-    static Report reportOf(const ImportedScan& scan, const MobileScan& mobile,
-                           const Stretch& stretch,
-                           const std::vector<Tq_1_1::Vec3d<double>>& positions) {
-        Report report(scan.name);
-        report.addHidden("scan", scan.name);
-        report.addNumber("from", "from fraction", stretch.start, kSecondDigits, "");
-        report.addNumber("to", "to fraction", stretch.end, kSecondDigits, "");
-        report.addNumber("fromTime", "from time", stretch.start * mobile.duration(), kSecondDigits,
-                         " s");
-        report.addNumber("toTime", "to time", stretch.end * mobile.duration(), kSecondDigits, " s");
-        const Tq_1_1::Mat4d<double> toWorld = scan.toWorld();
+    static void addPath(const std::vector<Tq_1_1::Vec3d<double>>& positions,
+                        const Tq_1_1::Mat4d<double>& toWorld, Report& report) {
         Table table{{{"x", "x [m]"}, {"y", "y [m]"}, {"z", "z [m]"}}, {}};
         double length = 0.0;
         for (std::size_t i = 0; i < positions.size(); ++i) {
@@ -105,12 +97,10 @@ class PathCommand final : public Command {
             }
         }
         report.addCount("count", "positions", positions.size());
-        report.addNumber("length", "length", length, kMetreDigits, " m");
+        report.addMetres("length", "length", length);
         report.addTable("positions", "path", std::move(table));
-        return report;
     }
 
-    ScanOptions scan_;
     std::optional<double> from_;
     std::optional<double> to_;
     std::optional<double> fromTime_;

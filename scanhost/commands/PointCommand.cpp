@@ -6,23 +6,22 @@
 #include <numbers>
 #include <optional>
 
+#include <fmt/format.h>
+
 #include "Hx/ScanPolar3dFactory.h"
 
-#include "commands/Command.h"
+#include "commands/ScanCommand.h"
 #include "report/Failure.h"
 #include "report/NumberText.h"
-#include "session/MobileScan.h"
-#include "session/ModuleSession.h"
 #include "session/PointSummary.h"
-#include "session/ProjectImport.h"
 #include "stance/CorvinStancePointSet.h"
 
 namespace ScanHost {
 
 namespace {
 
-constexpr int kMetreDigits = 6;
-constexpr int kAngleDigits = 6;
+// A point is shown to the micrometre, an angle to the microradian.
+constexpr int kFineDigits = 6;
 
 void addPolar(Report& report, const std::string& key, const std::string& label,
               const Tq_1_1::Vec3d<double>& polar) {
@@ -31,11 +30,13 @@ void addPolar(Report& report, const std::string& key, const std::string& label,
     value["distance"] = jsonNumber(polar.x);
     value["horizontal"] = jsonNumber(polar.y);
     value["vertical"] = jsonNumber(polar.z);
+    const auto angle = [](double radians) {
+        return fmt::format("{} rad ({} deg)", fixedText(radians, kFineDigits),
+                           fixedText(radians * kDegreesPerRadian, 3));
+    };
     report.add(key, label, value,
-               fixedText(polar.x, kMetreDigits) + " m, " + fixedText(polar.y, kAngleDigits) +
-                   " rad (" + fixedText(polar.y * kDegreesPerRadian, 3) + " deg), " +
-                   fixedText(polar.z, kAngleDigits) + " rad (" +
-                   fixedText(polar.z * kDegreesPerRadian, 3) + " deg)");
+               fmt::format("{} m, {}, {}", fixedText(polar.x, kFineDigits), angle(polar.y),
+                           angle(polar.z)));
 }
 
 void describePolar(const Hx::PointSet& points, const Tq_1_1::Vec3d<double>& position,
@@ -60,8 +61,8 @@ void describeColor(const Hx::PointSet& points, const Hx::SelectItem& item,
             value.append(point.color[i]);
         }
         report.add("color", "colour", value,
-                   "red " + std::to_string(point.color[0]) + ", green " +
-                       std::to_string(point.color[1]) + ", blue " + std::to_string(point.color[2]));
+                   fmt::format("red {}, green {}, blue {}", point.color[0], point.color[1],
+                               point.color[2]));
     } else {
         report.addNone("color", "colour", "none");
     }
@@ -72,34 +73,34 @@ void describeColor(const Hx::PointSet& points, const Hx::SelectItem& item,
     }
 }
 
-class PointCommand final : public Command {
+class PointCommand final : public ScanCommand {
   public:
     std::string name() const override { return "point"; }
     std::string summary() const override { return "Everything about one point of a scan"; }
-    void declare(CLI::App& app) override {
-        addScan(app, scan_);
-        CLI::Option* row = addCount(app, "--row", row_, "R", "Row of the grid, from 0 on");
-        CLI::Option* col = addCount(app, "--col", col_, "C", "Column of the grid, from 0 on");
-        CLI::Option* index = addCount(app, "--index", index_, "I",
-                                      "Instead of row and column: row x columns + column");
-        row->needs(col);
-        col->needs(row);
-        index->excludes(row);
-        index->excludes(col);
+
+  protected:
+    void declareMore(Options& options) override {
+        Option& row = options.count("--row", row_, "R", "Row of the grid, from 0 on");
+        Option& col = options.count("--col", col_, "C", "Column of the grid, from 0 on");
+        row.needs(col);
+        col.needs(row);
+        options.count("--index", index_, "I", "Instead of row and column: row x columns + column")
+            .excludes(row)
+            .excludes(col);
     }
-    void run(const CommonOptions& common, Console& console) override {
+    void checkOptions() const override {
         if (!row_ && !index_) {
             throw Failure("found no address of a point, expected --row R --col C or --index I",
                           ExitCode::WrongUsage);
         }
-        ModuleSession session(common.module);
-        const ImportedScan scan = importOne(session, console, scan_);
-        const Hx::SelectItem item = address(*scan.pointSet, scan.source.file.string());
-        Report report(scan.name);
-        report.addHidden("scan", scan.name);
-        describe(scan, item, report);
-        describeTime(scan, item, report, console);
-        console.show(report);
+    }
+    ScanNeeds needs() const override {
+        return {.trajectory = Need::IfThere, .times = Need::IfThere};
+    }
+    void ask(OpenScan& open, Report& report) override {
+        const Hx::SelectItem item = address(*open.scan.pointSet, open.scan.source.file.string());
+        describe(open.scan, item, report);
+        describeTime(open, item, report);
     }
 
   private:
@@ -115,13 +116,14 @@ class PointCommand final : public Command {
             return item;
         }
         if (index_) {
-            throw Failure(file + ": found index " + std::to_string(*index_) + ", expected one of " +
-                          countText(points.getNumPoints(), "point", "points") + ", from 0 on");
+            throw Failure(fmt::format("{}: found index {}, expected one of {}, from 0 on", file,
+                                      *index_,
+                                      countText(points.getNumPoints(), "point", "points")));
         }
-        throw Failure(file + ": found row " + std::to_string(*row_) + ", column " +
-                      std::to_string(*col_) + ", expected a cell of " +
-                      std::to_string(points.getNumRows()) + " rows x " +
-                      std::to_string(points.getNumCols()) + " columns, from 0 on");
+        throw Failure(
+            fmt::format("{}: found row {}, column {}, expected a cell of {} rows x {} "
+                        "columns, from 0 on",
+                        file, *row_, *col_, points.getNumRows(), points.getNumCols()));
     }
 
     static void describe(const ImportedScan& scan, const Hx::SelectItem& item, Report& report) {
@@ -136,10 +138,10 @@ class PointCommand final : public Command {
             return;
         }
         const Tq_1_1::Vec3d<double> position = positionOf(point);
-        report.addPoint("position", "position in the scan [m]", position, kMetreDigits, "");
+        report.addPoint("position", "position in the scan [m]", position, kFineDigits, "");
         report.addPoint("world", "position in the world [m]", scan.toWorld().transform(position),
-                        kMetreDigits, "");
-        report.addNumber("distance", "distance", points.getDistance(item), kMetreDigits, " m");
+                        kFineDigits, "");
+        report.addNumber("distance", "distance", points.getDistance(item), kFineDigits, " m");
         const Hx::PointSet::Normal normal = points.getNormal(item);
         if (normal.isSet()) {
             report.addPoint("normal", "normal", normal.direction(), 4, "");
@@ -150,24 +152,20 @@ class PointCommand final : public Command {
         describePolar(points, position, report);
     }
 
-    static void describeTime(const ImportedScan& scan, const Hx::SelectItem& item, Report& report,
-                             Console& console) {
-        if (!MobileScan::isMobile(scan)) {
+    static void describeTime(const OpenScan& open, const Hx::SelectItem& item, Report& report) {
+        if (!open.mobile) {
             report.addNone("time", "time", "none, a stationary scan");
             return;
         }
-        MobileScan mobile(scan, console);
-        mobile.loadTrajectory();
         double seconds = 0.0;
-        const auto [row, col] = scan.pointSet->getRowCol(item);
-        if (mobile.loadTimes() && mobile.pointTimes()->getScanPtTime(row, col, seconds)) {
-            report.addNumber("time", "time", seconds, 6, " s");
+        const auto [row, col] = open.scan.pointSet->getRowCol(item);
+        if (open.hasTimes && open.mobile->pointTimes()->getScanPtTime(row, col, seconds)) {
+            report.addSeconds("time", "time", seconds);
         } else {
             report.addNone("time", "time", "none in the file");
         }
     }
 
-    ScanOptions scan_;
     std::optional<std::uint64_t> row_;
     std::optional<std::uint64_t> col_;
     std::optional<std::uint64_t> index_;

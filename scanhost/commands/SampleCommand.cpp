@@ -3,7 +3,7 @@
 
 #include <filesystem>
 
-#include "commands/Command.h"
+#include "commands/CommandList.h"
 #include "report/NumberText.h"
 #include "sample/SampleFiles.h"
 
@@ -17,12 +17,11 @@ class SampleCommand final : public Command {
     std::string summary() const override {
         return "Write a simulated project: two rooms, two stances, one walk";
     }
-    void declare(CLI::App& app) override {
-        app.add_option_function<std::string>(
-               "DIR", [this](const std::string& folder) { folder_ = folder; },
-               "Folder for the files; made when it is not there")
-            ->type_name("")
-            ->required();
+    void declare(Options& options) override {
+        options
+            .positional("DIR", folder_, Option::Names::Folder,
+                        "Folder for the files; made when it is not there")
+            .required();
     }
     void run(const CommonOptions& /*common*/, Console& console) override {
         Report report;

@@ -10,14 +10,11 @@
 #include "kit/PointClock.h"
 #include "las/LasWriter.h"
 
-#include "commands/Command.h"
+#include "commands/ScanCommand.h"
 #include "report/Failure.h"
 #include "session/Interrupt.h"
-#include "session/MobileScan.h"
-#include "session/ModuleSession.h"
 #include "session/PointSummary.h"
 #include "session/PointTimes.h"
-#include "session/ProjectImport.h"
 #include "session/Require.h"
 
 namespace ScanHost {
@@ -52,40 +49,33 @@ bool isAdjustedGpsTime(double first, double duration) {
            Ovr::Formats::ClockKind::AdjustedGps;
 }
 
-class SortCommand final : public Command {
+class SortCommand final : public ScanCommand {
   public:
     std::string name() const override { return "sort"; }
     std::string summary() const override {
         return "Write the points in the order in which they were measured, as LAS with time";
     }
-    void declare(CLI::App& app) override {
-        addScan(app, scan_);
-        app.add_option_function<std::string>(
-               "-o,--output", [this](const std::string& path) { output_ = path; }, "File to write")
-            ->type_name("OUT.las")
-            ->required();
+
+  protected:
+    void declareMore(Options& options) override {
+        options.file("-o,--output", output_, "OUT.las", "File to write").required();
     }
-    void run(const CommonOptions& common, Console& console) override {
-        ModuleSession session(common.module);
-        const ImportedScan scan = importOne(session, console, scan_);
-        MobileScan mobile(scan, console);
-        mobile.loadTrajectory();
-        mobile.requireTimes();
-        sortPoints(mobile.points(), scan.name);
+    ScanNeeds needs() const override {
+        return {.trajectory = Need::IfThere, .times = Need::Required};
+    }
+    void ask(OpenScan& open, Report& report) override {
+        Vardex::CorvinMobilePointSet& points = open.mobile->points();
+        sortPoints(points, open.scan.name);
         Interrupt::check();
-        const double zero = mobile.points().getMobileScanData().getTimeZero().value_or(0.0);
-        const std::uint64_t written = write(scan, mobile.points(), zero, console);
-        const std::uint64_t shared = countSharedTimes(mobile.points());
-        Report report(scan.name);
-        report.addHidden("scan", scan.name);
+        const double zero = points.getMobileScanData().getTimeZero().value_or(0.0);
+        const std::uint64_t written = write(open.scan, points, zero, open.console);
         report.addText("file", "written to", output_.string());
         report.addCount("points", "points", written);
-        report.addCount("sharingTime", "sharing their time with another", shared);
-        report.addNumber("timeZero", "scan time 0 is written as", zero, 6, " s");
+        report.addCount("sharingTime", "sharing their time with another", countSharedTimes(points));
+        report.addSeconds("timeZero", "scan time 0 is written as", zero);
         report.addText("order", "order",
                        "by time; points of one time are in no particular order, and places in "
                        "the grid are ranks in time, no longer those of measurement");
-        console.show(report);
     }
 
   private:
@@ -134,7 +124,7 @@ class SortCommand final : public Command {
         Ovr::Formats::LasPoint las;
         las.position = toWorld.transform(positionOf(point));
         las.time = zero + timeAt(points, index);
-        // Beside a colour the record of a file without intensity has none to write.
+        // A record with a colour and no reflection of its own has no intensity to write.
         if (points.hasSeparateReflection() || !point.hasColor()) {
             las.intensity = points.getReflection(index);
         }
@@ -146,7 +136,6 @@ class SortCommand final : public Command {
         return las;
     }
 
-    ScanOptions scan_;
     std::filesystem::path output_;
 };
 

@@ -5,11 +5,8 @@
 #include <cstdint>
 #include <vector>
 
-#include "commands/Command.h"
-#include "session/MobileScan.h"
-#include "session/ModuleSession.h"
+#include "commands/ScanCommand.h"
 #include "session/PointTimes.h"
-#include "session/ProjectImport.h"
 #include "session/Require.h"
 #include "session/ScanReport.h"
 
@@ -17,16 +14,14 @@ namespace ScanHost {
 
 namespace {
 
-constexpr int kSecondDigits = 6;
-
 void addTimes(const Vardex::CorvinMobilePointSet& points, Report& report) {
     std::vector<double> times = pointTimes(points);
     const bool ordered = std::is_sorted(times.begin(), times.end());
     std::sort(times.begin(), times.end());
     report.addCount("points", "points", times.size());
     if (!times.empty()) {
-        report.addNumber("first", "earliest", times.front(), kSecondDigits, " s");
-        report.addNumber("last", "latest", times.back(), kSecondDigits, " s");
+        report.addSeconds("first", "earliest", times.front());
+        report.addSeconds("last", "latest", times.back());
         const auto distinct = std::unique(times.begin(), times.end()) - times.begin();
         report.addCount("distinct", "distinct times", static_cast<std::uint64_t>(distinct));
         report.addFlag("ordered", "in the order of time", ordered);
@@ -36,33 +31,29 @@ void addTimes(const Vardex::CorvinMobilePointSet& points, Report& report) {
     report.addCount("bytesPerPoint", "bytes per point", points.getRecordSize());
 }
 
-class TimesCommand final : public Command {
+class TimesCommand final : public ScanCommand {
   public:
     std::string name() const override { return "times"; }
     std::string summary() const override { return "Load the times of a mobile scan's points"; }
-    void declare(CLI::App& app) override {
-        addScan(app, scan_);
-        app.add_flag("--drop", drop_, "Drop the times again and say what is left");
+
+  protected:
+    void declareMore(Options& options) override {
+        options.flag("--drop", drop_, "Drop the times again and say what is left");
     }
-    void run(const CommonOptions& common, Console& console) override {
-        ModuleSession session(common.module);
-        const ImportedScan scan = importOne(session, console, scan_);
-        MobileScan mobile(scan, console);
-        mobile.loadTrajectory();
-        mobile.requireTimes();
-        Report report(scan.name);
-        report.addHidden("scan", scan.name);
-        report.addNumber("duration", "duration", mobile.duration(), kSecondDigits, " s");
-        addTimes(mobile.points(), report.group("loaded", "times loaded"));
+    ScanNeeds needs() const override {
+        return {.trajectory = Need::IfThere, .times = Need::Required};
+    }
+    void ask(OpenScan& open, Report& report) override {
+        Vardex::CorvinMobilePointSet& points = open.mobile->points();
+        report.addSeconds("duration", "duration", open.mobile->duration());
+        addTimes(points, report.group("loaded", "times loaded"));
         if (drop_) {
-            requireOk(mobile.points().unloadScanPtTimes(), scan.source.file.string());
-            addTimes(mobile.points(), report.group("dropped", "times dropped"));
+            requireOk(points.unloadScanPtTimes(), open.scan.source.file.string());
+            addTimes(points, report.group("dropped", "times dropped"));
         }
-        console.show(report);
     }
 
   private:
-    ScanOptions scan_;
     bool drop_ = false;
 };
 

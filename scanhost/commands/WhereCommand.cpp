@@ -6,18 +6,12 @@
 #include <limits>
 #include <optional>
 
-#include "commands/Command.h"
+#include "commands/ScanCommand.h"
 #include "report/NumberText.h"
-#include "session/MobileScan.h"
-#include "session/ModuleSession.h"
-#include "session/ProjectImport.h"
 
 namespace ScanHost {
 
 namespace {
-
-constexpr int kMetreDigits = 4;
-constexpr int kSecondDigits = 6;
 
 /// Distance in time to the nearest trajectory node [s].
 double distanceToNode(const MobileScan& mobile, double seconds) {
@@ -47,41 +41,34 @@ std::vector<Table::Cell> rowOf(const MobileScan& mobile, const Tq_1_1::Mat4d<dou
     return row;
 }
 
-class WhereCommand final : public Command {
+class WhereCommand final : public ScanCommand {
   public:
     std::string name() const override { return "where"; }
     std::string summary() const override {
         return "Where the scanner was at times since the start of the scan";
     }
-    void declare(CLI::App& app) override {
-        addScan(app, scan_);
-        addNumbers(app, "--at", times_, "SECONDS...", "Scan times; one or more")->required();
+
+  protected:
+    void declareMore(Options& options) override {
+        options.numbers("--at", times_, "SECONDS", "Scan times; one or more").required();
     }
-    void run(const CommonOptions& common, Console& console) override {
-        ModuleSession session(common.module);
-        const ImportedScan scan = importOne(session, console, scan_);
-        MobileScan mobile(scan, console);
-        mobile.requireTrajectory();
-        mobile.requireDuration();
-        Report report(scan.name);
-        report.addHidden("scan", scan.name);
-        report.addNumber("duration", "duration", mobile.duration(), kSecondDigits, " s");
+    ScanNeeds needs() const override { return {.trajectory = Need::Required, .duration = true}; }
+    void ask(OpenScan& open, Report& report) override {
+        report.addSeconds("duration", "duration", open.mobile->duration());
         Table table{{{"time", "time [s]"},
                      {"x", "x [m]"},
                      {"y", "y [m]"},
                      {"z", "z [m]"},
                      {"timeToNearestNode", "nearest node away by [s]"}},
                     {}};
-        const Tq_1_1::Mat4d<double> toWorld = scan.toWorld();
+        const Tq_1_1::Mat4d<double> toWorld = open.scan.toWorld();
         for (const double seconds : times_) {
-            table.rows.push_back(rowOf(mobile, toWorld, seconds));
+            table.rows.push_back(rowOf(*open.mobile, toWorld, seconds));
         }
         report.addTable("positions", "positions", std::move(table));
-        console.show(report);
     }
 
   private:
-    ScanOptions scan_;
     std::vector<double> times_;
 };
 

@@ -23,4 +23,10 @@ class Failure : public std::runtime_error {
     ExitCode code_;
 };
 
+/// A command line that the declarations of its options do not allow.
+class UsageError : public Failure {
+  public:
+    explicit UsageError(const std::string& message) : Failure(message, ExitCode::WrongUsage) {}
+};
+
 }  // namespace ScanHost

@@ -14,14 +14,18 @@ namespace ScanHost {
 
 // Numbers as people write and read them, the same in every locale.
 
-/// Fixed notation with @p digits behind the point; a value that rounds to zero has no minus sign.
+/// Fixed notation with @p digits after the point; a value that rounds to zero has no minus sign.
 /// "not a number", "infinite" or "-infinite" for what is no finite number.
 std::string fixedText(double value, int digits);
+
+/// Digits after the point of lengths [m], and of times [s] and fractions of a scan.
+inline constexpr int kMetreDigits = 4;
+inline constexpr int kSecondDigits = 6;
 
 /// The fewest digits that read back as the same value.
 std::string shortText(double value);
 
-/// "x, y, z", each with @p digits behind the point.
+/// "x, y, z", each with @p digits after the point.
 std::string pointText(const Tq_1_1::Vec3d<double>& point, int digits);
 
 /// "1 point", "2 points".

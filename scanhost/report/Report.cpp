@@ -150,6 +150,14 @@ void Report::addNumber(const std::string& key, const std::string& label, double 
         fixedText(value, digits) + (std::isfinite(value) ? unit : ""));
 }
 
+void Report::addMetres(const std::string& key, const std::string& label, double metres) {
+    addNumber(key, label, metres, kMetreDigits, " m");
+}
+
+void Report::addSeconds(const std::string& key, const std::string& label, double seconds) {
+    addNumber(key, label, seconds, kSecondDigits, " s");
+}
+
 void Report::addFlag(const std::string& key, const std::string& label, bool value) {
     add(key, label, value, value ? "yes" : "no");
 }

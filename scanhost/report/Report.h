@@ -54,6 +54,9 @@ class Report {
     /// @param unit  behind the number in the text, for example " m"; JSON has the number alone
     void addNumber(const std::string& key, const std::string& label, double value, int digits,
                    const std::string& unit);
+    /// Lengths [m] and times [s], with the digits that they have everywhere.
+    void addMetres(const std::string& key, const std::string& label, double metres);
+    void addSeconds(const std::string& key, const std::string& label, double seconds);
     void addFlag(const std::string& key, const std::string& label, bool value);
     void addPoint(const std::string& key, const std::string& label,
                   const Tq_1_1::Vec3d<double>& point, int digits, const std::string& unit);

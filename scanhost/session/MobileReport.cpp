@@ -13,23 +13,20 @@ namespace ScanHost {
 
 namespace {
 
-constexpr int kMetreDigits = 4;
-constexpr int kSecondDigits = 6;
-
 void describeTrajectory(const MobileScan& mobile, Report& report) {
     Report& trajectory = report.group("trajectory", "trajectory");
     const auto& nodes = mobile.nodes();
     trajectory.addCount("nodes", "nodes", nodes.size());
-    trajectory.addNumber("pathLength", "path length", mobile.pathLength(), kMetreDigits, " m");
-    trajectory.addNumber("firstTime", "first node at", nodes.front().time, kSecondDigits, " s");
-    trajectory.addNumber("lastTime", "last node at", nodes.back().time, kSecondDigits, " s");
+    trajectory.addMetres("pathLength", "path length", mobile.pathLength());
+    trajectory.addSeconds("firstTime", "first node at", nodes.front().time);
+    trajectory.addSeconds("lastTime", "last node at", nodes.back().time);
 }
 
 void describeTimes(const MobileScan& mobile, Report& report) {
     Range<double> range;
     forEachPointTime(mobile.points(), [&](double seconds) { range.add(seconds); });
     Report& times = report.group("times", "point times");
-    times.addNumber("duration", "duration", mobile.duration(), kSecondDigits, " s");
+    times.addSeconds("duration", "duration", mobile.duration());
     Json::Value notes(Json::arrayValue);
     std::string lines;
     for (const std::string& note : mobile.points().getMobileScanData().getNotes()) {
@@ -44,8 +41,8 @@ void describeTimes(const MobileScan& mobile, Report& report) {
     if (range.isEmpty()) {
         return;
     }
-    times.addNumber("first", "earliest point", range.low, kSecondDigits, " s");
-    times.addNumber("last", "latest point", range.high, kSecondDigits, " s");
+    times.addSeconds("first", "earliest point", range.low);
+    times.addSeconds("last", "latest point", range.high);
     const auto layout = mobile.points().getRecordLayout();
     times.addCount("bytesPerPoint", "bytes per point now", Vardex::recordSize(layout));
 }

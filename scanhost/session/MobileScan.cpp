@@ -7,11 +7,14 @@
 #include <algorithm>
 #include <cmath>
 
+#include <fmt/format.h>
+
 #include "Hx/ErrorConversion.h"
 #include "Ovr/Vardex/CorvinMobileScanData.h"
 
 #include "report/Failure.h"
 #include "session/Interrupt.h"
+#include "session/KnownFiles.h"
 
 namespace ScanHost {
 
@@ -38,9 +41,10 @@ bool MobileScan::loadTrajectory() {
 
 void MobileScan::requireTrajectory() {
     if (!loadTrajectory()) {
-        throw Failure(scan_.source.file.string() +
-                      ": found no trajectory, expected a NAME.txt or NAME.tum beside it that "
-                      "holds poses, or --trajectory FILE");
+        throw Failure(
+            fmt::format("{}: found no trajectory, expected a {} next to it that holds "
+                        "poses, or --trajectory FILE",
+                        scan_.source.file.string(), trajectoryNames()));
     }
 }
 

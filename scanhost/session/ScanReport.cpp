@@ -20,7 +20,6 @@ namespace ScanHost {
 
 namespace {
 
-constexpr int kMetreDigits = 4;
 constexpr int kRotationDigits = 6;
 
 std::string utf8(const Tq_1_1::String& text) {

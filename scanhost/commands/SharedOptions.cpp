@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#include "commands/SharedOptions.h"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "session/KnownFiles.h"
+
+namespace ScanHost {
+
+namespace {
+
+const std::vector<std::pair<std::string, ProgressMode>> kProgressModes{
+    {"plain", ProgressMode::Plain}, {"none", ProgressMode::None}};
+const std::vector<std::pair<std::string, Ovr::TimeUnit>> kTimeUnits{
+    {"s", Ovr::TimeUnit::Seconds},
+    {"ms", Ovr::TimeUnit::Milliseconds},
+    {"us", Ovr::TimeUnit::Microseconds},
+    {"ns", Ovr::TimeUnit::Nanoseconds}};
+
+}  // namespace
+
+void declareCommon(Options& options, CommonOptions& target) {
+    options.flag("--json", target.json, "Print one JSON document instead of text");
+    options.choice("--progress", target.progress, kProgressModes,
+                   "Progress as plain lines on standard error, or none; without this option it is "
+                   "shown on a terminal only");
+    declareModule(options, target);
+}
+
+void declareModule(Options& options, CommonOptions& target) {
+    options.file("--module", target.module, "PATH",
+                 "The module to load instead of the one next to this program");
+}
+
+void declareScan(Options& options, ScanOptions& target) {
+    options
+        .positional("SCAN", target.files.emplace_back(), Option::Names::File,
+                    pointsFileText("Points file") + " or " + projectFileText("scanner project"))
+        .required();
+    declareScanSettings(options, target);
+}
+
+void declareScanSettings(Options& options, ScanOptions& target) {
+    options.ordinal("--scan", target.number, "N", "a scan's number, from 1 on",
+                    "Which scan of a file or project that holds several, from 1 on");
+    options.file("--trajectory", target.trajectory, "FILE",
+                 "Trajectory of a mobile scan instead of the " + trajectoryNames() + " next to it");
+    options.number("--time-offset", target.timeOffset, "SECONDS",
+                   "Added to the points' times to bring them onto the trajectory's clock");
+    options.choice("--time-unit", target.timeUnit, kTimeUnits,
+                   "Unit of the times in the points file (s)");
+}
+
+}  // namespace ScanHost
