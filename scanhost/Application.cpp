@@ -11,6 +11,8 @@
 
 #include "commands/CommandLine.h"
 #include "commands/CommandList.h"
+#include "commands/Completion.h"
+#include "commands/ManualPage.h"
 #include "report/Console.h"
 #include "session/Interrupt.h"
 #include "session/ModuleSession.h"
@@ -21,6 +23,7 @@ namespace {
 
 using Commands = std::vector<std::unique_ptr<Command>>;
 
+constexpr const char* kSummary = "hold and process the scans of a hand-held SLAM scanner";
 constexpr const char* kDescription =
     "Holds and processes the scans of a hand-held SLAM scanner through the module VardexScandata.";
 constexpr const char* kFooter =
@@ -30,12 +33,17 @@ constexpr const char* kFooter =
 struct Request {
     CommonOptions common;
     bool version = false;
+    bool manual = false;
+    bool completion = false;
 };
 
 ProgramDeclaration declare(Request& request, const Commands& commands) {
-    ProgramDeclaration program{"scanhost", kDescription, kFooter, {}, {}};
+    ProgramDeclaration program{"scanhost", kSummary, kDescription, kFooter, {}, {}};
     program.options.flag("--version", request.version,
                          "Print the module's name and version and end");
+    program.options.flag("--manual", request.manual, "Print the manual page, for man, and end");
+    program.options.flag("--completion", request.completion,
+                         "Print a script that completes command lines in bash, and end");
     declareModule(program.options, request.common);
     for (const auto& command : commands) {
         CommandDeclaration declaration{command->name(), command->summary(), {}};
@@ -58,6 +66,10 @@ void run(const std::vector<std::string>& arguments, Console& console) {
     } else if (request.version) {
         const ModuleSession session(request.common.module);
         console.print(session.moduleName() + ' ' + session.moduleVersion() + '\n');
+    } else if (request.manual) {
+        console.print(manualPage(program));
+    } else if (request.completion) {
+        console.print(bashCompletion(program));
     } else if (line.command) {
         commands[*line.command]->run(request.common, console);
     } else {

@@ -22,7 +22,8 @@ struct CommandDeclaration {
 /// All that can be said to the program. Help, manual page and completion are made of it.
 struct ProgramDeclaration {
     std::string name;
-    std::string description;
+    std::string summary;      ///< a few words, without a stop
+    std::string description;  ///< a sentence
     std::string footer;
     Options options;  ///< those without a command
     std::vector<CommandDeclaration> commands;
