@@ -7,6 +7,8 @@
 #include <memory>
 #include <new>
 
+#include <fmt/format.h>
+
 #include "RegisterFormats.h"
 
 #include "commands/CommandLine.h"
@@ -65,7 +67,7 @@ void run(const std::vector<std::string>& arguments, Console& console) {
         console.print(*line.help);
     } else if (request.version) {
         const ModuleSession session(request.common.module);
-        console.print(session.moduleName() + ' ' + session.moduleVersion() + '\n');
+        console.print(fmt::format("{} {}\n", session.moduleName(), session.moduleVersion()));
     } else if (request.manual) {
         console.print(manualPage(program));
     } else if (request.completion) {

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+#include <fmt/format.h>
+
 #include <CLI/CLI.hpp>
 
 #include "report/Failure.h"
@@ -27,8 +29,8 @@ std::string joinedNames(const Option& option) {
 void takeValue(const Option& option, const std::string& text) {
     const std::string expected = option.take(text);
     if (!expected.empty()) {
-        throw CLI::ValidationError(option.name(),
-                                   "found '" + printable(text) + "', expected " + expected);
+        throw CLI::ValidationError(
+            option.name(), fmt::format("found '{}', expected {}", printable(text), expected));
     }
 }
 

@@ -3,6 +3,8 @@
 
 #include <array>
 
+#include <fmt/format.h>
+
 #include "Hx/CommandInterf.h"
 #include "Hx/RestrictionManager.h"
 #include "Hx/StateContext.h"
@@ -55,7 +57,7 @@ class CommandsCommand final : public Command {
         const auto project = openProject(session, console, project_);
         const Hx::StateContext state({project});
         const Hx::RestrictionManager& restrictions = *session.application().getRestrictionManager();
-        Report report("commands while " + project->getName().toUtf8() + " is selected");
+        Report report(fmt::format("commands while {} is selected", project->getName().toUtf8()));
         report.addHidden("project", printable(project_));
         Table table{{{"command", "command"}, {"allowed", "allowed"}}, {}};
         for (const std::string& identifier : commands_) {

@@ -112,8 +112,8 @@ class ExportCommand final : public ScanCommand {
         requireOk(Ovr::FormatRegistry::the().readTrajectory(file, scan.source.project.get(), copies,
                                                             remarks));
         if (copies.size() != mobile.nodes().size()) {
-            throw Failure(fmt::format("{}: found {} poses, expected {}", file.string(),
-                                      copies.size(), mobile.nodes().size()));
+            throw unexpected(file.string(), fmt::format("{} poses", copies.size()),
+                             fmt::to_string(mobile.nodes().size()));
         }
         const Difference difference = compare(mobile.nodes(), copies);
         Report& result = report.group("verified", "read back, largest difference");

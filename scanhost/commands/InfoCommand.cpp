@@ -5,6 +5,8 @@
 #include <memory>
 #include <optional>
 
+#include <fmt/format.h>
+
 #include "Hx/ModelOutput.h"
 #include "Ovr/FormatRegistry.h"
 #include "kit/AtomicFile.h"
@@ -31,10 +33,10 @@ class InfoCommand final : public Command {
     std::string summary() const override { return "What scans and projects hold"; }
     void declare(Options& options) override {
         options
-            .positionals("FILE", scan_.files, Option::Names::File,
-                         pointsFileText("Points files") + " and " +
-                             projectFileText("scanner projects") +
-                             ", all of one project with one origin")
+            .positionals(
+                "FILE", scan_.files, Option::Names::File,
+                fmt::format("{} and {}, all of one project with one origin",
+                            pointsFileText("Points files"), projectFileText("scanner projects")))
             .required();
         declareScanSettings(options, scan_);
         options.file("--picture", picture_, "FILE",

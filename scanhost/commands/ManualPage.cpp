@@ -21,11 +21,11 @@ std::string escaped(const std::string& text) {
 }
 
 std::string bold(const std::string& text) {
-    return "\\fB" + escaped(text) + "\\fR";
+    return fmt::format("\\fB{}\\fR", escaped(text));
 }
 
 std::string italic(const std::string& text) {
-    return "\\fI" + escaped(text) + "\\fR";
+    return fmt::format("\\fI{}\\fR", escaped(text));
 }
 
 /// "-o, --output FILE", marked up.
@@ -53,10 +53,14 @@ std::string list(const std::vector<std::string>& names) {
 }
 
 std::string describe(const Option& option) {
-    std::string text = escaped(option.help) + ".";
+    std::string text = escaped(option.help) + '.';
     text += option.isRequired ? " Required." : "";
-    text += option.needed.empty() ? "" : " Needs " + list(option.needed) + ".";
-    text += option.excluded.empty() ? "" : " Not together with " + list(option.excluded) + ".";
+    if (!option.needed.empty()) {
+        text += fmt::format(" Needs {}.", list(option.needed));
+    }
+    if (!option.excluded.empty()) {
+        text += fmt::format(" Not together with {}.", list(option.excluded));
+    }
     return text;
 }
 
@@ -75,14 +79,14 @@ std::string entries(const Options& options) {
 }
 
 std::string synopsis(const ProgramDeclaration& program, const CommandDeclaration& command) {
-    std::string line = bold(program.name) + ' ' + bold(command.name);
+    std::string line = fmt::format("{} {}", bold(program.name), bold(command.name));
     for (const Option& option : command.options.all()) {
         if (option.isPositional()) {
             const std::string name = italic(option.name()) + (option.many ? " ..." : "");
-            line += ' ' + (option.isRequired ? name : '[' + name + ']');
+            line += option.isRequired ? fmt::format(" {}", name) : fmt::format(" [{}]", name);
         }
     }
-    return line + " [" + italic("OPTION") + " ...]";
+    return fmt::format("{} [{} ...]", line, italic("OPTION"));
 }
 
 }  // namespace
@@ -94,17 +98,16 @@ std::string manualPage(const ProgramDeclaration& program) {
         ".SH SYNOPSIS\n{} [{} ...]\n",
         program.name, program.name, escaped(program.summary), bold(program.name), italic("OPTION"));
     for (const CommandDeclaration& command : program.commands) {
-        page += ".br\n" + synopsis(program, command) + '\n';
+        page += fmt::format(".br\n{}\n", synopsis(program, command));
     }
-    page += ".SH DESCRIPTION\n" + escaped(program.description) + '\n';
-    page += ".SH OPTIONS\n" + entry(helpOption()) + entries(program.options);
-    page += ".SH COMMANDS\n";
+    page +=
+        fmt::format(".SH DESCRIPTION\n{}\n.SH OPTIONS\n{}{}.SH COMMANDS\n",
+                    escaped(program.description), entry(helpOption()), entries(program.options));
     for (const CommandDeclaration& command : program.commands) {
         page += fmt::format(".SS {}\n{}.\n{}", synopsis(program, command), escaped(command.summary),
                             entries(command.options));
     }
-    page += ".SH EXIT STATUS\n" + escaped(program.footer) + '\n';
-    return page;
+    return page + fmt::format(".SH EXIT STATUS\n{}\n", escaped(program.footer));
 }
 
 }  // namespace ScanHost

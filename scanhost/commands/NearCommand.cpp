@@ -46,9 +46,7 @@ class NearCommand final : public ScanCommand {
     }
     void checkOptions() const override {
         if (*within_ < 0.0) {
-            throw Failure(
-                fmt::format("--within: found {}, expected 0 or more", shortText(*within_)),
-                ExitCode::WrongUsage);
+            throw unexpected("--within", shortText(*within_), "0 or more", ExitCode::WrongUsage);
         }
     }
     ScanNeeds needs() const override { return {.trajectory = Need::Required, .duration = true}; }

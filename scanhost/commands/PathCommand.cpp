@@ -67,9 +67,8 @@ class PathCommand final : public ScanCommand {
   private:
     Stretch stretchOf(const std::string& file, double duration) const {
         if ((fromTime_ || toTime_) && !(duration > 0.0)) {
-            throw Failure(file +
-                          ": found a scan that lasts 0 s, expected one with a stretch from "
-                          "time to time: use --from and --to");
+            throw unexpected(file, "a scan that lasts 0 s",
+                             "one with a stretch from time to time: use --from and --to");
         }
         const Stretch stretch{
             fromTime_ ? fractionOf(*fromTime_, duration, -1.0) : from_.value_or(0.0),

@@ -116,14 +116,13 @@ class PointCommand final : public ScanCommand {
             return item;
         }
         if (index_) {
-            throw Failure(fmt::format("{}: found index {}, expected one of {}, from 0 on", file,
-                                      *index_,
-                                      countText(points.getNumPoints(), "point", "points")));
+            throw unexpected(file, fmt::format("index {}", *index_),
+                             fmt::format("one of {}, from 0 on",
+                                         countText(points.getNumPoints(), "point", "points")));
         }
-        throw Failure(
-            fmt::format("{}: found row {}, column {}, expected a cell of {} rows x {} "
-                        "columns, from 0 on",
-                        file, *row_, *col_, points.getNumRows(), points.getNumCols()));
+        throw unexpected(file, fmt::format("row {}, column {}", *row_, *col_),
+                         fmt::format("a cell of {} rows x {} columns, from 0 on",
+                                     points.getNumRows(), points.getNumCols()));
     }
 
     static void describe(const ImportedScan& scan, const Hx::SelectItem& item, Report& report) {

@@ -7,6 +7,8 @@
 #include <utility>
 #include <vector>
 
+#include <fmt/format.h>
+
 #include "session/KnownFiles.h"
 
 namespace ScanHost {
@@ -39,7 +41,8 @@ void declareModule(Options& options, CommonOptions& target) {
 void declareScan(Options& options, ScanOptions& target) {
     options
         .positional("SCAN", target.files.emplace_back(), Option::Names::File,
-                    pointsFileText("Points file") + " or " + projectFileText("scanner project"))
+                    fmt::format("{} or {}", pointsFileText("Points file"),
+                                projectFileText("scanner project")))
         .required();
     declareScanSettings(options, target);
 }
@@ -47,8 +50,9 @@ void declareScan(Options& options, ScanOptions& target) {
 void declareScanSettings(Options& options, ScanOptions& target) {
     options.ordinal("--scan", target.number, "N", "a scan's number, from 1 on",
                     "Which scan of a file or project that holds several, from 1 on");
-    options.file("--trajectory", target.trajectory, "FILE",
-                 "Trajectory of a mobile scan instead of the " + trajectoryNames() + " next to it");
+    options.file(
+        "--trajectory", target.trajectory, "FILE",
+        fmt::format("Trajectory of a mobile scan instead of the {} next to it", trajectoryNames()));
     options.number("--time-offset", target.timeOffset, "SECONDS",
                    "Added to the points' times to bring them onto the trajectory's clock");
     options.choice("--time-unit", target.timeUnit, kTimeUnits,

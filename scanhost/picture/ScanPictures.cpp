@@ -3,6 +3,8 @@
 
 #include "picture/ScanPictures.h"
 
+#include <fmt/format.h>
+
 #include "kit/AtomicFile.h"
 
 #include "session/MobileScan.h"
@@ -21,10 +23,10 @@ void write(const Picture& picture, const std::filesystem::path& file) {
 }
 
 std::filesystem::path panoramaFile(const std::filesystem::path& file, std::size_t number) {
-    std::filesystem::path beside = file;
-    beside.replace_filename(file.stem().string() + "-panorama-" + std::to_string(number) +
-                            file.extension().string());
-    return beside;
+    std::filesystem::path panorama = file;
+    panorama.replace_filename(
+        fmt::format("{}-panorama-{}{}", file.stem().string(), number, file.extension().string()));
+    return panorama;
 }
 
 }  // namespace
@@ -38,9 +40,9 @@ std::vector<PictureFile> drawScans(const std::vector<ImportedScan>& scans,
     for (const ImportedScan& scan : scans) {
         ++number;
         if (!MobileScan::isMobile(scan) && scan.pointSet->getNumPoints() > 0) {
-            const std::filesystem::path beside = panoramaFile(file, number);
-            write(panorama(*scan.pointSet), beside);
-            pictures.push_back({beside, "panorama of " + scan.name});
+            const std::filesystem::path panoramaOf = panoramaFile(file, number);
+            write(panorama(*scan.pointSet), panoramaOf);
+            pictures.push_back({panoramaOf, "panorama of " + scan.name});
         }
     }
     return pictures;

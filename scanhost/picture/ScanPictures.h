@@ -19,7 +19,7 @@ struct PictureFile {
 };
 
 /// Writes a top view of all scans to @p file, and for a stance number N (counted among the scans,
-/// from 1 on) its panorama beside it: house.png gets house-panorama-N.png. Files appear whole or
+/// from 1 on) its panorama next to it: house.png gets house-panorama-N.png. Files appear whole or
 /// not at all. Throws a Failure when that fails, or when no scan has a return.
 std::vector<PictureFile> drawScans(const std::vector<ImportedScan>& scans,
                                    const std::filesystem::path& file);

@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <vector>
 
+#include <fmt/format.h>
+
 #include "mobile/CorvinMobilePointSet.h"
 #include "picture/PointColor.h"
 #include "picture/ScanPictures.h"
@@ -37,8 +39,8 @@ double roundUp(double value) {
 
 /// A length of one digit, written out.
 std::string lengthText(double metres) {
-    const double behindPoint = std::ceil(-std::log10(metres) - 0.001);
-    return fixedText(metres, static_cast<int>(std::clamp(behindPoint, 0.0, 12.0))) + " m";
+    const double digits = std::ceil(-std::log10(metres) - 0.001);
+    return fmt::format("{} m", fixedText(metres, static_cast<int>(std::clamp(digits, 0.0, 12.0))));
 }
 
 /// From the world to the cells that points are gathered in, and from there to pixels.
@@ -211,8 +213,8 @@ Picture topView(const std::vector<ImportedScan>& scans, std::string& legend) {
         drawStance(scan, frame, picture);
     }
     const double bar = drawScale(frame, picture);
-    legend = "top view in cells of " + lengthText(frame.cell) + ", " + std::to_string(frame.zoom) +
-             " pixels each, bar " + lengthText(bar);
+    legend = fmt::format("top view in cells of {}, {} pixels each, bar {}", lengthText(frame.cell),
+                         frame.zoom, lengthText(bar));
     return picture;
 }
 

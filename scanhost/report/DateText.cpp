@@ -7,6 +7,9 @@
 #include <cmath>
 #include <cstdint>
 
+#include <date/date.h>
+#include <fmt/format.h>
+
 #include "report/NumberText.h"
 
 namespace ScanHost {
@@ -17,27 +20,14 @@ namespace {
 constexpr double kEarliest = -62167219200.0;
 constexpr double kLatest = 253402300799.0;
 
-std::string padded(std::int64_t value, std::size_t width) {
-    const std::string text = std::to_string(value);
-    return std::string(text.size() < width ? width - text.size() : 0, '0') + text;
-}
-
 }  // namespace
 
 std::string dateText(double unixSeconds) {
     if (!(unixSeconds >= kEarliest && unixSeconds <= kLatest)) {
-        return shortText(unixSeconds) + " s";
+        return fmt::format("{} s", shortText(unixSeconds));
     }
-    using namespace std::chrono;
-    const sys_seconds time{seconds{static_cast<std::int64_t>(std::floor(unixSeconds))}};
-    const sys_days day = floor<days>(time);
-    const year_month_day date{day};
-    const hh_mm_ss clock{time - day};
-    return padded(static_cast<int>(date.year()), 4) + '-' +
-           padded(static_cast<unsigned>(date.month()), 2) + '-' +
-           padded(static_cast<unsigned>(date.day()), 2) + ' ' + padded(clock.hours().count(), 2) +
-           ':' + padded(clock.minutes().count(), 2) + ':' + padded(clock.seconds().count(), 2) +
-           " UTC";
+    const std::chrono::seconds seconds{static_cast<std::int64_t>(std::floor(unixSeconds))};
+    return date::format("%F %T UTC", date::sys_seconds{seconds});
 }
 
 }  // namespace ScanHost

@@ -23,6 +23,11 @@ class Failure : public std::runtime_error {
     ExitCode code_;
 };
 
+/// The Failure "PLACE: found FOUND, expected EXPECTED": where it is, what stands there and what
+/// should.
+Failure unexpected(const std::string& place, const std::string& found, const std::string& expected,
+                   ExitCode code = ExitCode::Failed);
+
 /// A command line that the declarations of its options do not allow.
 class UsageError : public Failure {
   public:

@@ -10,6 +10,8 @@
 #include <system_error>
 #include <utility>
 
+#include <fmt/format.h>
+
 #include "Tq/String.h"
 #include "kit/TextFields.h"
 
@@ -17,8 +19,8 @@ namespace ScanHost {
 
 namespace {
 
-// The largest double has 309 digits before the point.
-constexpr std::size_t kLongestNumber = 350;
+// Room for a sign, 17 digits, a point and an exponent.
+constexpr std::size_t kLongestShortNumber = 32;
 
 std::optional<std::string> nameOfNonFinite(double value) {
     if (std::isnan(value)) {
@@ -41,13 +43,7 @@ std::string fixedText(double value, int digits) {
     if (auto name = nameOfNonFinite(value)) {
         return *name;
     }
-    std::array<char, kLongestNumber> text;
-    const auto [end, error] = std::to_chars(text.data(), text.data() + text.size(), value,
-                                            std::chars_format::fixed, digits);
-    if (error != std::errc{}) {
-        return shortText(value);
-    }
-    std::string result(text.data(), end);
+    std::string result = fmt::format("{:.{}f}", value, digits);
     const bool zero = result.find_first_not_of("-0.") == std::string::npos;
     return zero && result.front() == '-' ? result.substr(1) : result;
 }
@@ -56,18 +52,19 @@ std::string shortText(double value) {
     if (auto name = nameOfNonFinite(value)) {
         return *name;
     }
-    std::array<char, kLongestNumber> text;
+    // fmt writes 100000 and 0.0001 where this writes 1e+05 and 1e-04.
+    std::array<char, kLongestShortNumber> text;
     const auto [end, error] = std::to_chars(text.data(), text.data() + text.size(), value);
     return error == std::errc{} ? std::string(text.data(), end) : std::string();
 }
 
 std::string pointText(const Tq_1_1::Vec3d<double>& point, int digits) {
-    return fixedText(point.x, digits) + ", " + fixedText(point.y, digits) + ", " +
-           fixedText(point.z, digits);
+    return fmt::format("{}, {}, {}", fixedText(point.x, digits), fixedText(point.y, digits),
+                       fixedText(point.z, digits));
 }
 
 std::string countText(std::uint64_t count, std::string_view one, std::string_view many) {
-    return std::to_string(count) + ' ' + std::string(count == 1 ? one : many);
+    return fmt::format("{} {}", count, count == 1 ? one : many);
 }
 
 std::optional<double> parseNumber(std::string_view text) {

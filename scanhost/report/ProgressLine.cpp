@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <utility>
 
+#include <fmt/format.h>
+
 namespace ScanHost {
 
 namespace {
@@ -28,7 +30,7 @@ void ProgressLine::setFraction(double fraction) {
     }
     percent_ = percent;
     std::string line = inPlace_ ? kEraseLine : "scanhost: ";
-    line += task_ + ' ' + std::to_string(percent) + " %";
+    line += fmt::format("{} {} %", task_, percent);
     line += inPlace_ ? "" : "\n";
     out_ << line << std::flush;
 }

@@ -9,6 +9,8 @@
 #include <sstream>
 #include <utility>
 
+#include <fmt/format.h>
+
 #include "report/NumberText.h"
 
 namespace ScanHost {
@@ -141,7 +143,7 @@ void Report::addText(const std::string& key, const std::string& label, const std
 }
 
 void Report::addCount(const std::string& key, const std::string& label, std::uint64_t value) {
-    add(key, label, Json::Value(Json::UInt64{value}), std::to_string(value));
+    add(key, label, Json::Value(Json::UInt64{value}), fmt::to_string(value));
 }
 
 void Report::addNumber(const std::string& key, const std::string& label, double value, int digits,

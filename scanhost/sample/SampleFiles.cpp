@@ -7,6 +7,8 @@
 #include <sstream>
 #include <system_error>
 
+#include <fmt/format.h>
+
 #include <json/json.h>
 
 #include "kit/AtomicFile.h"
@@ -137,8 +139,8 @@ std::string projectText() {
 std::string describe(const StanceScan& scan) {
     const auto empty = std::count_if(scan.cells.begin(), scan.cells.end(),
                                      [](const StanceScan::Cell& cell) { return !cell.hasReturn; });
-    return "a stance of " + std::to_string(scan.rows) + " x " + std::to_string(scan.cols) +
-           " cells, " + std::to_string(empty) + " without a return";
+    return fmt::format("a stance of {} x {} cells, {} without a return", scan.rows, scan.cols,
+                       empty);
 }
 
 }  // namespace
@@ -147,7 +149,8 @@ std::vector<SampleFile> writeSample(const std::filesystem::path& folder) {
     std::error_code error;
     std::filesystem::create_directories(folder, error);
     if (error) {
-        throw Failure(folder.string() + ": the folder cannot be made: " + error.message());
+        throw Failure(
+            fmt::format("{}: the folder cannot be made: {}", folder.string(), error.message()));
     }
     std::vector<SampleFile> files;
     for (int number = 0; number < 2; ++number) {
@@ -156,8 +159,9 @@ std::vector<SampleFile> writeSample(const std::filesystem::path& folder) {
         writeStance(files.back().file, scan);
     }
     const WalkScan walk = simulateWalk();
-    files.push_back({folder / "walk.las", "a walk of " + fixedText(kWalkDuration, 0) + " s, " +
-                                              countText(walk.points.size(), "point", "points")});
+    files.push_back(
+        {folder / "walk.las", fmt::format("a walk of {} s, {}", fixedText(kWalkDuration, 0),
+                                          countText(walk.points.size(), "point", "points"))});
     writeWalk(files.back().file, walk);
     files.push_back(
         {folder / "walk.txt", "its trajectory, " + countText(walk.nodes.size(), "pose", "poses")});

@@ -3,12 +3,14 @@
 
 #include "session/KnownFiles.h"
 
+#include <fmt/format.h>
+
 #include "Ovr/FormatRegistry.h"
 
 namespace ScanHost {
 
 std::string pointsFileText(const std::string& noun) {
-    return noun + " (" + Ovr::FormatRegistry::the().knownExtensions() + ")";
+    return fmt::format("{} ({})", noun, Ovr::FormatRegistry::the().knownExtensions());
 }
 
 std::string projectFileText(const std::string& noun) {
@@ -16,7 +18,7 @@ std::string projectFileText(const std::string& noun) {
     for (const std::string& extension : Ovr::FormatRegistry::the().projectFormat().extensions) {
         list += (list.empty() ? "." : ", .") + extension;
     }
-    return noun + " (" + list + ")";
+    return fmt::format("{} ({})", noun, list);
 }
 
 std::string trajectoryNames() {

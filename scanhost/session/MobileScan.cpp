@@ -23,8 +23,7 @@ MobileScan::MobileScan(const ImportedScan& scan, Console& console)
       console_(console),
       points_(std::dynamic_pointer_cast<Vardex::CorvinMobilePointSet>(scan.pointSet)) {
     if (!points_) {
-        throw Failure(scan.source.file.string() +
-                      ": found a stationary scan, expected a mobile scan");
+        throw unexpected(scan.source.file.string(), "a stationary scan", "a mobile scan");
     }
 }
 
@@ -41,10 +40,9 @@ bool MobileScan::loadTrajectory() {
 
 void MobileScan::requireTrajectory() {
     if (!loadTrajectory()) {
-        throw Failure(
-            fmt::format("{}: found no trajectory, expected a {} next to it that holds "
-                        "poses, or --trajectory FILE",
-                        scan_.source.file.string(), trajectoryNames()));
+        throw unexpected(scan_.source.file.string(), "no trajectory",
+                         fmt::format("a {} next to it that holds poses, or --trajectory FILE",
+                                     trajectoryNames()));
     }
 }
 

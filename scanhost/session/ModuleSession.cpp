@@ -6,6 +6,8 @@
 #include <array>
 #include <system_error>
 
+#include <fmt/format.h>
+
 #include "Hx/ModuleInitInfo.h"
 #include "Hx/PointSetFactory.h"
 #include "Hx/RestrictionManager.h"
@@ -21,7 +23,7 @@ namespace {
 constexpr const char* kModuleFile = "VardexScandata.so";
 constexpr int kEntryPointSucceeded = 1;
 
-std::filesystem::path besideProgram() {
+std::filesystem::path nextToProgram() {
     std::error_code error;
     const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
     return error ? std::filesystem::path(kModuleFile) : program.parent_path() / kModuleFile;
@@ -31,7 +33,7 @@ template <typename Function>
 Function& entryPoint(const Platform::LoadedLibrary& library, const char* name) {
     Function* function = library.function<Function>(name);
     if (function == nullptr) {
-        throw Failure(std::string("the module exports no ") + name);
+        throw Failure(fmt::format("the module exports no {}", name));
     }
     return *function;
 }
@@ -42,7 +44,7 @@ ModuleSession::ModuleSession(const std::filesystem::path& module)
     : application_(std::make_shared<Hx::Application>()) {
     application_->setRestrictionManager(std::make_shared<Hx::RestrictionManager>());
     std::string error;
-    library_ = Platform::LoadedLibrary::open(module.empty() ? besideProgram() : module, error);
+    library_ = Platform::LoadedLibrary::open(module.empty() ? nextToProgram() : module, error);
     if (!library_) {
         throw Failure(error);
     }
@@ -65,10 +67,7 @@ void ModuleSession::callEntryPoints() {
     std::array<int, 4> number{};
     entryPoint<Hx::HxGetVersionFunction>(*library_, "HxGetVersion")(&number[0], &number[1],
                                                                     &number[2], &number[3]);
-    for (const int part : number) {
-        version_ += version_.empty() ? "" : ".";
-        version_ += std::to_string(part);
-    }
+    version_ = fmt::format("{}", fmt::join(number, "."));
     const auto info = std::make_shared<Hx::ModuleInitInfo>();
     const int initialised = entryPoint<Hx::HxInitFunction>(*library_, "HxInit")(info);
     const int started =

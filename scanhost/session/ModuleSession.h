@@ -20,7 +20,7 @@ namespace ScanHost {
 class ModuleSession {
   public:
     /// Loads the module and calls its entry points. Throws a Failure when one refuses.
-    /// @param module  empty: VardexScandata.so beside this program
+    /// @param module  empty: VardexScandata.so next to this program
     explicit ModuleSession(const std::filesystem::path& module);
     ModuleSession(const ModuleSession&) = delete;
     ModuleSession& operator=(const ModuleSession&) = delete;

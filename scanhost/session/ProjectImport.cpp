@@ -6,6 +6,8 @@
 #include <memory>
 #include <optional>
 
+#include <fmt/format.h>
+
 #include "Hx/ErrorConversion.h"
 #include "Ovr/FormatRegistry.h"
 #include "Tq/File.h"
@@ -56,8 +58,9 @@ void setPose(const ProjectScan& said, const ImportedScan& scan, Console& console
         stance->setSlamPose(pose);
         place(scan, console);
     } else if (!(ofFile == pose)) {
-        console.warn(scan.source.file.string() + ": the pose of the points file is kept; the " +
-                     "project says another one");
+        console.warn(
+            fmt::format("{}: the pose of the points file is kept; the project says another one",
+                        scan.source.file.string()));
     }
 }
 
@@ -68,8 +71,7 @@ std::vector<ProjectScan> scansOf(const Vardex::VardexDataObj& project, const Sca
 
 void requireOne(std::size_t scans, const std::string& file) {
     if (scans != 1) {
-        throw Failure(file + ": found " + countText(scans, "scan", "scans") +
-                      ", expected one: choose it with --scan N");
+        throw unexpected(file, countText(scans, "scan", "scans"), "one: choose it with --scan N");
     }
 }
 

@@ -3,6 +3,8 @@
 
 #include "session/Require.h"
 
+#include <fmt/format.h>
+
 #include "Hx/ErrorConversion.h"
 #include "Hx/IOMessages.h"
 #include "Tq/String.h"
@@ -18,8 +20,9 @@ void requireOk(int result, const std::string& what) {
     }
     const auto named = static_cast<Hx::IOMessages::IOResult>(result);
     const std::string words = Hx::lastErrorMessage();
-    throw Failure(words.empty() ? what + ": " + Hx::IOMessages::describe(named) : words,
-                  named == Hx::IOMessages::IO_CANCELLED ? ExitCode::Cancelled : ExitCode::Failed);
+    throw Failure(
+        words.empty() ? fmt::format("{}: {}", what, Hx::IOMessages::describe(named)) : words,
+        named == Hx::IOMessages::IO_CANCELLED ? ExitCode::Cancelled : ExitCode::Failed);
 }
 
 void requireOk(const Ovr::ErrorPtr& error) {
@@ -32,7 +35,7 @@ void requireOk(const Ovr::ErrorPtr& error) {
 
 void requireUtf8(const std::string& file) {
     if (Tq_1_1::String::fromUtf8(file).toUtf8() != file) {
-        throw Failure(printable(file) + ": found a name that is not UTF-8, expected one that is");
+        throw unexpected(printable(file), "a name that is not UTF-8", "one that is");
     }
 }
 

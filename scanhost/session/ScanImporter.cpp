@@ -3,6 +3,8 @@
 
 #include "session/ScanImporter.h"
 
+#include <fmt/format.h>
+
 #include "Hx/ErrorConversion.h"
 #include "Hx/FileInfo.h"
 #include "Hx/ModelContext.h"
@@ -97,8 +99,8 @@ void ScanImporter::readPoints(const ImportedScan& scan) const {
 
 void requireNumber(const ScanOptions& options, std::size_t count, const std::string& file) {
     if (options.number && *options.number > count) {
-        throw Failure(file + ": found " + countText(count, "scan", "scans") +
-                      ", expected a scan number " + std::to_string(*options.number));
+        throw unexpected(file, countText(count, "scan", "scans"),
+                         fmt::format("a scan number {}", *options.number));
     }
 }
 

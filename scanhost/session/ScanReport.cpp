@@ -6,6 +6,8 @@
 #include <cmath>
 #include <cstdint>
 
+#include <fmt/format.h>
+
 #include "Hx/PointSetOps.h"
 #include "Hx/Time.h"
 
@@ -33,13 +35,13 @@ void describeRecord(const ImportedScan& scan, Report& report) {
     value["layout"] = layout;
     value["bytesPerPoint"] = Json::UInt64{bytes};
     report.add("record", "record", value,
-               layout + ", " + std::to_string(bytes) + " bytes per point");
+               fmt::format("{}, {} bytes per point", layout, bytes));
 }
 
 template <typename Value>
 std::string rangeText(const Range<Value>& range, int digits) {
-    return fixedText(static_cast<double>(range.low), digits) + " .. " +
-           fixedText(static_cast<double>(range.high), digits);
+    return fmt::format("{} .. {}", fixedText(static_cast<double>(range.low), digits),
+                       fixedText(static_cast<double>(range.high), digits));
 }
 
 template <typename Value, std::size_t count>
@@ -58,9 +60,9 @@ void describeBounds(const PointSummary& summary, Report& report) {
         return;
     }
     report.add("bounds", "bounds [m]", jsonRanges(summary.bounds),
-               "x " + rangeText(summary.bounds[0], kMetreDigits) + ", y " +
-                   rangeText(summary.bounds[1], kMetreDigits) + ", z " +
-                   rangeText(summary.bounds[2], kMetreDigits));
+               fmt::format("x {}, y {}, z {}", rangeText(summary.bounds[0], kMetreDigits),
+                           rangeText(summary.bounds[1], kMetreDigits),
+                           rangeText(summary.bounds[2], kMetreDigits)));
 }
 
 void describeLight(const PointSummary& summary, Report& report) {
@@ -72,19 +74,19 @@ void describeLight(const PointSummary& summary, Report& report) {
         value["max"] = summary.reflection.high;
         value["mean"] = summary.meanReflection;
         value["points"] = Json::UInt64{summary.withReflection};
-        report.add(
-            "reflection", "reflection", value,
-            rangeText(summary.reflection, 0) + ", mean " + fixedText(summary.meanReflection, 1));
+        report.add("reflection", "reflection", value,
+                   fmt::format("{}, mean {}", rangeText(summary.reflection, 0),
+                               fixedText(summary.meanReflection, 1)));
     }
     if (summary.withColor == 0) {
         report.addNone("color", "colour", "none");
     } else {
         Json::Value value = jsonRanges(summary.channels);
         value["points"] = Json::UInt64{summary.withColor};
-        report.add("color", "colour", value,
-                   "red " + rangeText(summary.channels[0], 0) + ", green " +
-                       rangeText(summary.channels[1], 0) + ", blue " +
-                       rangeText(summary.channels[2], 0));
+        report.add(
+            "color", "colour", value,
+            fmt::format("red {}, green {}, blue {}", rangeText(summary.channels[0], 0),
+                        rangeText(summary.channels[1], 0), rangeText(summary.channels[2], 0)));
     }
 }
 
@@ -107,7 +109,7 @@ std::string matrixLines(const Tq_1_1::Mat4d<double>& matrix) {
             const std::string number =
                 fixedText(matrix(row, col), col < 3 ? kRotationDigits : kMetreDigits);
             const std::size_t width = col < 3 ? 10 : 16;
-            lines += std::string(width > number.size() ? width - number.size() : 1, ' ') + number;
+            lines += fmt::format(" {:>{}}", number, width - 1);
         }
         lines += '\n';
     }
@@ -189,8 +191,8 @@ void describeScan(const ImportedScan& scan, Report& report, Console& console) {
     report.addHidden("rows", rows);
     report.addHidden("columns", cols);
     report.add("cells", "grid", Json::UInt64{points.getNumPoints()},
-               countText(static_cast<std::uint64_t>(rows), "row", "rows") + " x " +
-                   countText(static_cast<std::uint64_t>(cols), "column", "columns"));
+               fmt::format("{} x {}", countText(static_cast<std::uint64_t>(rows), "row", "rows"),
+                           countText(static_cast<std::uint64_t>(cols), "column", "columns")));
     describePoints(scan, report);
     describePlacement(scan, report);
     describeMetadata(scan, report);
