@@ -40,9 +40,9 @@ std::vector<PictureFile> drawScans(const std::vector<ImportedScan>& scans,
     for (const ImportedScan& scan : scans) {
         ++number;
         if (!MobileScan::isMobile(scan) && scan.pointSet->getNumPoints() > 0) {
-            const std::filesystem::path panoramaOf = panoramaFile(file, number);
-            write(panorama(*scan.pointSet), panoramaOf);
-            pictures.push_back({panoramaOf, "panorama of " + scan.name});
+            const std::filesystem::path target = panoramaFile(file, number);
+            write(panorama(*scan.pointSet), target);
+            pictures.push_back({target, "panorama of " + scan.name});
         }
     }
     return pictures;

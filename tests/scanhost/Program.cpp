@@ -45,20 +45,30 @@ class Spawn {
         posix_spawn_file_actions_addopen(&actions_, stream, file.c_str(),
                                          O_WRONLY | O_CREAT | O_TRUNC, 0600);
     }
-    void toPipe(int stream, int pipe) { posix_spawn_file_actions_adddup2(&actions_, pipe, stream); }
+    void toDescriptor(int stream, int descriptor) {
+        posix_spawn_file_actions_adddup2(&actions_, descriptor, stream);
+    }
+    void inFolder(const std::filesystem::path& folder) {
+        posix_spawn_file_actions_addchdir_np(&actions_, folder.c_str());
+    }
 
     int run(const std::vector<std::string>& arguments) {
         std::vector<std::string> words{SCANHOST_PROGRAM};
         words.insert(words.end(), arguments.begin(), arguments.end());
+        return runProgram(std::move(words));
+    }
+    /// @param words  the path of a program, and its arguments
+    int runProgram(std::vector<std::string> words) {
         std::vector<char*> pointers;
         for (std::string& word : words) {
             pointers.push_back(word.data());
         }
         pointers.push_back(nullptr);
         pid_t process = -1;
-        EXPECT_EQ(posix_spawn(&process, SCANHOST_PROGRAM, &actions_, &attributes_, pointers.data(),
-                              environ),
-                  0);
+        EXPECT_EQ(posix_spawn(&process, words.front().c_str(), &actions_, &attributes_,
+                              pointers.data(), environ),
+                  0)
+            << words.front();
         return process;
     }
 
@@ -95,6 +105,18 @@ Outcome run(const std::vector<std::string>& arguments) {
     return {exitCode, readFile(folder.file("out")), readFile(folder.file("err"))};
 }
 
+Outcome runShell(const std::string& line, const std::filesystem::path& folder) {
+    const Folder outputs;
+    Spawn spawn;
+    spawn.toFile(STDOUT_FILENO, outputs.file("out"));
+    spawn.toDescriptor(STDERR_FILENO, STDOUT_FILENO);
+    spawn.inFolder(folder);
+    const std::string path = std::filesystem::path(SCANHOST_PROGRAM).parent_path().string();
+    const int exitCode =
+        waitFor(spawn.runProgram({"/bin/bash", "-c", "PATH='" + path + "':$PATH\n" + line}));
+    return {exitCode, readFile(outputs.file("out")), {}};
+}
+
 Json::Value runJson(std::vector<std::string> arguments) {
     arguments.emplace_back("--json");
     const Outcome outcome = run(arguments);
@@ -117,7 +139,7 @@ int start(const std::vector<std::string>& arguments, const std::string& outFile,
     EXPECT_EQ(fcntl(ends[1], F_SETPIPE_SZ, kSmallestPipe), kSmallestPipe);
     Spawn spawn;
     spawn.toFile(STDOUT_FILENO, outFile);
-    spawn.toPipe(STDERR_FILENO, ends[1]);
+    spawn.toDescriptor(STDERR_FILENO, ends[1]);
     const int process = spawn.run(arguments);
     close(ends[1]);
     pipe = ends[0];

@@ -38,6 +38,11 @@ struct Outcome {
 /// Runs the built program and waits for it.
 Outcome run(const std::vector<std::string>& arguments);
 
+/// Runs a line in bash, where "scanhost" is the built program.
+/// @param folder  to run it in
+/// @return its standard output and standard error, both in Outcome::out
+Outcome runShell(const std::string& line, const std::filesystem::path& folder);
+
 /// Runs the program with --json and gives the document; fails the test unless the exit code is 0
 /// and standard output holds one strict JSON document and nothing else.
 Json::Value runJson(std::vector<std::string> arguments);
