@@ -48,19 +48,6 @@ TEST(CommandLine, WrongUsageEndsWithTwo) {
     }
 }
 
-TEST(CommandLine, HelpGoesToStandardOutput) {
-    const Outcome help = run({"--help"});
-    EXPECT_EQ(help.exitCode, 0);
-    EXPECT_EQ(help.err, "");
-    for (const char* command : {"info", "point", "times", "where", "path", "near", "export", "sort",
-                                "commands", "sample"}) {
-        EXPECT_NE(help.out.find(std::string("\n  ") + command + ' '), std::string::npos) << command;
-        const Outcome own = run({command, "--help"});
-        EXPECT_EQ(own.exitCode, 0) << command;
-        EXPECT_NE(own.out.find("--json"), std::string::npos) << command;
-    }
-}
-
 TEST(CommandLine, VersionIsThatOfTheModule) {
     EXPECT_EQ(run({"--version"}).out, "VardexScandata 13.2.0.14634\n");
     const Folder folder;

@@ -245,15 +245,5 @@ TEST_F(SampleWalk, IsAlsoReachedThroughTheProject) {
     EXPECT_NE(early.err.find("461500000.0008"), std::string::npos) << early.err;
 }
 
-TEST_F(SampleWalk, DroppedTimesAreGone) {
-    const Json::Value times = runJson({"times", walk_, "--drop"});
-    EXPECT_EQ(times["loaded"]["distinct"], 20000);
-    EXPECT_EQ(times["loaded"]["ordered"], false);
-    EXPECT_EQ(times["loaded"]["bytesPerPoint"], 24);
-    EXPECT_EQ(times["dropped"]["distinct"], 1);
-    EXPECT_EQ(times["dropped"]["last"], 0.0);
-    EXPECT_EQ(times["dropped"]["layout"], "WithReflectionAndTime");
-}
-
 }  // namespace
 }  // namespace ScanHost::Tests
