@@ -40,6 +40,7 @@ struct Option {
     const std::string& name() const { return names.back(); }
     bool isPositional() const { return names.front().front() != '-'; }
 
+    /// A command line without this option is wrong usage.
     Option& required();
     /// This option is wrong usage without the other one.
     Option& needs(const Option& other);
@@ -61,6 +62,7 @@ class Options {
     Options(Options&&) = default;
     Options& operator=(Options&&) = default;
 
+    /// An option without a value: the target becomes true.
     Option& flag(const std::string& names, bool& target, const std::string& help);
     /// A finite number in the notation that parseNumber reads.
     Option& number(const std::string& names, std::optional<double>& target,

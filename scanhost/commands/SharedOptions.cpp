@@ -39,8 +39,9 @@ void declareModule(Options& options, CommonOptions& target) {
 }
 
 void declareScan(Options& options, ScanOptions& target) {
+    target.files.resize(1);
     options
-        .positional("SCAN", target.files.emplace_back(), Option::Names::File,
+        .positional("SCAN", target.files.front(), Option::Names::File,
                     fmt::format("{} or {}", pointsFileText("Points file"),
                                 projectFileText("scanner project")))
         .required();

@@ -25,16 +25,17 @@ class Console {
     /// Empty when nothing is to be shown.
     const std::shared_ptr<ProgressLine>& progress() const { return progress_; }
 
-    /// Says a warning once, however often it comes.
+    /// Says a warning once, however often it comes. JSON documents repeat it.
     void warn(const std::string& message);
     void warn(const std::vector<std::string>& messages);
+    /// Says why a command ends.
     void error(const std::string& message);
 
     /// Prints a report. Throws a Failure when standard output does not take it.
     void show(const Report& report);
     /// Standard output, for text that is not a report.
     std::ostream& stream() { return out_; }
-    /// Prints text as it is.
+    /// Prints text as it is. Throws a Failure when standard output does not take it.
     void print(const std::string& text);
 
   private:

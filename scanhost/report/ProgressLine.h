@@ -24,7 +24,9 @@ class ProgressLine final : public Ovr::DataStructures::IProgress {
     /// @param inPlace  write over the line; else each percent gets a line of its own
     ProgressLine(std::ostream& out, bool inPlace) : out_(out), inPlace_(inPlace) {}
 
+    /// The next task.
     void begin(const std::string& task);
+    /// @param fraction  of the task that is done, 0 to 1
     void setFraction(double fraction) override;
     /// Takes the line away again.
     void end();
@@ -44,6 +46,7 @@ std::shared_ptr<ProgressLine> makeProgress(std::ostream& out, ProgressMode mode)
 /// One task, from construction to destruction. The line may be empty.
 class ProgressTask {
   public:
+    /// @param task  what is done, for example "walk.las: reading points"
     ProgressTask(std::shared_ptr<ProgressLine> line, const std::string& task);
     ProgressTask(const ProgressTask&) = delete;
     ProgressTask& operator=(const ProgressTask&) = delete;

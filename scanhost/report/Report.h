@@ -20,7 +20,7 @@ namespace ScanHost {
 Json::Value jsonNumber(double value);
 /// An array of three numbers.
 Json::Value jsonPoint(const Tq_1_1::Vec3d<double>& point);
-/// Writes one document, readable, with every digit that a double has, and a line end behind it.
+/// Writes one document, readable, with every digit that a double has, and a line end.
 void writeJson(std::ostream& out, const Json::Value& document);
 /// The same document in one line, without a line end.
 std::string jsonLine(const Json::Value& document);
@@ -49,14 +49,16 @@ class Report {
     /// @param value  for JSON
     /// @param text   for people, unit included
     void add(const std::string& key, const std::string& label, Json::Value value, std::string text);
+    /// The value is made printable.
     void addText(const std::string& key, const std::string& label, const std::string& value);
     void addCount(const std::string& key, const std::string& label, std::uint64_t value);
-    /// @param unit  behind the number in the text, for example " m"; JSON has the number alone
+    /// @param unit  follows the number in the text, for example " m"; JSON has the number alone
     void addNumber(const std::string& key, const std::string& label, double value, int digits,
                    const std::string& unit);
-    /// Lengths [m] and times [s], with the digits that they have everywhere.
+    /// A length [m] or a time [s], with the digits that it has everywhere.
     void addMetres(const std::string& key, const std::string& label, double metres);
     void addSeconds(const std::string& key, const std::string& label, double seconds);
+    /// "yes" or "no" in the text.
     void addFlag(const std::string& key, const std::string& label, bool value);
     void addPoint(const std::string& key, const std::string& label,
                   const Tq_1_1::Vec3d<double>& point, int digits, const std::string& unit);
@@ -65,6 +67,7 @@ class Report {
     /// A text of several lines, shown indented below its label.
     void addBlock(const std::string& key, const std::string& label, Json::Value value,
                   const std::string& lines);
+    /// @param title  stands above the table; may be empty
     void addTable(const std::string& key, const std::string& title, Table table);
     /// A value that only programs need.
     void addHidden(const std::string& key, Json::Value value);

@@ -67,8 +67,8 @@ Crossing enter(const Box& box, const Vec3& origin, const Vec3& direction) {
     return {};
 }
 
-/// The box of air that goes on behind a face, if one does.
-const Box* boxBehind(const Box& from, const Crossing& crossing, const Vec3& point) {
+/// The box of air that goes on beyond a face, if one does.
+const Box* boxBeyond(const Box& from, const Crossing& crossing, const Vec3& point) {
     for (const Box& box : kAir) {
         const bool another = box.low.x != from.low.x;
         if (another && crossing.axis == 0 && contains(box, point)) {
@@ -119,7 +119,7 @@ std::optional<Hit> House::cast(const Vec3& origin, const Vec3& direction) {
         last = air;
         exit = leave(*air, origin, direction);
         point = pointAt(origin, direction, exit);
-        air = boxBehind(*air, exit, point);
+        air = boxBeyond(*air, exit, point);
     }
     const Crossing pillar = enter(kPillar, origin, direction);
     if (pillar.distance < exit.distance) {

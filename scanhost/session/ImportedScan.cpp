@@ -11,10 +11,6 @@ Tq_1_1::Mat4d<double> ImportedScan::toWorld() const {
     return container->calcTrafoTo(nullptr);
 }
 
-Ovr::VardexLib::CorvinScanData& ImportedScan::scanData() const {
-    return dynamic_cast<Ovr::VardexLib::CorvinScanData&>(pointSet->getIScanData());
-}
-
 void place(const ImportedScan& scan, Console& console) {
     Tq_1_1::Mat4d<double> matrix = Tq_1_1::Mat4d<double>::identity();
     if (const auto stance =

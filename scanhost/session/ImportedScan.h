@@ -8,7 +8,6 @@
 
 #include "Hx/PtSetObject.h"
 #include "Ovr/ScanSource.h"
-#include "Ovr/Vardex/CorvinScanData.h"
 #include "Tq/Mat4d.h"
 #include "Tq/SmartPtr.h"
 
@@ -28,7 +27,6 @@ struct ImportedScan {
 
     /// From the points' frame to the world.
     Tq_1_1::Mat4d<double> toWorld() const;
-    Ovr::VardexLib::CorvinScanData& scanData() const;
 };
 
 /// Moves the scan's container to where its points belong: a stance by its pose, a mobile scan to

@@ -13,8 +13,9 @@ class Interrupt final : public Ovr::DataStructures::ICancelInfo {
   public:
     /// Takes the interrupt signal over.
     static void listen();
+    /// Whether the user has asked for it.
     static bool wasAsked();
-    /// Throws a Failure with ExitCode::Cancelled when the user asked for it.
+    /// Throws a Failure with ExitCode::Cancelled when the user has asked for it.
     static void check();
 
     bool isCancelled() const override { return wasAsked(); }

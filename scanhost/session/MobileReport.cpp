@@ -43,17 +43,17 @@ void describeTimes(const MobileScan& mobile, Report& report) {
     }
     times.addSeconds("first", "earliest point", range.low);
     times.addSeconds("last", "latest point", range.high);
-    const auto layout = mobile.points().getRecordLayout();
-    times.addCount("bytesPerPoint", "bytes per point now", Vardex::recordSize(layout));
+    times.addCount("bytesPerPoint", "bytes per point now", mobile.points().getRecordSize());
 }
 
 void describeLoadedTrajectory(const ImportedScan& scan, MobileScan& mobile, Report& report,
                               Console& console) {
     try {
-        if (mobile.loadTrajectory()) {
-            describeTrajectory(mobile, report);
-        } else {
+        mobile.loadTrajectory();
+        if (mobile.nodes().empty()) {
             report.addNone("trajectory", "trajectory", "none");
+        } else {
+            describeTrajectory(mobile, report);
         }
     } catch (const Failure& failure) {
         if (failure.code() == ExitCode::Cancelled || scan.trajectoryNamed) {

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: MIT
 
 #include "session/MobileScan.h"
-#include "session/Require.h"
 
 #include <algorithm>
 #include <cmath>
@@ -15,6 +14,7 @@
 #include "report/Failure.h"
 #include "session/Interrupt.h"
 #include "session/KnownFiles.h"
+#include "session/Require.h"
 
 namespace ScanHost {
 
@@ -31,15 +31,15 @@ bool MobileScan::isMobile(const ImportedScan& scan) {
     return std::dynamic_pointer_cast<Vardex::CorvinMobilePointSet>(scan.pointSet) != nullptr;
 }
 
-bool MobileScan::loadTrajectory() {
+void MobileScan::loadTrajectory() {
     auto& scanData = points_->getMobileScanData();
     requireOk(scanData.fetchTrajectory(nodes_));
     console_.warn(scanData.getWarnings());
-    return !nodes_->empty();
 }
 
 void MobileScan::requireTrajectory() {
-    if (!loadTrajectory()) {
+    loadTrajectory();
+    if (nodes().empty()) {
         throw unexpected(scan_.source.file.string(), "no trajectory",
                          fmt::format("a {} next to it that holds poses, or --trajectory FILE",
                                      trajectoryNames()));

@@ -21,32 +21,38 @@ namespace ScanHost {
 /// origin, as the points are.
 class MobileScan {
   public:
-    /// @param scan  outlives this. Throws a Failure when it is no mobile scan.
+    /// Throws a Failure when the scan is no mobile one.
+    /// @param scan  outlives this, and so does @p console
     MobileScan(const ImportedScan& scan, Console& console);
+    /// Whether the scan is a mobile one.
     static bool isMobile(const ImportedScan& scan);
 
-    /// Reads the trajectory that belongs to the scan and hands it to the point set.
-    /// @return false when the scan has none. Throws a Failure when it cannot be read.
-    bool loadTrajectory();
-    /// The same, but a scan without a trajectory is a failure too.
+    /// Loads the trajectory that belongs to the scan: what the scan data hold, else what is read
+    /// from its file. A scan without one has no nodes then. Throws a Failure when the trajectory
+    /// cannot be read.
+    void loadTrajectory();
+    /// The same, but a scan without a trajectory is a Failure too.
     void requireTrajectory();
 
     /// Loads the points' times.
     /// @return false when the file has none. Throws a Failure when they cannot be loaded.
-    bool loadTimes();
-    /// The same, but a file without times is a failure too.
+    [[nodiscard]] bool loadTimes();
+    /// The same, but a file without times is a Failure too.
     void requireTimes();
     /// Makes the scan's duration known: from the points' times or, where the points carry none,
     /// from the trajectory. Requires: the trajectory is loaded.
     void requireDuration();
 
     Vardex::CorvinMobilePointSet& points() const { return *points_; }
+    /// The trajectory's nodes, in the order of the file; shared with the scan data.
+    /// Requires: the trajectory was loaded.
     const std::vector<Ovr::VardexLib::TrajectoryNode>& nodes() const { return *nodes_; }
-    /// [s]
+    /// The scan's duration [s]; 0 before it is known.
     double duration() const { return points_->getMaxScanPointTime(); }
     /// Length of the path along the nodes [m].
     double pathLength() const;
-    /// What the host's registry of operations gives for the point set.
+    /// What the host's registry of operations gives for the point set. Throws a Failure when the
+    /// module registered nothing.
     std::shared_ptr<Hx::IScanPointTimes> pointTimes() const;
 
   private:
@@ -61,6 +67,7 @@ inline Tq_1_1::Vec3d<double> positionOf(const Ovr::VardexLib::TrajectoryNode& no
     return {node.pose[12], node.pose[13], node.pose[14]};
 }
 
+/// The distance of two points in one frame [m].
 double distanceBetween(const Tq_1_1::Vec3d<double>& a, const Tq_1_1::Vec3d<double>& b);
 
 }  // namespace ScanHost

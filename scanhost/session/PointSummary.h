@@ -51,6 +51,8 @@ struct PointSummary {
     std::uint64_t withNormal = 0;        ///< returns
 };
 
+/// Walks once over the points.
+/// @param toWorld  from the points' frame
 PointSummary summarize(const Hx::PointSet& points, const Tq_1_1::Mat4d<double>& toWorld);
 
 }  // namespace ScanHost

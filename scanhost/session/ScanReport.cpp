@@ -34,8 +34,7 @@ void describeRecord(const ImportedScan& scan, Report& report) {
     Json::Value value;
     value["layout"] = layout;
     value["bytesPerPoint"] = Json::UInt64{bytes};
-    report.add("record", "record", value,
-               fmt::format("{}, {} bytes per point", layout, bytes));
+    report.add("record", "record", value, fmt::format("{}, {} bytes per point", layout, bytes));
 }
 
 template <typename Value>
@@ -100,6 +99,19 @@ void describePoints(const ImportedScan& scan, Report& report) {
     if (summary.withNormal > 0) {
         report.addCount("normals", "points with normal", summary.withNormal);
     }
+}
+
+/// Four rows of four numbers.
+Json::Value jsonMatrix(const Tq_1_1::Mat4d<double>& matrix) {
+    Json::Value rows(Json::arrayValue);
+    for (std::size_t row = 0; row < 4; ++row) {
+        Json::Value numbers(Json::arrayValue);
+        for (std::size_t col = 0; col < 4; ++col) {
+            numbers.append(jsonNumber(matrix(row, col)));
+        }
+        rows.append(numbers);
+    }
+    return rows;
 }
 
 std::string matrixLines(const Tq_1_1::Mat4d<double>& matrix) {
@@ -200,18 +212,6 @@ void describeScan(const ImportedScan& scan, Report& report, Console& console) {
     if (MobileScan::isMobile(scan)) {
         describeMobile(scan, report, console);
     }
-}
-
-Json::Value jsonMatrix(const Tq_1_1::Mat4d<double>& matrix) {
-    Json::Value rows(Json::arrayValue);
-    for (std::size_t row = 0; row < 4; ++row) {
-        Json::Value numbers(Json::arrayValue);
-        for (std::size_t col = 0; col < 4; ++col) {
-            numbers.append(jsonNumber(matrix(row, col)));
-        }
-        rows.append(numbers);
-    }
-    return rows;
 }
 
 }  // namespace ScanHost

@@ -121,6 +121,12 @@ TEST(BadInput, QuestionsThatAScanCannotAnswer) {
          }) {
         expectFailure(c.name, c.arguments, c.file, c.words);
     }
+}
+
+TEST(BadInput, TimesAreBroughtOntoTheClockOfTheTrajectory) {
+    const Folder folder;
+    const std::string timed = folder.write("timed.las", timedScan(100.0, 101.0));
+    const std::string later = folder.write("later.tum", "900 0 0 0 0 0 0 1\n902 1 0 0 0 0 0 1\n");
     EXPECT_EQ(runJson({"times", timed, "--trajectory", later, "--time-offset", "800"})["duration"],
               2.0);
     const Json::Value thousandth = runJson({"times", timed, "--time-unit", "ms"})["duration"];

@@ -101,6 +101,12 @@ double offSurface(const Vec3& world) {
     return nearest;
 }
 
+/// An order that rounding in a file does not change.
+bool isBefore(const LasValue& a, const LasValue& b) {
+    return std::tuple(std::llround(a.time * 1e6), std::llround(a.point.x * 1e3), a.point.y) <
+           std::tuple(std::llround(b.time * 1e6), std::llround(b.point.x * 1e3), b.point.y);
+}
+
 TEST_F(SampleWalk, SortedPointsKeepTheirPlacesColoursAndTimes) {
     const std::string sorted = folder_.file("sorted.las");
     const Json::Value report = runJson({"sort", walk_, "-o", sorted});
@@ -112,13 +118,9 @@ TEST_F(SampleWalk, SortedPointsKeepTheirPlacesColoursAndTimes) {
                                 [](const auto& a, const auto& b) { return a.time < b.time; }));
     std::map<double, int> pointsOfTime;
     int pairsOfBeams = 0;
-    const auto order = [](const LasValue& a, const LasValue& b) {
-        return std::tuple(std::llround(a.time * 1e6), std::llround(a.point.x * 1e3), a.point.y) <
-               std::tuple(std::llround(b.time * 1e6), std::llround(b.point.x * 1e3), b.point.y);
-    };
     std::vector<LasValue> pairs = after;
-    std::sort(before.begin(), before.end(), order);
-    std::sort(pairs.begin(), pairs.end(), order);
+    std::sort(before.begin(), before.end(), isBefore);
+    std::sort(pairs.begin(), pairs.end(), isBefore);
     for (std::size_t i = 0; i < after.size(); ++i) {
         EXPECT_TRUE(i == 0 || after[i - 1].time <= after[i].time) << i;
         ASSERT_LT(offSurface(after[i].point), 1e-4) << i;
