@@ -45,6 +45,9 @@ run_head() {
 section 'The module, loaded as a shared library'
 run --version
 
+section 'The manual page, made of the declared commands and options'
+run_head 4 --manual
+
 section 'A simulated project: two rooms, two stances, one walk'
 run sample .
 

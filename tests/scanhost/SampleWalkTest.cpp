@@ -232,7 +232,7 @@ TEST_F(SampleWalk, ExportReadsBackAsTheSameTrajectory) {
 
 TEST_F(SampleWalk, IsAlsoReachedThroughTheProject) {
     std::filesystem::rename(folder_.file("walk.txt"), folder_.file("elsewhere.txt"));
-    const auto project = folder_.write("project.json", R"({"version": 1, "scans": [
+    const auto project = folder_.write("known-by-its-content", R"({"version": 1, "scans": [
         {"kind": "stance", "name": "A", "points": "room-a.ptx"},
         {"kind": "mobile", "name": "W", "points": "walk.las", "trajectory": "elsewhere.txt"}]})");
     const Json::Value report = runJson({"where", project, "--scan", "2", "--at", "10"});
