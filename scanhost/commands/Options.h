@@ -92,6 +92,7 @@ class Options {
                    const std::vector<std::pair<std::string, Value>>& words,
                    const std::string& help) {
         std::vector<std::string> known;
+        known.reserve(words.size());
         for (const auto& word : words) {
             known.push_back(word.first);
         }
