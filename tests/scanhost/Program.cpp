@@ -60,6 +60,7 @@ class Spawn {
     /// @param words  the path of a program, and its arguments
     int runProgram(std::vector<std::string> words) {
         std::vector<char*> pointers;
+        pointers.reserve(words.size() + 1);
         for (std::string& word : words) {
             pointers.push_back(word.data());
         }
