@@ -3,9 +3,8 @@
 
 #include "Hx/PointSetIntegration.h"
 
-#include <string>
-
 #include "Hx/OvrPointSet.h"
+#include "Tq/Path.h"
 
 namespace Hx {
 
@@ -82,8 +81,7 @@ std::shared_ptr<Ovr::IStructuredStreams> PointSetIntegration::openStructuredStre
 Ovr::ScanSource PointSetIntegration::getScanSource() const {
     const FileInfo& info = pointSet_.getFileInfo();
     Ovr::ScanSource source = info.source;
-    const std::string path = info.path.toUtf8();
-    source.file = std::u8string(path.begin(), path.end());
+    source.file = Tq_1_1::pathFromUtf8(info.path.toUtf8());
     return source;
 }
 

@@ -9,6 +9,7 @@
 #include "Hx/ErrorConversion.h"
 #include "Hx/PtSetObject.h"
 #include "Ovr/FormatRegistry.h"
+#include "Tq/Path.h"
 
 namespace Hx {
 
@@ -29,8 +30,7 @@ IOMessages::IOResult RawScanFileObject::fillFrom(const Tq_1_1::File& file, PtSet
     }
     auto project = std::make_shared<Ovr::ProjectFile>();
     const std::string path = file.getPath().toUtf8();
-    const auto error =
-        Ovr::FormatRegistry::the().readProject(std::u8string(path.begin(), path.end()), *project);
+    const auto error = Ovr::FormatRegistry::the().readProject(Tq_1_1::pathFromUtf8(path), *project);
     if (error) {
         return convertError(error, nullptr);
     }

@@ -6,24 +6,12 @@
 #include <filesystem>
 #include <system_error>
 
+#include "Tq/Path.h"
+
 namespace Tq_1_1 {
 
-namespace {
-
-std::filesystem::path toPath(const String& text) {
-    const std::string utf8 = text.toUtf8();
-    return std::u8string(utf8.begin(), utf8.end());
-}
-
-String toString(const std::filesystem::path& path) {
-    const std::u8string utf8 = path.u8string();
-    return String::fromUtf8({reinterpret_cast<const char*>(utf8.data()), utf8.size()});
-}
-
-}  // namespace
-
 std::unique_ptr<File> File::fromString(const String& path) {
-    const std::filesystem::path name = toPath(path).filename();
+    const std::filesystem::path name = pathFromUtf8(path.toUtf8()).filename();
     if (name.empty() || name == "." || name == "..") {
         return nullptr;
     }
@@ -31,7 +19,7 @@ std::unique_ptr<File> File::fromString(const String& path) {
 }
 
 String File::getName() const {
-    return toString(toPath(path_).filename());
+    return String::fromUtf8(utf8FromPath(pathFromUtf8(path_.toUtf8()).filename()));
 }
 
 String File::getExtension() const {
@@ -42,7 +30,7 @@ String File::getExtension() const {
 
 bool File::exists() const {
     std::error_code error;
-    const std::filesystem::path path = toPath(path_);
+    const std::filesystem::path path = pathFromUtf8(path_.toUtf8());
     return std::filesystem::exists(path, error) && !std::filesystem::is_directory(path, error);
 }
 
