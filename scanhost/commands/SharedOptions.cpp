@@ -17,11 +17,15 @@ namespace {
 
 const std::vector<std::pair<std::string, ProgressMode>> kProgressModes{
     {"plain", ProgressMode::Plain}, {"none", ProgressMode::None}};
-const std::vector<std::pair<std::string, Ovr::TimeUnit>> kTimeUnits{
-    {"s", Ovr::TimeUnit::Seconds},
-    {"ms", Ovr::TimeUnit::Milliseconds},
-    {"us", Ovr::TimeUnit::Microseconds},
-    {"ns", Ovr::TimeUnit::Nanoseconds}};
+
+std::vector<std::pair<std::string, Ovr::TimeUnit>> timeUnits() {
+    std::vector<std::pair<std::string, Ovr::TimeUnit>> units;
+    units.reserve(Ovr::kTimeUnits.size());
+    for (const Ovr::TimeUnitEntry& entry : Ovr::kTimeUnits) {
+        units.emplace_back(entry.name, entry.unit);
+    }
+    return units;
+}
 
 }  // namespace
 
@@ -56,7 +60,7 @@ void declareScanSettings(Options& options, ScanOptions& target) {
         fmt::format("Trajectory of a mobile scan instead of the {} next to it", trajectoryNames()));
     options.number("--time-offset", target.timeOffset, "SECONDS",
                    "Added to the points' times to bring them onto the trajectory's clock");
-    options.choice("--time-unit", target.timeUnit, kTimeUnits,
+    options.choice("--time-unit", target.timeUnit, timeUnits(),
                    "Unit of the times in the points file (s)");
 }
 

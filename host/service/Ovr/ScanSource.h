@@ -10,17 +10,17 @@
 
 #include "Ovr/Progress.h"
 #include "Ovr/ScanProject.h"
+#include "Ovr/TimeUnit.h"
 
 namespace Ovr {
-
-/// Unit of the time values in a points file.
-enum class TimeUnit : std::uint8_t { Seconds, Milliseconds, Microseconds, Nanoseconds };
 
 /// How the clock of a points file is brought onto the trajectory's:
 /// trajectory time [s] = value in the file x unit + offset.
 struct ClockSettings {
     TimeUnit unit = TimeUnit::Seconds;
     double offset = 0.0;  ///< [s]
+
+    friend bool operator==(const ClockSettings&, const ClockSettings&) = default;
 };
 
 /// Where a scan comes from: the file, the place of the scan in it, and what the user said of it.
@@ -29,11 +29,13 @@ struct ScanSource {
     std::uint32_t scanIndex = 0;   ///< among the scans of the file
     std::uint64_t byteOffset = 0;  ///< where the scan begins in the file
     std::uint64_t line = 1;        ///< the same place as a line number, in text formats
-    std::optional<std::filesystem::path> trajectory;  ///< instead of the file found beside it
+    std::optional<std::filesystem::path> trajectory;  ///< instead of the file found next to it
     ClockSettings clock;
     std::shared_ptr<ScanProject> project;  ///< empty: coordinates stay as they are in the file
     std::shared_ptr<DataStructures::IProgress> progress;  ///< may be empty
     std::shared_ptr<DataStructures::ICancelInfo> cancel;  ///< may be empty
+
+    friend bool operator==(const ScanSource&, const ScanSource&) = default;
 };
 
 }  // namespace Ovr
