@@ -1,8 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The VardexScandata developers
 // SPDX-License-Identifier: MIT
 
-#include "project/ProjectFile.h"
-
 #include <array>
 #include <cmath>
 #include <cstdint>
@@ -12,14 +10,17 @@
 #include <string>
 #include <string_view>
 
+#include "Ovr/FormatRegistry.h"
+#include "RegisterFormats.h"
 #include "support/TempFolder.h"
 
 namespace {
 
-/// The files that the seeds name, beside the project file. They are removed when the fuzzer ends.
+/// The files that the seeds name, next to the project file. They are removed when the fuzzer ends.
 const Support::TempFolder& projectFolder() {
     static const Support::TempFolder folder;
     static const bool ready = [] {
+        Ovr::Formats::registerFormats();
         const std::string scan =
             "1\n1\n0 0 0\n1 0 0\n0 1 0\n0 0 1\n1 0 0 0\n0 1 0 0\n0 0 1 0\n0 0 0 1\n1 2 3 0.5\n";
         folder.write("a.ptx", scan + scan);
@@ -37,7 +38,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto file = projectFolder().write(
         "site.json", std::string_view(reinterpret_cast<const char*>(data), size));
     Ovr::ProjectFile project;
-    if (const auto error = Ovr::Formats::readProjectFile(file, project)) {
+    if (const auto error = Ovr::FormatRegistry::the().readProject(file, project)) {
         if (!project.scans.empty() || error->message().find('\n') != std::string::npos) {
             std::abort();
         }

@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+// Lists the scans of a file in the format FUZZ_FORMAT and loads each, points and times.
+
+#include <cstdlib>
+#include <memory>
+#include <vector>
+
+#include "FuzzFile.h"
+#include "Ovr/FormatRegistry.h"
+#include "Ovr/Origin.h"
+#include "Ovr/Vardex/CorvinMetaData.h"
+#include "RegisterFormats.h"
+#include "support/MemoryScan.h"
+
+namespace {
+
+std::shared_ptr<const Ovr::IScanFormat> fuzzedFormat() {
+    Ovr::Formats::registerFormats();
+    for (const auto& format : Ovr::FormatRegistry::the().formats()) {
+        if (format->name() == FUZZ_FORMAT) {
+            return format;
+        }
+    }
+    std::abort();
+}
+
+/// Records that outnumber the file's bytes are a fault that no sanitizer sees.
+void load(const Ovr::ScanListing& scan, Ovr::IScanReader& reader, std::size_t size) {
+    constexpr std::uint64_t kAll = ~std::uint64_t{0};
+    Ovr::Remarks remarks;
+    Ovr::chooseOrigin(scan, reader, remarks);
+    Support::MemoryScan memory;
+    Ovr::VardexLib::CorvinMobileMetaData metaData;
+    Ovr::StatisticsReport statistics;
+    if (reader.loadPoints({memory, &metaData, kAll, {}, remarks}, statistics)) {
+        return;
+    }
+    if (memory.records.size() > size) {
+        std::abort();
+    }
+    Support::MemoryTimes times(memory.records.size());
+    double timeZero = 0.0;
+    static_cast<void>(reader.loadTimes({times, kAll, {}, &metaData, timeZero, {}, remarks}));
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static const auto format = fuzzedFormat();
+    static_cast<void>(format->recognises({reinterpret_cast<const char*>(data), size}));
+    const Fuzz::FuzzFile file(data, size);
+    std::vector<Ovr::ScanListing> scans;
+    const Ovr::ErrorPtr refused = format->list(file.path(), scans);
+    if (!refused && scans.empty()) {
+        std::abort();
+    }
+    for (Ovr::ScanListing& scan : scans) {
+        scan.source.project = std::make_shared<Ovr::ScanProject>();
+        load(scan, *format->makeReader(scan.source), size);
+    }
+    return 0;
+}
