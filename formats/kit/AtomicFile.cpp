@@ -3,15 +3,16 @@
 
 #include "kit/AtomicFile.h"
 
+#include <fcntl.h>
+#include <fmt/format.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <atomic>
 #include <cerrno>
 #include <cstdint>
 #include <string>
 #include <system_error>
-
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace Ovr::Formats {
 
@@ -25,7 +26,7 @@ constexpr mode_t kNewFileMode = 0666;  // cut down by the user's mask
 fs::path partName(const fs::path& target) {
     static std::atomic<std::uint32_t> counter{0};
     fs::path part = target;
-    part += ".part-" + std::to_string(::getpid()) + "-" + std::to_string(counter++);
+    part += fmt::format(".part-{}-{}", ::getpid(), counter++);
     return part;
 }
 
@@ -95,11 +96,9 @@ ErrorPtr AtomicFile::commit() {
 }
 
 ErrorPtr AtomicFile::failure(const char* what) const {
-    std::string found = what;
-    if (errno != 0) {
-        found += " (" + std::generic_category().message(errno) + ")";
-    }
-    return makeError(ErrorCode::WriteFailed, {target_.string(), "", found, ""});
+    const std::string reason =
+        errno == 0 ? "" : fmt::format(" ({})", std::generic_category().message(errno));
+    return makeError(ErrorCode::WriteFailed, {target_.string(), "", what + reason, ""});
 }
 
 void AtomicFile::discard() {

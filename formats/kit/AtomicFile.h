@@ -11,7 +11,7 @@
 
 namespace Ovr::Formats {
 
-/// A file that appears whole or not at all: it is written under another name beside its own, and
+/// A file that appears whole or not at all: it is written under another name next to its own, and
 /// renamed when it is complete. Destroying it without commit() removes what was written and leaves
 /// an earlier file of the name as it was.
 class AtomicFile {
@@ -25,17 +25,17 @@ class AtomicFile {
     /// @return empty on success. IsDirectory for a directory; WriteFailed for a device or pipe,
     ///         which a rename would replace, and where nothing can be written.
     ///         Requires: called once.
-    ErrorPtr open(const std::filesystem::path& target);
+    [[nodiscard]] ErrorPtr open(const std::filesystem::path& target);
 
     /// Binary. Takes everything; a failed write shows in its state and in commit().
     std::ostream& stream() { return stream_; }
 
     /// Brings the content to the disk and the file to its name. The stream is closed afterwards.
     /// @return WriteFailed when any of it failed; the file is removed then
-    ErrorPtr commit();
+    [[nodiscard]] ErrorPtr commit();
 
   private:
-    ErrorPtr failure(const char* what) const;
+    [[nodiscard]] ErrorPtr failure(const char* what) const;
     void discard();
 
     std::filesystem::path target_;

@@ -3,8 +3,8 @@
 
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
-#include <string>
 
 namespace Ovr::Formats {
 
@@ -14,9 +14,12 @@ struct Finding {
     std::uint64_t firstLine = 0;
     double extreme = 0.0;  ///< largest value that was given
 
-    void add(std::uint64_t line, double value);
-    /// ", first at line 12"
-    std::string where() const;
+    void add(std::uint64_t line, double value) {
+        if (count++ == 0) {
+            firstLine = line;
+        }
+        extreme = std::max(extreme, value);
+    }
 };
 
 }  // namespace Ovr::Formats

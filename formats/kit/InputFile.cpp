@@ -3,6 +3,8 @@
 
 #include "kit/InputFile.h"
 
+#include <fmt/format.h>
+
 #include <system_error>
 #include <utility>
 
@@ -23,6 +25,9 @@ ErrorPtr InputFile::open(const fs::path& file) {
     stream_.open(file, std::ios::in | std::ios::binary);
     std::error_code failure;
     size_ = fs::file_size(file, failure);
+    if (!failure) {
+        changed_ = fs::last_write_time(file, failure);
+    }
     if (!stream_ || failure) {
         return makeError(ErrorCode::CannotRead, {name_, "", "a file that cannot be opened", ""});
     }
@@ -43,7 +48,7 @@ std::size_t InputFile::readAt(std::uint64_t offset, std::span<char> out) {
 ErrorPtr InputFile::fault(ErrorCode code, std::uint64_t offset, std::string found,
                           std::string expected) const {
     return makeError(
-        code, {name_, "byte " + std::to_string(offset), std::move(found), std::move(expected)});
+        code, {name_, fmt::format("byte {}", offset), std::move(found), std::move(expected)});
 }
 
 }  // namespace Ovr::Formats

@@ -14,14 +14,16 @@
 
 namespace Ovr::Formats {
 
-/// A regular file that is read in blocks. Its size is that at the time of opening.
+/// A regular file that is read in blocks. Size and time are those at the time of opening.
 class InputFile {
   public:
     /// @return empty on success. Requires: called once.
-    ErrorPtr open(const std::filesystem::path& file);
+    [[nodiscard]] ErrorPtr open(const std::filesystem::path& file);
 
     /// [bytes]
     std::uint64_t size() const { return size_; }
+    /// When the file's content was last changed before it was opened.
+    std::filesystem::file_time_type changed() const { return changed_; }
     /// The file as the user wrote it, for messages.
     const std::string& name() const { return name_; }
 
@@ -30,12 +32,13 @@ class InputFile {
     std::size_t readAt(std::uint64_t offset, std::span<char> out);
 
     /// A fault at a byte of this file.
-    ErrorPtr fault(Interfaces::ErrorCode code, std::uint64_t offset, std::string found,
-                   std::string expected) const;
+    [[nodiscard]] ErrorPtr fault(Interfaces::ErrorCode code, std::uint64_t offset,
+                                 std::string found, std::string expected) const;
 
   private:
     std::ifstream stream_;
     std::uint64_t size_ = 0;
+    std::filesystem::file_time_type changed_;
     std::uint64_t position_ = 0;
     std::string name_;
 };

@@ -3,6 +3,8 @@
 
 #include "kit/PointClock.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -27,7 +29,7 @@ constexpr double kBillion = 1e9;
 constexpr double kBeyondSeconds = 1e11;
 
 std::string rangeText(const TimeRange& range) {
-    return secondsText(range.first) + " .. " + secondsText(range.last) + " s";
+    return fmt::format("{} .. {} s", secondsText(range.first), secondsText(range.last));
 }
 
 TimeRange rangeOf(std::span<const TrajectoryNode> trajectory) {
@@ -84,20 +86,6 @@ std::string describe(ClockKind kind) {
     return "no known clock";
 }
 
-double PointClock::inSeconds(double value) const {
-    switch (settings_.unit) {
-        case TimeUnit::Milliseconds:
-            return value / 1e3;
-        case TimeUnit::Microseconds:
-            return value / 1e6;
-        case TimeUnit::Nanoseconds:
-            return value / 1e9;
-        case TimeUnit::Seconds:
-            break;
-    }
-    return value;
-}
-
 ErrorPtr PointClock::start(const TimeRange& points, std::span<const TrajectoryNode> trajectory,
                            const std::string& file) {
     const auto refuse = [&file](std::string found, std::string expected) {
@@ -113,19 +101,19 @@ ErrorPtr PointClock::start(const TimeRange& points, std::span<const TrajectoryNo
     if (points.empty) {
         return nullptr;
     }
-    const std::string found = "point times " + rangeText(points);
+    const std::string found = fmt::format("point times {}", rangeText(points));
     if (!nodes.empty && (points.last < nodes.first || points.first > nodes.last)) {
-        return refuse(found, "times that meet the trajectory's " + rangeText(nodes));
+        return refuse(found, fmt::format("times that meet the trajectory's {}", rangeText(nodes)));
     }
     if (roundedMicroseconds(points.first - zero_) < 0.0) {
-        return refuse(found,
-                      "none before time zero, the first of the trajectory's " + rangeText(nodes));
+        return refuse(found, fmt::format("none before time zero, the first of the trajectory's {}",
+                                         rangeText(nodes)));
     }
     const double span = points.last - zero_;
     if (!(roundedMicroseconds(span) <= kLargestMicroseconds)) {
-        return refuse("points up to " + secondsText(span) + " s after time zero",
-                      "at most " + secondsText(kLargestMicroseconds / kMicrosecondsPerSecond) +
-                          " s, which 32-bit microseconds hold");
+        return refuse(fmt::format("points up to {} s after time zero", secondsText(span)),
+                      fmt::format("at most {} s, which 32-bit microseconds hold",
+                                  secondsText(kLargestMicroseconds / kMicrosecondsPerSecond)));
     }
     return nullptr;
 }

@@ -37,12 +37,13 @@ std::string describe(ClockKind kind);
 /// which is the first trajectory node where there is a trajectory, else the earliest point.
 class PointClock {
   public:
-    explicit PointClock(const ClockSettings& settings) : settings_(settings) {}
+    explicit PointClock(const ClockSettings& settings)
+        : perSecond_(unitsPerSecond(settings.unit)), offset_(settings.offset) {}
 
     /// Value in the file x unit [s].
-    double inSeconds(double value) const;
+    double inSeconds(double value) const { return value / perSecond_; }
     /// The same on the trajectory's clock [s].
-    double onTrajectoryClock(double value) const { return inSeconds(value) + settings_.offset; }
+    double onTrajectoryClock(double value) const { return inSeconds(value) + offset_; }
 
     /// Chooses time zero and checks that every time of the range can be kept.
     /// @param points      [s], on the trajectory's clock
@@ -50,8 +51,9 @@ class PointClock {
     /// @param file        the points file, for messages
     /// @return empty on success. TimeRange: the two clocks do not meet, points lie before time zero,
     ///         or times are too late for 32-bit microseconds.
-    ErrorPtr start(const TimeRange& points, std::span<const VardexLib::TrajectoryNode> trajectory,
-                   const std::string& file);
+    [[nodiscard]] ErrorPtr start(const TimeRange& points,
+                                 std::span<const VardexLib::TrajectoryNode> trajectory,
+                                 const std::string& file);
 
     /// Scan time of a value [us], rounded to the nearest, halves away from zero.
     /// Requires: start() succeeded for a range that holds the value.
@@ -63,7 +65,8 @@ class PointClock {
     double duration() const { return duration_; }
 
   private:
-    ClockSettings settings_;
+    double perSecond_;
+    double offset_;      ///< [s]
     double zero_ = 0.0;  ///< [s], on the trajectory's clock
     double duration_ = 0.0;
 };

@@ -3,9 +3,10 @@
 
 #include "kit/PointSink.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <cmath>
-#include <string>
 
 #include "Tq/ScanPtColor.h"
 
@@ -46,10 +47,9 @@ ErrorPtr PointSink::resize(int rows, int cols, const std::filesystem::path& file
     if (integration_.setNewSize(rows, cols, true, separateReflection_)) {
         return nullptr;
     }
-    return makeError(ErrorCode::OutOfMemory, {file.string(), "",
-                                              "a grid of " + std::to_string(rows) + " x " +
-                                                  std::to_string(cols) + " points",
-                                              "a size that the point set takes and memory holds"});
+    return makeError(ErrorCode::OutOfMemory,
+                     {file.string(), "", fmt::format("a grid of {} x {} points", rows, cols),
+                      "a size that the point set takes and memory holds"});
 }
 
 void PointSink::put(int row, int col, const ReadPoint& point) {

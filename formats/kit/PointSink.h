@@ -46,7 +46,7 @@ struct ReadPoint {
 ///
 /// | the file has | records |
 /// |---|---|
-/// | colour and reflection | the colour in the colour bytes, the reflection beside it |
+/// | colour and reflection | the colour in the colour bytes, the reflection in a field of its own |
 /// | reflection alone | the reflection in the colour bytes |
 class PointSink {
   public:
@@ -54,7 +54,7 @@ class PointSink {
     PointSink(Interfaces::IScanIntegration& integration, bool colored);
 
     /// Sizes the point set. @return OutOfMemory when it refuses.
-    ErrorPtr resize(int rows, int cols, const std::filesystem::path& file);
+    [[nodiscard]] ErrorPtr resize(int rows, int cols, const std::filesystem::path& file);
 
     void put(int row, int col, const ReadPoint& point);
     /// A cell without a return.

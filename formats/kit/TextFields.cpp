@@ -3,7 +3,8 @@
 
 #include "kit/TextFields.h"
 
-#include <array>
+#include <fmt/format.h>
+
 #include <charconv>
 #include <cmath>
 #include <system_error>
@@ -13,6 +14,7 @@ namespace Ovr::Formats {
 namespace {
 
 constexpr std::size_t kLongestQuote = 40;
+constexpr double kLongestFixed = 1e50;  // beyond, digits in full only fill the line
 
 /// The field without a plus sign in front, which std::from_chars refuses.
 std::string_view withoutPlus(std::string_view field) {
@@ -92,34 +94,16 @@ std::optional<std::int64_t> parseInteger(std::string_view field) {
 
 std::string inQuotes(std::string_view text) {
     const bool cut = text.size() > kLongestQuote;
-    std::string quote = "'";
-    quote += text.substr(0, kLongestQuote);
-    quote += cut ? "...'" : "'";
-    return quote;
-}
-
-std::string numberText(double value, int digits) {
-    std::array<char, 64> text{};
-    const auto [end, failure] = std::to_chars(text.data(), text.data() + text.size(), value,
-                                              std::chars_format::general, digits);
-    return failure == std::errc() ? std::string(text.data(), end) : std::string("?");
+    return fmt::format("'{}{}'", text.substr(0, kLongestQuote), cut ? "..." : "");
 }
 
 std::string secondsText(double seconds) {
-    std::array<char, 64> text{};
-    const auto [end, failure] =
-        std::to_chars(text.data(), text.data() + text.size(), seconds, std::chars_format::fixed, 6);
-    return failure == std::errc() ? std::string(text.data(), end) : numberText(seconds);
+    return std::abs(seconds) < kLongestFixed ? fmt::format("{:.6f}", seconds)
+                                             : fmt::format("{:.9g}", seconds);
 }
 
 std::string countText(std::uint64_t count, std::string_view noun) {
-    std::string text = std::to_string(count);
-    text += ' ';
-    text += noun;
-    if (count != 1) {
-        text += 's';
-    }
-    return text;
+    return fmt::format("{} {}{}", count, noun, count == 1 ? "" : "s");
 }
 
 }  // namespace Ovr::Formats

@@ -30,7 +30,7 @@ std::size_t splitFields(std::string_view line, std::span<std::string_view> field
 /// fine. A number too close to 0 for a double becomes the nearest there is.
 /// @return false, with @p value untouched, for anything else: words, "nan", "inf", a number too
 ///         large for a double, characters left over
-bool parseNumber(std::string_view field, double& value);
+[[nodiscard]] bool parseNumber(std::string_view field, double& value);
 
 /// Reads a decimal integer.
 /// @return empty for anything else, also for a number that does not fit
@@ -38,9 +38,6 @@ std::optional<std::int64_t> parseInteger(std::string_view field);
 
 /// A piece of a file in single quotes for a message, cut when it is long.
 std::string inQuotes(std::string_view text);
-
-/// A number for a message, with @p digits significant digits.
-std::string numberText(double value, int digits = 9);
 
 /// A time for a message, to the microsecond [s].
 std::string secondsText(double seconds);

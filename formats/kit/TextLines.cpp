@@ -3,6 +3,8 @@
 
 #include "kit/TextLines.h"
 
+#include <fmt/format.h>
+
 #include <cstring>
 #include <utility>
 
@@ -53,6 +55,14 @@ bool TextLines::next() {
     return false;
 }
 
+ErrorPtr TextLines::require(std::string_view expected) {
+    if (next()) {
+        return nullptr;
+    }
+    return error_ ? std::move(error_)
+                  : fault(ErrorCode::Truncated, "the end of the file", std::string(expected));
+}
+
 bool TextLines::nextRaw() {
     const char* lineEnd = nullptr;
     for (std::size_t searched = 0;;) {
@@ -66,7 +76,7 @@ bool TextLines::nextRaw() {
         if (searched > kLongestLine) {
             line_ = nextLine_;
             error_ = fault(ErrorCode::WrongFormat,
-                           "a line of more than " + std::to_string(kLongestLine) + " characters",
+                           fmt::format("a line of more than {} characters", kLongestLine),
                            "lines of numbers");
             return false;
         }
@@ -90,7 +100,7 @@ bool TextLines::nextRaw() {
     return true;
 }
 
-/// Moves what is left to the buffer's front and reads on behind it.
+/// Moves what is left to the buffer's front and reads on after it.
 bool TextLines::fill() {
     std::memmove(buffer_.data(), buffer_.data() + begin_, end_ - begin_);
     bufferOffset_ += begin_;
@@ -101,14 +111,14 @@ bool TextLines::fill() {
     if (got == 0 && bufferOffset_ + end_ < file_.size()) {
         line_ = nextLine_;
         error_ = fault(ErrorCode::CannotRead, "the end of what can be read",
-                       "the file's " + std::to_string(file_.size()) + " bytes");
+                       fmt::format("the file's {} bytes", file_.size()));
     }
     return got != 0;
 }
 
 ErrorPtr TextLines::fault(ErrorCode code, std::string found, std::string expected) const {
-    return makeError(code, {file_.name(), "line " + std::to_string(line_), std::move(found),
-                            std::move(expected)});
+    return makeError(
+        code, {file_.name(), fmt::format("line {}", line_), std::move(found), std::move(expected)});
 }
 
 }  // namespace Ovr::Formats

@@ -24,24 +24,29 @@ class TextLines {
     /// @param offset  where to begin [bytes]: the beginning of a line
     /// @param line    the number of that line, counted from 1
     /// @return empty on success. Requires: called once.
-    ErrorPtr open(const std::filesystem::path& file, std::uint64_t offset = 0,
-                  std::uint64_t line = 1);
+    [[nodiscard]] ErrorPtr open(const std::filesystem::path& file, std::uint64_t offset = 0,
+                                std::uint64_t line = 1);
 
     /// Goes to the next line that is not blank.
     /// @return false at the file's end and when a line is too long, see error()
     bool next();
+    /// The same where a line has to follow.
+    /// @param expected  what the line would hold, for the message at the file's end
+    /// @return Truncated at the file's end; the fault when the line is too long
+    [[nodiscard]] ErrorPtr require(std::string_view expected);
 
     /// The current line without blanks at its ends; valid until next().
     std::string_view text() const { return text_; }
-    /// Number of the current line; behind the end, of the last one.
+    /// Number of the current line; after the end, of the last one.
     std::uint64_t line() const { return line_; }
     /// Where the current line begins in the file [bytes].
     std::uint64_t offset() const { return offset_; }
 
     /// Empty unless next() stopped because of a fault. Hands the fault over.
-    ErrorPtr error() { return std::move(error_); }
+    [[nodiscard]] ErrorPtr error() { return std::move(error_); }
     /// A fault in the current line.
-    ErrorPtr fault(Interfaces::ErrorCode code, std::string found, std::string expected) const;
+    [[nodiscard]] ErrorPtr fault(Interfaces::ErrorCode code, std::string found,
+                                 std::string expected) const;
 
     std::uint64_t fileSize() const { return file_.size(); }
     const std::string& fileName() const { return file_.name(); }

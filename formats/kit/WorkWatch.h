@@ -17,7 +17,7 @@ class WorkWatch {
 
     /// Called as often as the work likes; the listener hears only of steps that show.
     /// @return false when the work is to stop
-    bool goOn(double fraction) {
+    [[nodiscard]] bool goOn(double fraction) {
         if (work_.progress != nullptr &&
             (fraction >= told_ + kStep || (fraction >= 1.0 && told_ < 1.0))) {
             told_ = fraction;
@@ -34,7 +34,7 @@ class WorkWatch {
 };
 
 /// The error of work that was told to stop.
-inline ErrorPtr cancelled(const std::string& file) {
+[[nodiscard]] inline ErrorPtr cancelled(const std::string& file) {
     return makeError(Interfaces::ErrorCode::Cancelled, {file, "cancelled", "", ""});
 }
 

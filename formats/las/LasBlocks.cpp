@@ -3,6 +3,8 @@
 
 #include "las/LasBlocks.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <cstddef>
 
@@ -28,7 +30,7 @@ ErrorPtr LasBlocks::next() {
     const std::size_t got = file_.readAt(fileOffset(0), std::span(buffer_).first(bytes));
     if (got != bytes) {
         return file_.fault(Interfaces::ErrorCode::Truncated, fileOffset(0) + got,
-                           "the end of the file", std::to_string(count_) + " points");
+                           "the end of the file", fmt::format("{} points", count_));
     }
     return nullptr;
 }

@@ -3,12 +3,15 @@
 
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <vector>
 
 #include "Ovr/Errors.h"
+#include "Tq/Vec3d.h"
 #include "kit/InputFile.h"
+#include "kit/LittleEndian.h"
 #include "las/LasHeader.h"
 
 namespace Ovr::Formats {
@@ -21,7 +24,7 @@ class LasBlocks {
 
     /// Reads the next block. @return empty on success; Truncated when the file has shrunk
     /// meanwhile.
-    ErrorPtr next();
+    [[nodiscard]] ErrorPtr next();
 
     bool atEnd() const { return first_ + records_ == count_; }
     /// Number of the block's first record.
@@ -44,5 +47,15 @@ class LasBlocks {
     std::uint64_t records_ = 0;
     std::vector<char> buffer_;
 };
+
+/// Coordinates of a record in the file's frame [m].
+inline Tq_1_1::Vec3d<double> lasPosition(const LasHeader& header, const char* record) {
+    Tq_1_1::Vec3d<double> position;
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        const auto raw = loadLittle<std::int32_t>(record + 4 * axis);
+        position[axis] = raw * header.scale[axis] + header.offset[axis];
+    }
+    return position;
+}
 
 }  // namespace Ovr::Formats

@@ -3,12 +3,15 @@
 
 #include "las/LasHeader.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <cmath>
 #include <span>
 #include <string_view>
 
 #include "kit/LittleEndian.h"
+#include "kit/PointPlacer.h"
 #include "kit/TextFields.h"
 
 namespace Ovr::Formats {
@@ -25,8 +28,6 @@ constexpr std::size_t kVlrHeaderSize = 54;
 constexpr std::size_t kVlrLengthOffset = 20;
 constexpr unsigned kCompressionBits = 0xC0;  // of the format byte, set by compressors
 constexpr unsigned kAdjustedTimeBit = 1;     // of the global encoding
-/// Coordinates beyond this do not fit the point set's single precision.
-constexpr double kLargestCoordinate = 1e30;  // [m]
 
 constexpr std::array<LasRecordLayout, kLasHighestFormat + 1> kLayouts{{
     {20, {}, {}},
@@ -42,7 +43,7 @@ constexpr std::array<LasRecordLayout, kLasHighestFormat + 1> kLayouts{{
     {67, 22, 30},
 }};
 
-/// A text field of fixed length: up to the first zero byte, printable ASCII, without blanks behind.
+/// A text field of fixed length: up to the first zero byte, printable ASCII, without blanks at the end.
 std::string identifier(const char* field) {
     std::string text(field, std::find(field, field + kLasIdentifierLength, '\0'));
     std::replace_if(
@@ -55,7 +56,7 @@ class HeaderParser {
     HeaderParser(InputFile& file, LasHeader& header, Remarks& remarks)
         : file_(file), header_(header), remarks_(remarks) {}
 
-    ErrorPtr parse();
+    [[nodiscard]] ErrorPtr parse();
 
   private:
     template <typename T>
@@ -66,12 +67,12 @@ class HeaderParser {
         return file_.size() - std::min<std::uint64_t>(file_.size(), header_.pointOffset);
     }
 
-    ErrorPtr readBytes();
-    ErrorPtr checkVersion() const;
-    ErrorPtr checkSizes();
-    ErrorPtr checkFormat();
-    ErrorPtr checkCount();
-    ErrorPtr checkCoordinates();
+    [[nodiscard]] ErrorPtr readBytes();
+    [[nodiscard]] ErrorPtr checkVersion() const;
+    [[nodiscard]] ErrorPtr checkSizes();
+    [[nodiscard]] ErrorPtr checkFormat();
+    [[nodiscard]] ErrorPtr checkCount();
+    [[nodiscard]] ErrorPtr checkCoordinates();
     void walkVariableLengthRecords();
 
     InputFile& file_;
@@ -113,7 +114,7 @@ ErrorPtr HeaderParser::readBytes() {
     const std::size_t needed = kHeaderSizes[std::min(header_.minorVersion, kHighestMinorVersion)];
     if (got < needed) {
         return file_.fault(ErrorCode::Truncated, got, "the end of the file",
-                           "a header of " + std::to_string(needed) + " bytes");
+                           fmt::format("a header of {} bytes", needed));
     }
     return nullptr;
 }
@@ -125,8 +126,7 @@ ErrorPtr HeaderParser::checkVersion() const {
         return nullptr;
     }
     return file_.fault(ErrorCode::Unsupported, LasField::kMajorVersion,
-                       "LAS version " + std::to_string(major) + "." + std::to_string(minor),
-                       "1.0 to 1.4");
+                       fmt::format("LAS version {}.{}", major, minor), "1.0 to 1.4");
 }
 
 ErrorPtr HeaderParser::checkSizes() {
@@ -134,21 +134,20 @@ ErrorPtr HeaderParser::checkSizes() {
     const std::size_t smallest = kHeaderSizes[header_.minorVersion];
     if (headerSize < smallest) {
         return file_.fault(ErrorCode::InvalidValue, LasField::kHeaderSize,
-                           "a header size of " + std::to_string(headerSize),
-                           "at least " + std::to_string(smallest));
+                           fmt::format("a header size of {}", headerSize),
+                           fmt::format("at least {}", smallest));
     }
     header_.pointOffset = at<std::uint32_t>(LasField::kPointOffset);
     if (header_.pointOffset < headerSize) {
         return file_.fault(
             ErrorCode::InvalidValue, LasField::kPointOffset,
-            "a point offset of " + std::to_string(header_.pointOffset) + ", inside the header",
-            "at least " + std::to_string(headerSize));
+            fmt::format("a point offset of {}, inside the header", header_.pointOffset),
+            fmt::format("at least {}", headerSize));
     }
     if (header_.pointOffset > file_.size()) {
-        return file_.fault(
-            ErrorCode::Truncated, LasField::kPointOffset,
-            "a point offset of " + std::to_string(header_.pointOffset) + ", past the end",
-            "at most the file's " + countText(file_.size(), "byte"));
+        return file_.fault(ErrorCode::Truncated, LasField::kPointOffset,
+                           fmt::format("a point offset of {}, past the end", header_.pointOffset),
+                           fmt::format("at most the file's {}", countText(file_.size(), "byte")));
     }
     return nullptr;
 }
@@ -157,22 +156,21 @@ ErrorPtr HeaderParser::checkFormat() {
     const auto byte = at<std::uint8_t>(LasField::kFormat);
     if ((byte & kCompressionBits) != 0) {
         return file_.fault(ErrorCode::Unsupported, LasField::kFormat,
-                           "compressed points (format byte " + std::to_string(byte) + ")",
+                           fmt::format("compressed points (format byte {})", byte),
                            "uncompressed LAS");
     }
     if (byte > kLasHighestFormat) {
         return file_.fault(ErrorCode::Unsupported, LasField::kFormat,
-                           "point format " + std::to_string(byte),
-                           "0 to " + std::to_string(kLasHighestFormat));
+                           fmt::format("point format {}", byte),
+                           fmt::format("0 to {}", kLasHighestFormat));
     }
     header_.format = byte;
     header_.recordLength = at<std::uint16_t>(LasField::kRecordLength);
     const std::size_t needed = lasRecordLayout(byte).length;
     if (header_.recordLength < needed) {
-        return file_.fault(
-            ErrorCode::InvalidValue, LasField::kRecordLength,
-            "a record length of " + std::to_string(header_.recordLength),
-            "at least " + std::to_string(needed) + " for point format " + std::to_string(byte));
+        return file_.fault(ErrorCode::InvalidValue, LasField::kRecordLength,
+                           fmt::format("a record length of {}", header_.recordLength),
+                           fmt::format("at least {} for point format {}", needed, byte));
     }
     return nullptr;
 }
@@ -186,16 +184,16 @@ ErrorPtr HeaderParser::checkCount() {
     if (header_.count > fitting) {
         return file_.fault(ErrorCode::Truncated,
                            wide != 0 ? LasField::kWideCount : LasField::kCount,
-                           "a count of " + countText(header_.count, "point"),
-                           "at most " + std::to_string(fitting) + ", for which the file has room");
+                           fmt::format("a count of {}", countText(header_.count, "point")),
+                           fmt::format("at most {}, for which the file has room", fitting));
     }
     if (wide != 0 && narrow != 0 && wide != narrow) {
-        remarks_.warn(file_.name() + ": the header counts " + std::to_string(wide) +
-                      " points in 64 bits and " + std::to_string(narrow) +
-                      " in 32 bits; the first is taken");
+        remarks_.warn(fmt::format(
+            "{}: the header counts {} points in 64 bits and {} in 32 bits; the first is taken",
+            file_.name(), wide, narrow));
     }
     if (header_.count == 0) {
-        remarks_.warn(file_.name() + ": no point in the file");
+        remarks_.warn(fmt::format("{}: no point in the file", file_.name()));
     }
     return nullptr;
 }
@@ -204,22 +202,21 @@ ErrorPtr HeaderParser::checkCoordinates() {
     constexpr double kLargestRaw = 2147483648.0;
     constexpr std::string_view kAxes = "xyz";
     for (std::size_t axis = 0; axis < 3; ++axis) {
-        const std::string name(1, kAxes[axis]);
         const std::size_t scaleAt = LasField::kScale + 8 * axis;
         const std::size_t offsetAt = LasField::kOffset + 8 * axis;
         const double scale = at<double>(scaleAt);
         const double offset = at<double>(offsetAt);
         if (!std::isfinite(scale) || scale == 0.0) {
             return file_.fault(ErrorCode::InvalidValue, scaleAt,
-                               "a scale of " + numberText(scale) + " for " + name,
+                               fmt::format("a scale of {:.9g} for {}", scale, kAxes[axis]),
                                "a finite number other than 0");
         }
         if (!std::isfinite(offset) ||
             std::abs(offset) + kLargestRaw * std::abs(scale) > kLargestCoordinate) {
             return file_.fault(ErrorCode::InvalidValue, offsetAt,
-                               "an offset of " + numberText(offset) + " and a scale of " +
-                                   numberText(scale) + " for " + name,
-                               "coordinates within " + numberText(kLargestCoordinate) + " m");
+                               fmt::format("an offset of {:.9g} and a scale of {:.9g} for {}",
+                                           offset, scale, kAxes[axis]),
+                               fmt::format("coordinates within {:.9g} m", kLargestCoordinate));
         }
         header_.scale[axis] = scale;
         header_.offset[axis] = offset;
@@ -242,10 +239,10 @@ void HeaderParser::walkVariableLengthRecords() {
             place += loadLittle<std::uint16_t>(record.data() + kVlrLengthOffset);
         }
         if (place > header_.pointOffset) {
-            remarks_.warn(file_.name() + ": byte " + std::to_string(begin) +
-                          ": variable-length record " + std::to_string(i + 1) + " of " +
-                          std::to_string(count) +
-                          " reaches into the points; skipped with those behind it");
+            remarks_.warn(fmt::format(
+                "{}: byte {}: variable-length record {} of {} reaches into the points; skipped "
+                "with those after it",
+                file_.name(), begin, i + 1, count));
             return;
         }
     }

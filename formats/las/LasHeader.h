@@ -40,11 +40,11 @@ inline constexpr std::size_t kPointOffset = 96;
 inline constexpr std::size_t kVlrCount = 100;
 inline constexpr std::size_t kFormat = 104;
 inline constexpr std::size_t kRecordLength = 105;
-inline constexpr std::size_t kCount = 107;  ///< 32 bits; by return behind it
+inline constexpr std::size_t kCount = 107;  ///< 32 bits; by return after it
 inline constexpr std::size_t kScale = 131;
 inline constexpr std::size_t kOffset = 155;
 inline constexpr std::size_t kBounds = 179;     ///< maximum x, minimum x, maximum y, ...
-inline constexpr std::size_t kWideCount = 247;  ///< 64 bits, since LAS 1.4; by return behind it
+inline constexpr std::size_t kWideCount = 247;  ///< 64 bits, since LAS 1.4; by return after it
 }  // namespace LasField
 
 /// Length of the two text fields of the header [bytes].
@@ -73,6 +73,6 @@ struct LasHeader {
 /// @param remarks   receives what can be lived with: broken variable-length records, counts that
 ///                  differ
 /// @return empty on success
-ErrorPtr readLasHeader(InputFile& file, LasHeader& header, Remarks& remarks);
+[[nodiscard]] ErrorPtr readLasHeader(InputFile& file, LasHeader& header, Remarks& remarks);
 
 }  // namespace Ovr::Formats

@@ -3,14 +3,16 @@
 
 #include "las/LasPoints.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <limits>
 #include <string_view>
 
+#include "kit/GpsTime.h"
 #include "kit/LittleEndian.h"
-#include "kit/RecordingTime.h"
 #include "kit/TextFields.h"
 
 namespace Ovr::Formats {
@@ -28,33 +30,6 @@ constexpr std::size_t kColorChannels = 3;
 constexpr std::array<std::string_view, 5> kOperations{"MERGE", "MODIFICATION", "EXTRACTION",
                                                       "TRANSFORMATION", "OTHER"};
 
-/// Coordinates of a record in the file's frame [m].
-Position position(const LasHeader& header, const char* record) {
-    Position place;
-    for (std::size_t axis = 0; axis < 3; ++axis) {
-        const auto raw = loadLittle<std::int32_t>(record + 4 * axis);
-        place[axis] = raw * header.scale[axis] + header.offset[axis];
-    }
-    return place;
-}
-
-/// A place in the middle of the points, where single precision serves them best: that of the
-/// header's bounds if they hold the first point, for some writers leave them empty.
-Position middleOf(const LasHeader& header, const Position& first) {
-    Position middle;
-    for (std::size_t axis = 0; axis < 3; ++axis) {
-        const double minimum = header.minimum[axis];
-        const double maximum = header.maximum[axis];
-        const double slack = std::abs(header.scale[axis]);
-        middle[axis] = minimum + (maximum - minimum) / 2;
-        const bool holds = minimum - slack <= first[axis] && first[axis] <= maximum + slack;
-        if (!holds || !std::isfinite(middle[axis])) {
-            return first;
-        }
-    }
-    return middle;
-}
-
 std::uint16_t channel(const char* color, std::size_t i) {
     return loadLittle<std::uint16_t>(color + 2 * i);
 }
@@ -69,27 +44,26 @@ ErrorPtr LasPointLoader::load(const LoadTarget& target, StatisticsReport& statis
     if (count > kMostPoints) {
         return makeError(ErrorCode::Unsupported,
                          {file_.name(), "", countText(count, "point"),
-                          "at most " + std::to_string(kMostPoints) + " in one scan"});
+                          fmt::format("at most {} in one scan", kMostPoints)});
     }
     PointSink sink(target.integration, layout_.color.has_value());
     if (ErrorPtr error = sink.resize(1, static_cast<int>(count), source_.file)) {
         return error;
-    }
-    if (count != 0) {
-        if (ErrorPtr error = chooseOrigin()) {
-            return error;
-        }
     }
     WorkWatch watch(target.work);
     for (bool again = true; again;) {
         again = false;
         sink.restart();
         noticed_ = {};
+        placer_ = PointPlacer(count == 0 ? Position() : originOf(source_));
         if (ErrorPtr error = pass(sink, count, watch, again)) {
             return error;
         }
     }
-    reportPrecision(target.remarks);
+    const auto& scale = header_.scale;
+    placer_.report(target.remarks, file_.name(),
+                   {std::abs(scale[0]), std::abs(scale[1]), std::abs(scale[2])},
+                   "the project's origin");
     if (target.metaData != nullptr) {
         fillMetaData(*target.metaData);
     }
@@ -97,19 +71,7 @@ ErrorPtr LasPointLoader::load(const LoadTarget& target, StatisticsReport& statis
     return nullptr;
 }
 
-ErrorPtr LasPointLoader::chooseOrigin() {
-    if (!source_.project) {
-        return nullptr;
-    }
-    LasBlocks one(file_, header_, 1);
-    if (ErrorPtr error = one.next()) {
-        return error;
-    }
-    origin_ = source_.project->chooseOrigin(middleOf(header_, position(header_, one.record(0))));
-    return nullptr;
-}
-
-/// @param again  set when a colour of 16 bits turned up behind points whose colours were taken as 8
+/// @param again  set when a colour of 16 bits turned up after points whose colours were taken as 8
 ///               bits: everything is to be done once more
 ErrorPtr LasPointLoader::pass(PointSink& sink, std::uint64_t count, WorkWatch& watch, bool& again) {
     LasBlocks blocks(file_, header_, count);
@@ -148,13 +110,8 @@ void LasPointLoader::putBlock(const LasBlocks& blocks, PointSink& sink) {
     const unsigned shift = depth_ == ColorDepth::Sixteen ? 8 : 0;
     for (std::uint64_t i = 0; i < blocks.records(); ++i) {
         const char* const record = blocks.record(i);
-        const Position place = position(header_, record) - origin_;
-        for (std::size_t axis = 0; axis < 3; ++axis) {
-            noticed_.largest[axis] = std::max(noticed_.largest[axis], std::abs(place[axis]));
-        }
         ReadPoint point;
-        point.position = {static_cast<float>(place.x), static_cast<float>(place.y),
-                          static_cast<float>(place.z)};
+        point.position = placer_.place(lasPosition(header_, record));
         point.reflection = loadLittle<std::uint16_t>(record + kLasIntensityOffset);
         if (layout_.color) {
             for (std::size_t c = 0; c < kColorChannels; ++c) {
@@ -177,22 +134,6 @@ void LasPointLoader::noticeTime(double time) {
     }
 }
 
-void LasPointLoader::reportPrecision(Remarks& remarks) const {
-    constexpr std::string_view kAxes = "xyz";
-    for (std::size_t axis = 0; axis < 3; ++axis) {
-        const auto largest = static_cast<float>(noticed_.largest[axis]);
-        const float spacing =
-            std::nextafter(largest, std::numeric_limits<float>::infinity()) - largest;
-        const double resolution = std::abs(header_.scale[axis]);
-        if (spacing > resolution) {
-            remarks.warn(file_.name() + ": the resolution of " + numberText(resolution, 3) +
-                         " m in " + std::string(1, kAxes[axis]) +
-                         " is lost: single precision keeps steps of " + numberText(spacing, 3) +
-                         " m at up to " + numberText(largest, 6) + " m from the project's origin");
-        }
-    }
-}
-
 /// Sets what the file knows and leaves the rest, which a project file may have set before.
 void LasPointLoader::fillMetaData(VardexLib::CorvinMetaData& metaData) const {
     const std::string& system = header_.systemIdentifier;
@@ -204,7 +145,7 @@ void LasPointLoader::fillMetaData(VardexLib::CorvinMetaData& metaData) const {
     if (!header_.generatingSoftware.empty()) {
         metaData.ProcessingSoftwareVersion(header_.generatingSoftware);
     }
-    // The bit alone is not trusted: many files carry it beside week seconds, or lack it beside
+    // The bit alone is not trusted: many files carry it with week seconds, or lack it with
     // adjusted time.
     if (header_.adjustedTime && !noticed_.times.empty && !noticed_.oddTime &&
         source_.clock.unit == TimeUnit::Seconds &&

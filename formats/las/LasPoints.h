@@ -3,13 +3,11 @@
 
 #pragma once
 
-#include <array>
-
 #include "Ovr/ScanFormat.h"
 #include "Ovr/ScanSource.h"
-#include "Tq/Vec3d.h"
 #include "kit/InputFile.h"
 #include "kit/PointClock.h"
+#include "kit/PointPlacer.h"
 #include "kit/PointSink.h"
 #include "kit/WorkWatch.h"
 #include "las/LasBlocks.h"
@@ -23,30 +21,28 @@ class LasPointLoader {
     /// All are kept by reference.
     LasPointLoader(InputFile& file, const LasHeader& header, const ScanSource& source);
 
-    ErrorPtr load(const LoadTarget& target, StatisticsReport& statistics);
+    [[nodiscard]] ErrorPtr load(const LoadTarget& target, StatisticsReport& statistics);
 
   private:
     enum class ColorDepth { Eight, Sixteen };
     /// What a pass over the points notices.
     struct Noticed {
-        std::array<double, 3> largest{};  ///< coordinate relative to the origin, unsigned [m]
-        TimeRange times;                  ///< as the file has them
-        bool oddTime = false;             ///< some time is no finite number
+        TimeRange times;       ///< as the file has them
+        bool oddTime = false;  ///< some time is no finite number
     };
 
-    ErrorPtr chooseOrigin();
-    ErrorPtr pass(PointSink& sink, std::uint64_t count, WorkWatch& watch, bool& again);
+    [[nodiscard]] ErrorPtr pass(PointSink& sink, std::uint64_t count, WorkWatch& watch,
+                                bool& again);
     bool hasWideColor(const LasBlocks& blocks) const;
     void putBlock(const LasBlocks& blocks, PointSink& sink);
     void noticeTime(double time);
-    void reportPrecision(Remarks& remarks) const;
     void fillMetaData(VardexLib::CorvinMetaData& metaData) const;
 
     InputFile& file_;
     const LasHeader& header_;
     const ScanSource& source_;
     LasRecordLayout layout_;
-    Tq_1_1::Vec3d<double> origin_;
+    PointPlacer placer_;
     ColorDepth depth_ = ColorDepth::Eight;
     Noticed noticed_;
 };

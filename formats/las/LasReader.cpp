@@ -3,8 +3,11 @@
 
 #include "las/LasReader.h"
 
+#include <cmath>
+#include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -12,6 +15,7 @@
 
 #include "Ovr/Vardex/CorvinMobileScanData.h"
 #include "kit/InputFile.h"
+#include "las/LasBlocks.h"
 #include "las/LasHeader.h"
 #include "las/LasPoints.h"
 #include "las/LasTimes.h"
@@ -20,33 +24,76 @@ namespace Ovr::Formats {
 
 namespace {
 
+using Position = Tq_1_1::Vec3d<double>;
+
+/// A place in the middle of the points, where single precision serves them best: that of the
+/// header's bounds if they hold the first point, for some writers leave them empty.
+Position middleOf(const LasHeader& header, const Position& first) {
+    Position middle;
+    for (std::size_t axis = 0; axis < 3; ++axis) {
+        const double minimum = header.minimum[axis];
+        const double maximum = header.maximum[axis];
+        const double slack = std::abs(header.scale[axis]);
+        middle[axis] = minimum + (maximum - minimum) / 2;
+        const bool holds = minimum - slack <= first[axis] && first[axis] <= maximum + slack;
+        if (!holds || !std::isfinite(middle[axis])) {
+            return first;
+        }
+    }
+    return middle;
+}
+
+/// Keeps the header between its operations, as long as the file is the same.
 class LasReader final : public IScanReader {
   public:
     explicit LasReader(const ScanSource& source) : IScanReader(source) {}
 
+    std::optional<Position> place(Remarks& remarks) override {
+        InputFile file;
+        if (open(file, remarks) != nullptr || header_.count == 0) {
+            return std::nullopt;
+        }
+        LasBlocks one(file, header_, 1);
+        if (one.next() != nullptr) {
+            return std::nullopt;
+        }
+        return middleOf(header_, lasPosition(header_, one.record(0)));
+    }
+
     ErrorPtr loadPoints(const LoadTarget& target, StatisticsReport& statistics) override {
         InputFile file;
-        LasHeader header;
-        if (ErrorPtr error = open(file, header, target.remarks)) {
-            return error;
-        }
-        return LasPointLoader(file, header, source()).load(target, statistics);
+        ErrorPtr error = open(file, target.remarks);
+        return error ? std::move(error)
+                     : LasPointLoader(file, header_, source()).load(target, statistics);
     }
 
     ErrorPtr loadTimes(const TimeTarget& target) override {
         InputFile file;
-        LasHeader header;
-        if (ErrorPtr error = open(file, header, target.remarks)) {
-            return error;
-        }
-        return loadLasTimes(file, header, source(), target);
+        ErrorPtr error = open(file, target.remarks);
+        return error ? std::move(error) : loadLasTimes(file, header_, source(), target);
     }
 
   private:
-    ErrorPtr open(InputFile& file, LasHeader& header, Remarks& remarks) const {
-        ErrorPtr error = file.open(source().file);
-        return error ? std::move(error) : readLasHeader(file, header, remarks);
+    /// Opens the file and, unless the header at hand is that file's, reads the header.
+    [[nodiscard]] ErrorPtr open(InputFile& file, Remarks& remarks) {
+        if (ErrorPtr error = file.open(source().file)) {
+            return error;
+        }
+        const Stamp stamp{file.size(), file.changed()};
+        if (stamp_ != stamp) {
+            stamp_.reset();
+            header_ = {};
+            if (ErrorPtr error = readLasHeader(file, header_, remarks)) {
+                return error;
+            }
+            stamp_ = stamp;
+        }
+        return nullptr;
     }
+
+    using Stamp = std::pair<std::uint64_t, std::filesystem::file_time_type>;
+    std::optional<Stamp> stamp_;  ///< of the file that the header was read from
+    LasHeader header_;
 };
 
 class LasFormat final : public IScanFormat {
@@ -59,24 +106,6 @@ class LasFormat final : public IScanFormat {
     bool recognises(std::string_view beginning) const override {
         return beginning.starts_with("LASF");
     }
-
-    ErrorPtr list(const std::filesystem::path& path,
-                  std::vector<ScanListing>& scans) const override {
-        InputFile file;
-        LasHeader header;
-        Remarks unheard;
-        if (ErrorPtr error = file.open(path)) {
-            return error;
-        }
-        if (ErrorPtr error = readLasHeader(file, header, unheard)) {
-            return error;
-        }
-        ScanSource source;
-        source.file = path;
-        scans.push_back({classIdentifier(), path.filename().string(), source});
-        return nullptr;
-    }
-
     std::unique_ptr<IScanReader> makeReader(const ScanSource& source) const override {
         return std::make_unique<LasReader>(source);
     }

@@ -3,6 +3,8 @@
 
 #include "las/LasTimes.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
@@ -33,13 +35,13 @@ class LasTimeLoader {
           watch_(target.work),
           clock_(source.clock) {}
 
-    ErrorPtr load();
+    [[nodiscard]] ErrorPtr load();
 
   private:
     double time(const char* record) const { return loadLittle<double>(record + timeOffset_); }
 
-    ErrorPtr check();
-    ErrorPtr write();
+    [[nodiscard]] ErrorPtr check();
+    [[nodiscard]] ErrorPtr write();
     void drop();
     void remarkOnClock() const;
 
@@ -58,7 +60,7 @@ ErrorPtr LasTimeLoader::load() {
                       target_.times.resizeTimeStamps(1, static_cast<int>(count_));
     if (!fits) {
         return makeError(ErrorCode::InvalidValue,
-                         {file_.name(), "", "times of " + countText(count_, "point"),
+                         {file_.name(), "", fmt::format("times of {}", countText(count_, "point")),
                           "those of the points that are loaded, in one row"});
     }
     if (ErrorPtr error = check()) {
@@ -91,10 +93,10 @@ ErrorPtr LasTimeLoader::check() {
         for (std::uint64_t i = 0; i < blocks.records(); ++i) {
             const double value = time(blocks.record(i));
             if (!std::isfinite(value)) {
-                return file_.fault(ErrorCode::InvalidValue, blocks.fileOffset(i) + timeOffset_,
-                                   "the time " + numberText(value) + " of point " +
-                                       std::to_string(blocks.first() + i),
-                                   "a finite number");
+                return file_.fault(
+                    ErrorCode::InvalidValue, blocks.fileOffset(i) + timeOffset_,
+                    fmt::format("the time {:.9g} of point {}", value, blocks.first() + i),
+                    "a finite number");
             }
             raw_.add(value);
         }
@@ -115,9 +117,10 @@ ErrorPtr LasTimeLoader::write() {
             const double value = time(blocks.record(i));
             if (!(value >= raw_.first && value <= raw_.last)) {
                 drop();
-                return file_.fault(ErrorCode::CannotRead, blocks.fileOffset(i) + timeOffset_,
-                                   "the time " + numberText(value) + ", which was not there before",
-                                   "a file that stays as it is");
+                return file_.fault(
+                    ErrorCode::CannotRead, blocks.fileOffset(i) + timeOffset_,
+                    fmt::format("the time {:.9g}, which was not there before", value),
+                    "a file that stays as it is");
             }
             target_.times.setTimeStamp(0, static_cast<int>(blocks.first() + i),
                                        clock_.microseconds(value));
@@ -142,8 +145,8 @@ void LasTimeLoader::remarkOnClock() const {
     seconds.last = clock_.inSeconds(raw_.last);
     const ClockKind found = clockKind(seconds);
     const ClockKind said = header_.adjustedTime ? ClockKind::AdjustedGps : ClockKind::WeekSeconds;
-    const std::string line = file_.name() + ": the point times look like " + describe(found) +
-                             "; the header says " + describe(said);
+    const std::string line = fmt::format("{}: the point times look like {}; the header says {}",
+                                         file_.name(), describe(found), describe(said));
     if (found == said) {
         target_.remarks.note(line);
     } else {
@@ -156,10 +159,10 @@ void LasTimeLoader::remarkOnClock() const {
 ErrorPtr loadLasTimes(InputFile& file, const LasHeader& header, const ScanSource& source,
                       const TimeTarget& target) {
     if (!lasRecordLayout(header.format).time) {
-        return makeError(ErrorCode::NoTimes,
-                         {file.name(), "",
-                          "point format " + std::to_string(header.format) + ", which has no time",
-                          "point format 1 or 3 to 10"});
+        return makeError(
+            ErrorCode::NoTimes,
+            {file.name(), "", fmt::format("point format {}, which has no time", header.format),
+             "point format 1 or 3 to 10"});
     }
     return LasTimeLoader(file, header, source, target).load();
 }

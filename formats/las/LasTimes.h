@@ -15,7 +15,7 @@ namespace Ovr::Formats {
 /// the times that it has written to 0.
 /// Remarks on the kind of clock that the times look like and the one that the header says: a
 /// warning when they differ, else a note.
-ErrorPtr loadLasTimes(InputFile& file, const LasHeader& header, const ScanSource& source,
-                      const TimeTarget& target);
+[[nodiscard]] ErrorPtr loadLasTimes(InputFile& file, const LasHeader& header,
+                                    const ScanSource& source, const TimeTarget& target);
 
 }  // namespace Ovr::Formats

@@ -3,6 +3,8 @@
 
 #include "las/LasWriter.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
@@ -23,7 +25,7 @@ constexpr std::size_t kBufferSize = std::size_t{1} << 20;  // [bytes]
 constexpr std::size_t kNarrowHeaderSize = 227;             // LAS 1.2
 constexpr std::size_t kWideHeaderSize = 375;               // LAS 1.4
 constexpr std::uint16_t kAdjustedTimeBit = 1;
-constexpr std::uint16_t kWktBit = 16;  // LAS 1.4 asks for it beside formats 6 and 7
+constexpr std::uint16_t kWktBit = 16;  // LAS 1.4 asks for it with formats 6 and 7
 /// Return 1 of 1, in the bits of formats 0 to 5 and of formats 6 to 10.
 constexpr char kNarrowReturns = 1 | 1 << 3;
 constexpr char kWideReturns = 1 | 1 << 4;
@@ -91,10 +93,10 @@ ErrorPtr LasWriter::setCoordinates(const LasPoint& point, char* record) {
         if (!(steps >= std::numeric_limits<std::int32_t>::min() &&
               steps <= std::numeric_limits<std::int32_t>::max())) {
             return makeError(ErrorCode::InvalidValue,
-                             {name_, "point " + std::to_string(count_),
-                              "the coordinate " + numberText(point.position[axis], 12),
-                              "at most 2^31 steps of " + numberText(settings_.scale[axis]) +
-                                  " m from " + numberText(settings_.offset[axis], 12)});
+                             {name_, fmt::format("point {}", count_),
+                              fmt::format("the coordinate {:.12g}", point.position[axis]),
+                              fmt::format("at most 2^31 steps of {:.9g} m from {:.12g}",
+                                          settings_.scale[axis], settings_.offset[axis])});
         }
         const auto raw = static_cast<std::int32_t>(steps);
         storeLittle(record + 4 * axis, raw);

@@ -48,22 +48,23 @@ constexpr std::uint16_t wideChannel(std::uint8_t channel) {
 class LasWriter {
   public:
     /// @return empty on success. Requires: called once; finite settings, scales above 0.
-    ErrorPtr open(const std::filesystem::path& file, const LasWriterSettings& settings);
+    [[nodiscard]] ErrorPtr open(const std::filesystem::path& file,
+                                const LasWriterSettings& settings);
 
     /// @return InvalidValue for a coordinate that scale and offset cannot express in 32 bits;
     ///         WriteFailed when the disk does not take it
-    ErrorPtr write(const LasPoint& point);
+    [[nodiscard]] ErrorPtr write(const LasPoint& point);
 
     /// Completes the header and brings the file to its name.
-    ErrorPtr finish();
+    [[nodiscard]] ErrorPtr finish();
 
     std::uint64_t count() const { return count_; }
 
   private:
     std::size_t headerSize() const;
     std::size_t recordLength() const;
-    ErrorPtr setCoordinates(const LasPoint& point, char* record);
-    ErrorPtr flush();
+    [[nodiscard]] ErrorPtr setCoordinates(const LasPoint& point, char* record);
+    [[nodiscard]] ErrorPtr flush();
     void putHeader(char* h) const;
     void putCounts(char* header) const;
 

@@ -3,11 +3,12 @@
 
 #include "project/JsonFile.h"
 
+#include <fmt/format.h>
 #include <json/reader.h>
 
 #include <algorithm>
-#include <limits>
 #include <memory>
+#include <span>
 #include <string_view>
 #include <utility>
 
@@ -73,8 +74,9 @@ bool JsonFile::read(const std::filesystem::path& file, std::uint64_t maximumSize
         return false;
     }
     if (input.size() > maximumSize) {
-        fail(makeError(ErrorCode::WrongFormat, {input.name(), "", countText(input.size(), "byte"),
-                                                "at most " + countText(maximumSize, "byte")}));
+        fail(makeError(ErrorCode::WrongFormat,
+                       {input.name(), "", countText(input.size(), "byte"),
+                        fmt::format("at most {}", countText(maximumSize, "byte"))}));
         return false;
     }
     text_.resize(static_cast<std::size_t>(input.size()));
@@ -98,9 +100,10 @@ void JsonFile::parse() {
             return;
         }
     } catch (const Json::Exception&) {
-        fail(makeError(ErrorCode::WrongFormat, {file_.string(), placeAt(deepest(text_)),
-                                                "values nested more deeply than anyone reads",
-                                                "at most " + countText(kDeepestNesting, "level")}));
+        fail(makeError(
+            ErrorCode::WrongFormat,
+            {file_.string(), placeAt(deepest(text_)), "values nested more deeply than anyone reads",
+             fmt::format("at most {}", countText(kDeepestNesting, "level"))}));
         return;
     }
     if (!root_.isObject()) {
@@ -125,7 +128,7 @@ void JsonFile::failToParse(const std::string& report) {
                                                                 : messageEnd - placeEnd - 1);
     message.erase(0, std::min(message.find_first_not_of(' '), message.size()));
     fail(makeError(ErrorCode::WrongFormat,
-                   {file_.string(), place, "malformed JSON: " + message, ""}));
+                   {file_.string(), place, fmt::format("malformed JSON: {}", message), ""}));
 }
 
 std::string_view JsonFile::textOf(const Json::Value& value) const {
@@ -142,8 +145,7 @@ std::string JsonFile::placeAt(std::size_t offset) const {
     const std::string_view before = std::string_view(text_).substr(0, offset);
     const auto line = 1 + std::count(before.begin(), before.end(), '\n');
     const std::size_t lineStart = before.rfind('\n') + 1;  // 0 when there is no line end
-    return "line " + std::to_string(line) + ", column " +
-           std::to_string(before.size() - lineStart + 1);
+    return fmt::format("line {}, column {}", line, before.size() - lineStart + 1);
 }
 
 void JsonFile::fail(ErrorPtr error) {
@@ -160,100 +162,23 @@ void JsonFile::fail(const Json::Value& at, std::string found, std::string expect
     }
 }
 
-void JsonFile::warnOfUnknown(const std::string& key, const Json::Value& value) {
-    if (warnings_.size() >= kMostWarnings) {
-        ++warningsLeftOut_;
-        return;
-    }
-    const Fault fault{file_.string(), placeOf(value),
-                      "the field " + inQuotes(key) + ", of which nothing is known", ""};
-    warnings_.emplace_back(value.getOffsetStart(),
-                           makeError(ErrorCode::InvalidValue, fault)->message());
+void JsonFile::noteUnknown(const std::string& key, const Json::Value& value) {
+    unknown_.emplace_back(value.getOffsetStart(), key);
 }
 
-std::vector<std::string> JsonFile::warnings() const {
-    auto ordered = warnings_;
+void JsonFile::remark(Remarks& remarks) const {
+    auto ordered = unknown_;
     std::sort(ordered.begin(), ordered.end());
-    std::vector<std::string> lines;
-    lines.reserve(ordered.size() + 1);
-    for (auto& [offset, line] : ordered) {
-        lines.push_back(std::move(line));
+    const std::size_t told = std::min(ordered.size(), kMostWarnings);
+    for (const auto& [offset, key] : std::span(ordered).first(told)) {
+        const Fault fault{file_.string(), placeAt(static_cast<std::size_t>(offset)),
+                          fmt::format("the field {}, of which nothing is known", inQuotes(key)),
+                          ""};
+        remarks.warn(makeError(ErrorCode::InvalidValue, fault)->message());
     }
-    if (warningsLeftOut_ != 0) {
-        lines.push_back(file_.string() + ": " +
-                        countText(warningsLeftOut_, "further unknown field"));
-    }
-    return lines;
-}
-
-JsonMembers::JsonMembers(JsonFile& file, const Json::Value& value)
-    : file_(file), value_(value), isObject_(value.isObject()) {
-    if (!isObject_) {
-        file.fail(value, describeValue(file, value), "an object");
-    }
-}
-
-bool JsonMembers::has(const char* key) const {
-    return isObject_ && value_.isMember(key);
-}
-
-const Json::Value* JsonMembers::find(const char* key) {
-    known_.insert(key);
-    return has(key) ? &value_[key] : nullptr;
-}
-
-const Json::Value* JsonMembers::require(const char* key) {
-    const Json::Value* const member = find(key);
-    if (member == nullptr) {
-        file_.fail(value_, "no field " + inQuotes(key) + " in this object", "one");
-    }
-    return member;
-}
-
-void JsonMembers::get(const char* key, std::optional<std::string>& out) {
-    if (const Json::Value* member = find(key)) {
-        out = readText(file_, *member);
-    }
-}
-
-void JsonMembers::get(const char* key, std::optional<double>& out) {
-    if (const Json::Value* member = find(key)) {
-        out = readNumber(file_, *member);
-    }
-}
-
-void JsonMembers::get(const char* key, std::optional<std::uint32_t>& out) {
-    const Json::Value* const member = find(key);
-    if (member == nullptr) {
-        return;
-    }
-    const auto number =
-        member->isNumeric() ? parseInteger(file_.textOf(*member)) : std::optional<std::int64_t>();
-    if (!number || *number < 0 || *number > std::numeric_limits<std::uint32_t>::max()) {
-        file_.fail(*member, describeValue(file_, *member), "a whole number from 0 to 4294967295");
-        return;
-    }
-    out = static_cast<std::uint32_t>(*number);
-}
-
-void JsonMembers::require(const char* key, std::string& out) {
-    const Json::Value* const member = require(key);
-    if (member == nullptr) {
-        return;
-    }
-    if (auto text = readText(file_, *member)) {
-        out = *std::move(text);
-    }
-}
-
-void JsonMembers::warnOfOthers() const {
-    if (!isObject_) {
-        return;
-    }
-    for (const std::string& key : value_.getMemberNames()) {
-        if (!known_.contains(key)) {
-            file_.warnOfUnknown(key, value_[key]);
-        }
+    if (told != ordered.size()) {
+        remarks.warn(fmt::format("{}: {}", file_.string(),
+                                 countText(ordered.size() - told, "further unknown field")));
     }
 }
 
@@ -289,13 +214,13 @@ std::string describeValue(const JsonFile& file, const Json::Value& value) {
         case Json::booleanValue:
             return value.asBool() ? "true" : "false";
         case Json::stringValue:
-            return "the text " + inQuotes(value.asString());
+            return fmt::format("the text {}", inQuotes(value.asString()));
         case Json::arrayValue:
-            return "an array of " + countText(value.size(), "value");
+            return fmt::format("an array of {}", countText(value.size(), "value"));
         case Json::objectValue:
             return "an object";
         default:
-            return "the number " + inQuotes(file.textOf(value));
+            return fmt::format("the number {}", inQuotes(file.textOf(value)));
     }
 }
 

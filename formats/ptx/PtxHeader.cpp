@@ -3,7 +3,10 @@
 
 #include "ptx/PtxHeader.h"
 
-#include <cmath>
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <array>
 #include <cstddef>
 #include <limits>
 #include <optional>
@@ -11,6 +14,7 @@
 #include <string>
 #include <string_view>
 
+#include "kit/NumberLine.h"
 #include "kit/TextFields.h"
 
 namespace Ovr::Formats {
@@ -25,45 +29,21 @@ constexpr std::uint64_t kShortestPointLine = 8;  // [bytes]
 /// The scanner's position and its three axes, which the matrix holds again.
 constexpr std::size_t kPlacementLines = 4;
 
-ErrorPtr nextLine(TextLines& lines, const std::string& expected) {
-    if (lines.next()) {
-        return nullptr;
-    }
-    ErrorPtr error = lines.error();
-    return error ? std::move(error)
-                 : lines.fault(ErrorCode::Truncated, "the end of the file", expected);
-}
-
-ErrorPtr readCount(const TextLines& lines, const std::string& what, int& count) {
+ErrorPtr readCount(const TextLines& lines, std::string_view what, int& count) {
     const std::optional<std::int64_t> value = parseInteger(lines.text());
     if (!value || *value < 1 || *value > kMostCells) {
         return lines.fault(value ? ErrorCode::InvalidValue : ErrorCode::WrongFormat,
                            inQuotes(lines.text()),
-                           "the number of " + what + ", 1 to " + std::to_string(kMostCells));
+                           fmt::format("the number of {}, 1 to {}", what, kMostCells));
     }
     count = static_cast<int>(*value);
-    return nullptr;
-}
-
-ErrorPtr readNumbers(const TextLines& lines, std::span<double> numbers) {
-    std::array<std::string_view, 4> fields;
-    const std::size_t count = splitFields(lines.text(), fields);
-    if (count != numbers.size()) {
-        return lines.fault(ErrorCode::WrongFormat, countText(count, "field"),
-                           std::to_string(numbers.size()));
-    }
-    for (std::size_t i = 0; i < numbers.size(); ++i) {
-        if (!parseNumber(fields[i], numbers[i])) {
-            return lines.fault(ErrorCode::InvalidValue, inQuotes(fields[i]), "a finite number");
-        }
-    }
     return nullptr;
 }
 
 ErrorPtr readPlacement(TextLines& lines, PtxHeader& header) {
     std::array<double, 3> unused{};
     for (std::size_t i = 0; i < kPlacementLines; ++i) {
-        if (ErrorPtr error = nextLine(lines, "a line of the scanner's placement")) {
+        if (ErrorPtr error = lines.require("a line of the scanner's placement")) {
             return error;
         }
         if (ErrorPtr error = readNumbers(lines, unused)) {
@@ -71,7 +51,7 @@ ErrorPtr readPlacement(TextLines& lines, PtxHeader& header) {
         }
     }
     for (std::size_t line = 0; line < 4; ++line) {
-        if (ErrorPtr error = nextLine(lines, "a line of the scan's 4 x 4 matrix")) {
+        if (ErrorPtr error = lines.require("a line of the scan's 4 x 4 matrix")) {
             return error;
         }
         if (ErrorPtr error = readNumbers(lines, std::span(header.pose).subspan(4 * line, 4))) {
@@ -83,18 +63,17 @@ ErrorPtr readPlacement(TextLines& lines, PtxHeader& header) {
 
 /// Before anything is sized by the grid: a file cannot hold more points than lines fit into it.
 ErrorPtr checkGrid(const TextLines& lines, const PtxHeader& header) {
-    const std::string grid = "a grid of " + std::to_string(header.columns) + " x " +
-                             std::to_string(header.rows) + " = " + std::to_string(header.cells()) +
-                             " points";
+    const std::string grid =
+        fmt::format("a grid of {} x {} = {} points", header.columns, header.rows, header.cells());
     if (header.cells() > static_cast<std::uint64_t>(kMostCells)) {
-        return lines.fault(ErrorCode::InvalidValue, grid, "at most " + std::to_string(kMostCells));
+        return lines.fault(ErrorCode::InvalidValue, grid, fmt::format("at most {}", kMostCells));
     }
     const std::uint64_t rest = lines.fileSize() - std::min(lines.fileSize(), lines.offset());
     const std::uint64_t fitting = rest / kShortestPointLine;
     if (header.cells() > fitting) {
         return lines.fault(
             ErrorCode::Truncated, grid,
-            "at most " + std::to_string(fitting) + ", for which the rest of the file has room");
+            fmt::format("at most {}, for which the rest of the file has room", fitting));
     }
     return nullptr;
 }
@@ -105,7 +84,7 @@ ErrorPtr readPtxHeader(TextLines& lines, PtxHeader& header) {
     if (ErrorPtr error = readCount(lines, "columns", header.columns)) {
         return error;
     }
-    if (ErrorPtr error = nextLine(lines, "the number of rows")) {
+    if (ErrorPtr error = lines.require("the number of rows")) {
         return error;
     }
     if (ErrorPtr error = readCount(lines, "rows", header.rows)) {

@@ -27,6 +27,6 @@ struct PtxHeader {
 /// Reads the header of a scan and checks that the rest of the file can hold as many points.
 /// Requires: the first line of the header is the current one.
 /// @return empty on success, and then the last line of the header is the current one
-ErrorPtr readPtxHeader(TextLines& lines, PtxHeader& header);
+[[nodiscard]] ErrorPtr readPtxHeader(TextLines& lines, PtxHeader& header);
 
 }  // namespace Ovr::Formats

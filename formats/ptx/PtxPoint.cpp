@@ -3,12 +3,14 @@
 
 #include "ptx/PtxPoint.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <limits>
-#include <string_view>
+#include <span>
 
+#include "kit/NumberLine.h"
 #include "kit/TextFields.h"
 
 namespace Ovr::Formats {
@@ -19,9 +21,9 @@ namespace {
 
 constexpr double kLargestReflection = 65535.0;
 constexpr double kLargestChannel = 255.0;
-constexpr double kLargestCoordinate = std::numeric_limits<float>::max();
-/// What single precision may take from a coordinate before it is worth a word [m].
-constexpr double kTolerableLoss = 0.001;
+/// Steps of coordinates that are worth a word when single precision makes them: it may move a
+/// coordinate by half of one [m].
+constexpr double kResolution = 0.002;
 
 }  // namespace
 
@@ -34,35 +36,22 @@ ErrorPtr PtxPointParser::start(const TextLines& lines) {
                        "4, 7 or 10: x y z intensity [r g b [nx ny nz]]");
 }
 
-ErrorPtr PtxPointParser::readNumbers(const TextLines& lines, double (&numbers)[kMostFields]) const {
-    std::array<std::string_view, kMostFields> fields;
-    const std::size_t count = splitFields(lines.text(), fields);
-    if (count != fields_) {
-        return lines.fault(ErrorCode::WrongFormat, countText(count, "field"),
-                           std::to_string(fields_) + ", as in the scan's first line");
-    }
-    for (std::size_t i = 0; i < count; ++i) {
-        if (!parseNumber(fields[i], numbers[i])) {
-            return lines.fault(ErrorCode::InvalidValue,
-                               inQuotes(fields[i]) + " as field " + std::to_string(i + 1),
-                               "a finite number");
-        }
-    }
-    return nullptr;
-}
-
 ErrorPtr PtxPointParser::parse(const TextLines& lines, ReadPoint& point, bool& isReturn) {
-    double numbers[kMostFields] = {};
-    if (ErrorPtr error = readNumbers(lines, numbers)) {
+    std::array<double, kMostFields> numbers{};
+    if (ErrorPtr error = readNumbers(lines, std::span(numbers).first(fields_),
+                                     ", as in the scan's first line")) {
         return error;
     }
     isReturn = numbers[0] != 0.0 || numbers[1] != 0.0 || numbers[2] != 0.0;
     if (!isReturn) {
         return nullptr;
     }
-    if (ErrorPtr error = setPosition(lines, numbers, point)) {
+    if (ErrorPtr error =
+            placer_.place(lines, {numbers[0], numbers[1], numbers[2]}, point.position)) {
         return error;
     }
+    distance_ =
+        std::sqrt(numbers[0] * numbers[0] + numbers[1] * numbers[1] + numbers[2] * numbers[2]);
     const double intensity = std::clamp(numbers[3], 0.0, 1.0);
     if (intensity != numbers[3]) {
         oddIntensity_.add(lines.line(), std::abs(numbers[3]));
@@ -80,27 +69,6 @@ ErrorPtr PtxPointParser::parse(const TextLines& lines, ReadPoint& point, bool& i
     return nullptr;
 }
 
-ErrorPtr PtxPointParser::setPosition(const TextLines& lines, const double (&numbers)[kMostFields],
-                                     ReadPoint& point) {
-    double loss = 0.0;
-    for (std::size_t axis = 0; axis < 3; ++axis) {
-        const double value = numbers[axis];
-        if (std::abs(value) > kLargestCoordinate) {
-            return lines.fault(ErrorCode::InvalidValue, "the coordinate " + numberText(value),
-                               "at most " + numberText(kLargestCoordinate));
-        }
-        const auto narrowed = static_cast<float>(value);
-        point.position[axis] = narrowed;
-        loss = std::max(loss, std::abs(value - narrowed));
-    }
-    if (loss > kTolerableLoss) {
-        lostPrecision_.add(lines.line(), loss);
-    }
-    distance_ =
-        std::sqrt(numbers[0] * numbers[0] + numbers[1] * numbers[1] + numbers[2] * numbers[2]);
-    return nullptr;
-}
-
 std::uint8_t PtxPointParser::colorOf(double value, std::uint64_t line) {
     const double cut = std::clamp(value, 0.0, kLargestChannel);
     if (cut != value) {
@@ -109,22 +77,18 @@ std::uint8_t PtxPointParser::colorOf(double value, std::uint64_t line) {
     return static_cast<std::uint8_t>(std::round(cut));
 }
 
-std::vector<std::string> PtxPointParser::findings(const std::string& file) const {
-    std::vector<std::string> lines;
+void PtxPointParser::remark(Remarks& remarks, const std::string& file) const {
     if (oddIntensity_.count != 0) {
-        lines.push_back(file + ": intensities of " + countText(oddIntensity_.count, "point") +
-                        " outside 0 .. 1 were cut" + oddIntensity_.where());
+        remarks.warn(fmt::format("{}: intensities of {} outside 0 .. 1 were cut, first at line {}",
+                                 file, countText(oddIntensity_.count, "point"),
+                                 oddIntensity_.firstLine));
     }
     if (oddColor_.count != 0) {
-        lines.push_back(file + ": " + countText(oddColor_.count, "colour channel") +
-                        " outside 0 .. 255 were cut" + oddColor_.where());
+        remarks.warn(fmt::format("{}: {} outside 0 .. 255 were cut, first at line {}", file,
+                                 countText(oddColor_.count, "colour channel"),
+                                 oddColor_.firstLine));
     }
-    if (lostPrecision_.count != 0) {
-        lines.push_back(file + ": " + countText(lostPrecision_.count, "point") +
-                        " so far from the scanner that single precision loses up to " +
-                        numberText(lostPrecision_.extreme, 3) + " m" + lostPrecision_.where());
-    }
-    return lines;
+    placer_.report(remarks, file, {kResolution, kResolution, kResolution}, "the scanner");
 }
 
 }  // namespace Ovr::Formats

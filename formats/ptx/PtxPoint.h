@@ -6,10 +6,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
-#include <vector>
 
 #include "Ovr/Errors.h"
+#include "Ovr/Remarks.h"
 #include "kit/Finding.h"
+#include "kit/PointPlacer.h"
 #include "kit/PointSink.h"
 #include "kit/TextLines.h"
 
@@ -21,33 +22,30 @@ class PtxPointParser {
   public:
     /// Decides the number of fields by the current line.
     /// @return empty on success; WrongFormat for other numbers than 4, 7 and 10
-    ErrorPtr start(const TextLines& lines);
+    [[nodiscard]] ErrorPtr start(const TextLines& lines);
 
     bool colored() const { return fields_ >= kColorFields; }
 
     /// Reads the current line.
     /// @param isReturn  false for a cell without a return, x = y = z = 0; @p point is not set then
-    ErrorPtr parse(const TextLines& lines, ReadPoint& point, bool& isReturn);
+    [[nodiscard]] ErrorPtr parse(const TextLines& lines, ReadPoint& point, bool& isReturn);
 
     /// Distance of the last point from the scanner [m].
     double distance() const { return distance_; }
-    /// What was noticed in the lines, one line of text each, beginning with the file's name.
-    std::vector<std::string> findings(const std::string& file) const;
+    /// Remarks on what was noticed in the lines.
+    void remark(Remarks& remarks, const std::string& file) const;
 
   private:
     static constexpr std::size_t kColorFields = 7;
     static constexpr std::size_t kMostFields = 10;
 
-    ErrorPtr readNumbers(const TextLines& lines, double (&numbers)[kMostFields]) const;
-    ErrorPtr setPosition(const TextLines& lines, const double (&numbers)[kMostFields],
-                         ReadPoint& point);
     std::uint8_t colorOf(double value, std::uint64_t line);
 
     std::size_t fields_ = 0;
     double distance_ = 0.0;
     Finding oddIntensity_;
     Finding oddColor_;
-    Finding lostPrecision_;
+    PointPlacer placer_;
 };
 
 }  // namespace Ovr::Formats

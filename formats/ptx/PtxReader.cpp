@@ -3,6 +3,8 @@
 
 #include "ptx/PtxReader.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <filesystem>
 #include <memory>
@@ -29,10 +31,11 @@ namespace {
 /// The error of lines that ended within the points of a scan.
 ErrorPtr cutScan(TextLines& lines, std::uint64_t found, std::uint64_t expected) {
     ErrorPtr error = lines.error();
-    return error ? std::move(error)
-                 : lines.fault(ErrorCode::Truncated,
-                               "the end of the file after " + countText(found, "point"),
-                               std::to_string(expected) + " in the scan");
+    return error
+               ? std::move(error)
+               : lines.fault(ErrorCode::Truncated,
+                             fmt::format("the end of the file after {}", countText(found, "point")),
+                             fmt::format("{} in the scan", expected));
 }
 
 class PtxReader final : public IScanReader {
@@ -42,10 +45,11 @@ class PtxReader final : public IScanReader {
     ErrorPtr loadPoints(const LoadTarget& target, StatisticsReport& statistics) override;
 
   private:
-    ErrorPtr loadGrid(const LoadTarget& target, const PtxHeader& header, TextLines& lines,
-                      StatisticsReport& statistics);
-    ErrorPtr fillColumns(PointSink& sink, PtxPointParser& parser, TextLines& lines,
-                         const PtxHeader& grid, StatisticBuilder& distances, WorkWatch watch) const;
+    [[nodiscard]] ErrorPtr loadGrid(const LoadTarget& target, const PtxHeader& header,
+                                    TextLines& lines, StatisticsReport& statistics);
+    [[nodiscard]] ErrorPtr fillColumns(PointSink& sink, PtxPointParser& parser, TextLines& lines,
+                                       const PtxHeader& grid, StatisticBuilder& distances,
+                                       WorkWatch watch) const;
     void checkPose(const PtxHeader& header, Remarks& remarks) const;
 };
 
@@ -55,10 +59,8 @@ ErrorPtr PtxReader::loadPoints(const LoadTarget& target, StatisticsReport& stati
         return error;
     }
     PtxHeader header;
-    if (!lines.next()) {
-        ErrorPtr error = lines.error();
-        return error ? std::move(error)
-                     : lines.fault(ErrorCode::Truncated, "the end of the file", "a scan");
+    if (ErrorPtr error = lines.require("a scan")) {
+        return error;
     }
     if (ErrorPtr error = readPtxHeader(lines, header)) {
         return error;
@@ -95,9 +97,7 @@ ErrorPtr PtxReader::loadGrid(const LoadTarget& target, const PtxHeader& header, 
             fillColumns(sink, parser, lines, grid, distances, WorkWatch(target.work))) {
         return error;
     }
-    for (const std::string& line : parser.findings(lines.fileName())) {
-        target.remarks.warn(line);
-    }
+    parser.remark(target.remarks, lines.fileName());
     const ValueStatistic distance = distances.result();
     if (distance.count != 0) {
         statistics.distance = distance;
@@ -141,32 +141,31 @@ ErrorPtr PtxReader::fillColumns(PointSink& sink, PtxPointParser& parser, TextLin
 void PtxReader::checkPose(const PtxHeader& header, Remarks& remarks) const {
     const auto& m = header.pose;
     if (m[3] != 0.0 || m[7] != 0.0 || m[11] != 0.0 || m[15] != 1.0) {
-        remarks.warn(source().file.string() + ": line " + std::to_string(source().line) +
-                     ": the fourth column of the scan's matrix is not 0 0 0 1");
+        remarks.warn(
+            fmt::format("{}: line {}: the fourth column of the scan's matrix is not 0 0 0 1",
+                        source().file.string(), source().line));
     }
 }
 
 /// Whether lines look like the head of a scan: two counts, then three numbers.
 bool looksLikePtx(std::string_view beginning) {
-    std::size_t line = 0;
-    while (line < 3) {
+    int line = 0;
+    while (!beginning.empty()) {
         const std::size_t end = std::min(beginning.find('\n'), beginning.size());
         const std::string_view text = trimmed(beginning.substr(0, end));
-        if (end == beginning.size() && line < 2) {
-            return false;
-        }
         beginning.remove_prefix(std::min(end + 1, beginning.size()));
         if (text.empty()) {
             continue;
         }
-        const bool right =
-            line < 2 ? parseInteger(text).value_or(0) > 0 : splitFields(text, {}) == 3;
-        if (!right) {
+        if (line == 2) {
+            return splitFields(text, {}) == 3;
+        }
+        if (parseInteger(text).value_or(0) <= 0) {
             return false;
         }
         ++line;
     }
-    return true;
+    return false;
 }
 
 class PtxFormat final : public IScanFormat {
@@ -207,7 +206,7 @@ ErrorPtr PtxFormat::list(const std::filesystem::path& path, std::vector<ScanList
         }
         std::string name = path.filename().string();
         if (!found.empty()) {
-            name += " (" + std::to_string(found.size() + 1) + ")";
+            name += fmt::format(" ({})", found.size() + 1);
         }
         found.push_back({classIdentifier(), std::move(name), std::move(source)});
     }

@@ -3,9 +3,13 @@
 
 #include "ptx/PtxWriter.h"
 
+#include <fmt/compile.h>
+#include <fmt/format.h>
+
 #include <charconv>
 #include <cstddef>
 #include <initializer_list>
+#include <iterator>
 #include <span>
 
 #include "kit/TextFields.h"
@@ -56,7 +60,7 @@ ErrorPtr PtxWriter::beginScan(const PtxScan& scan) {
     colored_ = scan.colored;
     cellsLeft_ = static_cast<std::uint64_t>(scan.columns) * static_cast<std::uint64_t>(scan.rows);
     const std::span<const double> pose = scan.pose;
-    std::string header = std::to_string(scan.columns) + "\n" + std::to_string(scan.rows) + "\n";
+    std::string header = fmt::format("{}\n{}\n", scan.columns, scan.rows);
     appendExact(header, pose.subspan(12, 3));
     for (const std::size_t axis : {0U, 4U, 8U}) {
         appendExact(header, pose.subspan(axis, 3));
@@ -79,10 +83,8 @@ ErrorPtr PtxWriter::write(const PtxCell& cell) {
     appendFixed(line_, cell.position.z);
     appendFixed(line_, cell.intensity);
     if (colored_) {
-        for (const std::uint8_t channel : cell.color) {
-            line_ += std::to_string(channel);
-            line_ += ' ';
-        }
+        const auto& [red, green, blue] = cell.color;
+        fmt::format_to(std::back_inserter(line_), FMT_COMPILE("{} {} {} "), red, green, blue);
     }
     endLine(line_);
     return put(line_);
@@ -110,8 +112,9 @@ ErrorPtr PtxWriter::checkComplete() const {
     if (cellsLeft_ == 0) {
         return nullptr;
     }
-    return makeError(ErrorCode::InvalidValue,
-                     {name_, "", "a scan with " + countText(cellsLeft_, "cell") + " missing", ""});
+    return makeError(
+        ErrorCode::InvalidValue,
+        {name_, "", fmt::format("a scan with {} missing", countText(cellsLeft_, "cell")), ""});
 }
 
 }  // namespace Ovr::Formats

@@ -34,20 +34,20 @@ struct PtxCell {
 class PtxWriter {
   public:
     /// @return empty on success. Requires: called once.
-    ErrorPtr open(const std::filesystem::path& file);
+    [[nodiscard]] ErrorPtr open(const std::filesystem::path& file);
 
     /// Begins a scan; its cells follow, column after column.
     /// @return InvalidValue when cells of the scan before are missing
-    ErrorPtr beginScan(const PtxScan& scan);
-    ErrorPtr write(const PtxCell& cell);
-    ErrorPtr writeNoReturn();
+    [[nodiscard]] ErrorPtr beginScan(const PtxScan& scan);
+    [[nodiscard]] ErrorPtr write(const PtxCell& cell);
+    [[nodiscard]] ErrorPtr writeNoReturn();
 
     /// Brings the file to its name. @return InvalidValue when cells are missing.
-    ErrorPtr finish();
+    [[nodiscard]] ErrorPtr finish();
 
   private:
-    ErrorPtr put(const std::string& line);
-    ErrorPtr checkComplete() const;
+    [[nodiscard]] ErrorPtr put(const std::string& line);
+    [[nodiscard]] ErrorPtr checkComplete() const;
 
     AtomicFile file_;
     std::string name_;

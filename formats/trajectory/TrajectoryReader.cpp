@@ -3,21 +3,29 @@
 
 #include "trajectory/TrajectoryReader.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <span>
+#include <string>
 #include <string_view>
 #include <utility>
 
+#include "Tq/Quaternion.h"
 #include "kit/Finding.h"
+#include "kit/NumberLine.h"
+#include "kit/PointPlacer.h"
 #include "kit/TextFields.h"
 #include "kit/TextLines.h"
 
 namespace Ovr::Formats {
 
 using Interfaces::ErrorCode;
+using Tq_1_1::Quaternion;
 using VardexLib::TrajectoryNode;
 
 namespace {
@@ -31,15 +39,8 @@ constexpr double kShortestQuaternion = 1e-6;
 constexpr double kLongestQuaternion = 1e6;
 constexpr double kJumpFactor = 10.0;
 
-struct Quaternion {
-    double w;
-    double x;
-    double y;
-    double z;
-};
-
 /// Writes the rotation of a unit quaternion into a pose that is stored column by column.
-void setRotation(double (&pose)[16], const Quaternion& q) {
+void writeRotation(const Quaternion& q, double (&pose)[16]) {
     pose[0] = 1.0 - 2.0 * (q.y * q.y + q.z * q.z);
     pose[1] = 2.0 * (q.x * q.y + q.w * q.z);
     pose[2] = 2.0 * (q.x * q.z - q.w * q.y);
@@ -53,21 +54,18 @@ void setRotation(double (&pose)[16], const Quaternion& q) {
 
 class TrajectoryParser {
   public:
-    explicit TrajectoryParser(ScanProject* project) : project_(project) {}
-
-    ErrorPtr read(const std::filesystem::path& file);
+    [[nodiscard]] ErrorPtr read(const std::filesystem::path& file);
     std::vector<TrajectoryNode>& nodes() { return nodes_; }
-    std::vector<std::string> findings() const;
+    void remark(Remarks& remarks) const;
 
   private:
     bool isComment();
-    ErrorPtr readPose();
-    ErrorPtr setPose(const std::array<double, kTumFields>& values, TrajectoryNode& node);
-    void reportTimes(std::vector<std::string>& lines) const;
+    [[nodiscard]] ErrorPtr readPose();
+    [[nodiscard]] ErrorPtr setRotation(const Quaternion& q, TrajectoryNode& node);
+    void remarkOnTimes(Remarks& remarks) const;
     double medianStep() const;
 
     TextLines lines_;
-    ScanProject* project_;
     bool exported_ = false;
     std::vector<TrajectoryNode> nodes_;
     std::vector<std::uint64_t> nodeLines_;
@@ -98,57 +96,40 @@ bool TrajectoryParser::isComment() {
 }
 
 ErrorPtr TrajectoryParser::readPose() {
-    const std::size_t expected = exported_ ? kExportFields : kTumFields;
-    std::array<std::string_view, kExportFields> fields;
-    const std::size_t count = splitFields(lines_.text(), fields);
-    if (count != expected) {
-        return lines_.fault(ErrorCode::WrongFormat, countText(count, "field"),
-                            std::to_string(expected));
-    }
     std::array<double, kExportFields> numbers{};
-    for (std::size_t i = 0; i < expected; ++i) {
-        if (!parseNumber(fields[i], numbers[i])) {
-            return lines_.fault(ErrorCode::InvalidValue,
-                                inQuotes(fields[i]) + " as field " + std::to_string(i + 1),
-                                "a finite number");
-        }
-    }
-    TrajectoryNode node;
-    std::array<double, kTumFields> pose{};
-    std::copy_n(numbers.begin(), kTumFields, pose.begin());
-    if (exported_) {
-        // Scalar first there, last in TUM files.
-        std::rotate(pose.begin() + 4, pose.begin() + 5, pose.end());
-    }
-    if (ErrorPtr error = setPose(pose, node)) {
+    const std::size_t count = exported_ ? kExportFields : kTumFields;
+    if (ErrorPtr error = readNumbers(lines_, std::span(numbers).first(count))) {
         return error;
     }
+    const auto& n = numbers;
+    if (ErrorPtr error = checkCoordinates(lines_, {n[1], n[2], n[3]})) {
+        return error;
+    }
+    TrajectoryNode node;
+    // Scalar first in exported files, last in TUM files.
+    const Quaternion rotation =
+        exported_ ? Quaternion{n[4], n[5], n[6], n[7]} : Quaternion{n[7], n[4], n[5], n[6]};
+    if (ErrorPtr error = setRotation(rotation, node)) {
+        return error;
+    }
+    node.time = n[0];
+    std::copy_n(n.begin() + 1, 3, node.pose + 12);
     nodes_.push_back(node);
     nodeLines_.push_back(lines_.line());
     return nullptr;
 }
 
-ErrorPtr TrajectoryParser::setPose(const std::array<double, kTumFields>& values,
-                                   TrajectoryNode& node) {
-    const auto [time, x, y, z, qx, qy, qz, qw] = values;
-    const double length = std::sqrt(qx * qx + qy * qy + qz * qz + qw * qw);
+ErrorPtr TrajectoryParser::setRotation(const Quaternion& q, TrajectoryNode& node) {
+    const double length = std::sqrt(q.x * q.x + q.y * q.y + q.z * q.z + q.w * q.w);
     if (!(length >= kShortestQuaternion && length <= kLongestQuaternion)) {
         return lines_.fault(ErrorCode::InvalidValue,
-                            "a quaternion of length " + numberText(length, 3), "length 1");
+                            fmt::format("a quaternion of length {:.3g}", length), "length 1");
     }
     const double deviation = std::abs(length - 1.0);
     if (deviation > kUnitLengthTolerance) {
         offUnit_.add(lines_.line(), deviation);
     }
-    setRotation(node.pose, {qw / length, qx / length, qy / length, qz / length});
-    Tq_1_1::Vec3d<double> position{x, y, z};
-    if (project_ != nullptr) {
-        position = position - project_->chooseOrigin(position);
-    }
-    node.time = time;
-    node.pose[12] = position.x;
-    node.pose[13] = position.y;
-    node.pose[14] = position.z;
+    writeRotation({q.w / length, q.x / length, q.y / length, q.z / length}, node.pose);
     return nullptr;
 }
 
@@ -170,7 +151,7 @@ double TrajectoryParser::medianStep() const {
     return *middle;
 }
 
-void TrajectoryParser::reportTimes(std::vector<std::string>& lines) const {
+void TrajectoryParser::remarkOnTimes(Remarks& remarks) const {
     const double median = medianStep();
     Finding back;
     Finding repeated;
@@ -185,50 +166,45 @@ void TrajectoryParser::reportTimes(std::vector<std::string>& lines) const {
             jumps.add(nodeLines_[i], step);
         }
     }
+    const std::string& file = lines_.fileName();
     if (back.count != 0) {
-        lines.push_back(countText(back.count, "time") +
-                        " before the time of the line above, by up to " +
-                        numberText(back.extreme, 6) + " s" + back.where());
+        remarks.warn(fmt::format(
+            "{}: {} before the time of the line above, by up to {:.6g} s, first at line {}", file,
+            countText(back.count, "time"), back.extreme, back.firstLine));
     }
     if (repeated.count != 0) {
-        lines.push_back(countText(repeated.count, "time") + " equal to the time of the line above" +
-                        repeated.where());
+        remarks.warn(fmt::format("{}: {} equal to the time of the line above, first at line {}",
+                                 file, countText(repeated.count, "time"), repeated.firstLine));
     }
     if (jumps.count != 0) {
-        lines.push_back(countText(jumps.count, "gap") + " of up to " +
-                        numberText(jumps.extreme, 6) + " s, above 10 x the median step of " +
-                        numberText(median, 6) + " s" + jumps.where());
+        remarks.warn(fmt::format(
+            "{}: {} of up to {:.6g} s, above 10 x the median step of {:.6g} s, first at line {}",
+            file, countText(jumps.count, "gap"), jumps.extreme, median, jumps.firstLine));
     }
 }
 
-std::vector<std::string> TrajectoryParser::findings() const {
-    std::vector<std::string> lines;
+void TrajectoryParser::remark(Remarks& remarks) const {
+    const std::string& file = lines_.fileName();
     if (nodes_.empty()) {
-        lines.emplace_back("no pose in the file");
+        remarks.warn(fmt::format("{}: no pose in the file", file));
     }
     if (offUnit_.count != 0) {
-        lines.push_back(countText(offUnit_.count, "quaternion") +
-                        " brought to unit length, off by up to " + numberText(offUnit_.extreme, 3) +
-                        offUnit_.where());
+        remarks.warn(fmt::format(
+            "{}: {} brought to unit length, off by up to {:.3g}, first at line {}", file,
+            countText(offUnit_.count, "quaternion"), offUnit_.extreme, offUnit_.firstLine));
     }
-    reportTimes(lines);
-    for (std::string& line : lines) {
-        line.insert(0, lines_.fileName() + ": ");
-    }
-    return lines;
+    remarkOnTimes(remarks);
 }
 
 }  // namespace
 
-ErrorPtr readTrajectoryFile(const std::filesystem::path& file, ScanProject* project,
-                            std::vector<TrajectoryNode>& nodes, Remarks& remarks) {
-    TrajectoryParser parser(project);
+ErrorPtr readTrajectoryFile(const std::filesystem::path& file, std::vector<TrajectoryNode>& nodes,
+                            Remarks& remarks) {
+    TrajectoryParser parser;
     if (ErrorPtr error = parser.read(file)) {
         return error;
     }
-    for (const std::string& line : parser.findings()) {
-        remarks.warn(line);
-    }
+    parser.remark(remarks);
     nodes = std::move(parser.nodes());
     return nullptr;
 }

@@ -9,7 +9,6 @@
 #include "Ovr/Errors.h"
 #include "Ovr/FormatRegistry.h"
 #include "Ovr/Remarks.h"
-#include "Ovr/ScanProject.h"
 #include "Ovr/TrajectoryNode.h"
 
 namespace Ovr::Formats {
@@ -25,15 +24,16 @@ namespace Ovr::Formats {
 /// Times are seconds and are kept; positions are metres in the world. Lines that begin with # or
 /// // are comments. Quaternions are brought to unit length. Poses stay in the order of the file.
 ///
-/// @param project   positions come out relative to its origin, chosen from the first pose when it
-///                  has none yet; null leaves them as they are
-/// @param nodes     replaced on success, untouched on failure; empty for a file of comments alone
-/// @param remarks   receives what was noticed: quaternions off unit length, times that go back,
-///                  repeat or jump (a gap above 10 x the median step), each with its first line
-/// @return empty on success. Fields missing or left over, words, numbers that are not finite and
-///         quaternions of length zero (less than 1e-6, or more than 1e6) are refused.
-ErrorPtr readTrajectoryFile(const std::filesystem::path& file, ScanProject* project,
-                            std::vector<VardexLib::TrajectoryNode>& nodes, Remarks& remarks);
+/// @param nodes    in world coordinates; replaced on success, untouched on failure; empty for a
+///                 file of comments alone
+/// @param remarks  receives what was noticed: quaternions off unit length, times that go back,
+///                 repeat or jump (a gap above 10 x the median step), each with its first line
+/// @return empty on success. Fields missing or left over, words, numbers that are not finite,
+///         positions beyond 1e30 m and quaternions of length zero (less than 1e-6, or more than
+///         1e6) are refused.
+[[nodiscard]] ErrorPtr readTrajectoryFile(const std::filesystem::path& file,
+                                          std::vector<VardexLib::TrajectoryNode>& nodes,
+                                          Remarks& remarks);
 
 /// Trajectory files as the service's registry takes them.
 TrajectoryFormat trajectoryFormat();

@@ -1,13 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The VardexScandata developers
 // SPDX-License-Identifier: MIT
 
-#include <gtest/gtest.h>
-
 #include <limits>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "support/ExpectError.h"
 #include "support/LasBytes.h"
 #include "support/LoadedScan.h"
 #include "support/TempFolder.h"
@@ -17,6 +16,7 @@ namespace {
 using Ovr::ClockSettings;
 using Ovr::TimeUnit;
 using enum Ovr::Interfaces::ErrorCode;
+using Support::expectError;
 using Support::MobileScan;
 
 class LasTimes : public testing::Test {
@@ -59,7 +59,7 @@ TEST_F(LasTimes, CountFromTheFirstNodeOrTheEarliestPoint) {
         double zero;
     } cases[] = {
         {"points alone", {12.5, 10.0, 11.25}, {}, {}, {2500000, 0, 1250000}, 2.5, 10.0},
-        {"nodes before and behind", {12.0, 10.5}, {10.0, 14.0}, {}, {2000000, 500000}, 4.0, 10.0},
+        {"nodes before and after", {12.0, 10.5}, {10.0, 14.0}, {}, {2000000, 500000}, 4.0, 10.0},
         {"halves away from zero", {0.0, 0.0000025, 0.0000004}, {}, {}, {0, 3, 0}, 0.0000025, 0.0},
         {"milliseconds",
          {2000.0, 3500.0},
@@ -132,16 +132,13 @@ TEST_F(LasTimes, AreRefusedBeforeTheFirstIsWritten) {
         SCOPED_TRACE(c.name);
         const auto scan = scanOf(c.points, c.format);
         scan->data.setTrajectoryNodes(nodesAt(c.nodes));
-        const Ovr::ErrorPtr error = scan->loadTimes();
-        ASSERT_TRUE(error);
-        EXPECT_EQ(error->code(), c.code);
-        EXPECT_NE(error->message().find(c.words), std::string::npos) << error->message();
+        expectError(scan->loadTimes(), c.code, c.words);
         EXPECT_EQ(scan->times->writes, 0U);
         EXPECT_EQ(scan->metaData().ScanDuration(), 0.0);
     }
 }
 
-TEST_F(LasTimes, ReadAndKeepTheTrajectoryBesideThePoints) {
+TEST_F(LasTimes, ReadAndKeepTheTrajectoryNextToThePoints) {
     const auto scan = scanOf({11.0, 12.0});
     const auto file = folder_.write("walk.tum", "10 1 2 3 0 0 0 1\n14 1 2 3 0 0 0 1\n");
     scan->memory.streams = Ovr::findStructuredStreams(file, &file, nullptr);
@@ -151,13 +148,11 @@ TEST_F(LasTimes, ReadAndKeepTheTrajectoryBesideThePoints) {
 
     scan->data.setTrajectoryNodes({});
     folder_.write("walk.tum", "10 1 2 3 0 0 0\n");
-    const Ovr::ErrorPtr error = scan->loadTimes();
-    ASSERT_TRUE(error);
-    EXPECT_NE(error->message().find("walk.tum: line 1: found 7 fields"), std::string::npos);
+    expectError(scan->loadTimes(), WrongFormat, "walk.tum: line 1: found 7 fields");
     EXPECT_EQ(scan->times->writes, 0U);
 }
 
-TEST_F(LasTimes, TellTheClockTheyLookLikeBesideTheHeaders) {
+TEST_F(LasTimes, TellTheClockTheyLookLikeAndTheHeaders) {
     const struct {
         double time;
         std::uint16_t encoding;
@@ -190,9 +185,7 @@ TEST_F(LasTimes, AreAllZeroAfterACancel) {
         const auto watch = std::make_shared<Support::CountingWatch>(cancelAt);
         scan->memory.source.cancel = watch;
         scan->memory.source.progress = watch;
-        const Ovr::ErrorPtr error = scan->loadTimes();
-        ASSERT_TRUE(error);
-        EXPECT_EQ(error->code(), Cancelled);
+        expectError(scan->loadTimes(), Cancelled, "cancelled");
         EXPECT_GT(watch->told, 0);
         EXPECT_EQ(scan->times->times, std::vector<std::uint64_t>(times.size(), 0)) << cancelAt;
         EXPECT_EQ(scan->times->writes != 0, cancelAt == 5);

@@ -1,10 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The VardexScandata developers
 // SPDX-License-Identifier: MIT
 
-#include "project/ProjectReader.h"
-
-#include <gmock/gmock.h>
-
 #include <array>
 #include <filesystem>
 #include <optional>
@@ -15,7 +11,8 @@
 #include "Hx/ErrorConversion.h"
 #include "Hx/PtSetObject.h"
 #include "Hx/RawScanFileObject.h"
-
+#include "Ovr/FormatRegistry.h"
+#include "support/ExpectError.h"
 #include "support/TempFolder.h"
 
 namespace Ovr::Formats {
@@ -54,16 +51,8 @@ class ProjectFolder {
     Support::TempFolder folder_;
 };
 
-/// Reads a project file over one that must stay as it is on failure.
-ErrorPtr readUnlessWrong(const std::filesystem::path& file) {
-    ProjectFile project;
-    project.warnings = {"kept"};
-    ErrorPtr error = readProjectFile(file, project);
-    if (error) {
-        EXPECT_EQ(project.warnings, std::vector<std::string>{"kept"});
-        EXPECT_TRUE(project.scans.empty());
-    }
-    return error;
+ErrorPtr read(const std::filesystem::path& file, ProjectFile& project) {
+    return FormatRegistry::the().readProject(file, project);
 }
 
 TEST(ProjectFile, GivesWhatItSaysOfAScan) {
@@ -79,7 +68,7 @@ TEST(ProjectFile, GivesWhatItSaysOfAScan) {
         "slamPose": [0, 1, 0, 0, -1, 0, 0, 0, 0, 0, 1e0, 0, 12.5, -3, 1.5e-1, 1]
       })");
     ProjectFile project;
-    const ErrorPtr error = readProjectFile(file, project);
+    const ErrorPtr error = read(file, project);
     ASSERT_EQ(error, nullptr) << error->message();
     EXPECT_EQ(project.file, file);
     EXPECT_TRUE(project.warnings.empty());
@@ -120,7 +109,7 @@ TEST(ProjectFile, NamesUnknownFieldsInTheirOrder) {
                                    ",\n\"zoom\": 1, \"colour\": null, \"clock\": {\"leap\": 1}}],\n"
                                    "\"author\": {\"deep\": [[[{}]]]}}");
     ProjectFile project;
-    ASSERT_EQ(readProjectFile(file, project), nullptr);
+    ASSERT_EQ(read(file, project), nullptr);
     using testing::AllOf;
     EXPECT_THAT(project.warnings,
                 testing::ElementsAre(AllOf(StartsWith(file.string()), HasSubstr("line 2, column 9"),
@@ -139,11 +128,14 @@ struct Refused {
 };
 
 void expectRefused(const std::filesystem::path& file, const Refused& c) {
-    const ErrorPtr error = readUnlessWrong(file);
-    ASSERT_NE(error, nullptr) << c.name;
-    EXPECT_EQ(error->code(), c.code) << c.name << ": " << error->message();
-    EXPECT_THAT(error->message(), StartsWith(file.string() + ": " + c.place)) << c.name;
-    EXPECT_THAT(error->message(), HasSubstr(c.words)) << c.name;
+    SCOPED_TRACE(c.name);
+    ProjectFile project;
+    project.warnings = {"kept"};
+    const ErrorPtr error = read(file, project);
+    Support::expectError(error, c.code, file.string() + ": " + c.place);
+    Support::expectError(error, c.code, c.words);
+    EXPECT_EQ(project.warnings, std::vector<std::string>{"kept"});
+    EXPECT_TRUE(project.scans.empty());
 }
 
 TEST(ProjectFile, RefusesWhatIsNoProject) {

@@ -1,14 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The VardexScandata developers
 // SPDX-License-Identifier: MIT
 
-#include <gtest/gtest.h>
-
 #include <filesystem>
 #include <string>
 #include <vector>
 
 #include "kit/AtomicFile.h"
 #include "las/LasWriter.h"
+#include "support/ExpectError.h"
 #include "support/LoadedScan.h"
 #include "support/TempFolder.h"
 
@@ -18,6 +17,7 @@ using Ovr::Formats::AtomicFile;
 using Ovr::Formats::LasPoint;
 using Ovr::Formats::LasWriter;
 using enum Ovr::Interfaces::ErrorCode;
+using Support::expectError;
 using Support::TempFolder;
 
 TEST(AtomicFile, AppearsWholeOrNotAtAll) {
@@ -55,10 +55,8 @@ TEST(AtomicFile, RefusesWhatItCannotReplace) {
 
     EXPECT_EQ(AtomicFile().open(folder.path())->code(), IsDirectory);
     EXPECT_EQ(AtomicFile().open("/dev/null")->code(), WriteFailed);
-    const Ovr::ErrorPtr error = AtomicFile().open(folder.path() / "none" / "out.txt");
-    ASSERT_TRUE(error);
-    EXPECT_NE(error->message().find("none/out.txt: found a file that cannot be created"),
-              std::string::npos);
+    expectError(AtomicFile().open(folder.path() / "none" / "out.txt"), WriteFailed,
+                "none/out.txt: found a file that cannot be created");
 
     AtomicFile failing;
     ASSERT_FALSE(failing.open(folder.path() / "lost"));
@@ -123,18 +121,15 @@ TEST(LasWriter, WritesWhatTheReaderReads) {
     }
 }
 
-TEST(LasWriter, LeavesNothingBehindWhenAPointDoesNotFit) {
+TEST(LasWriter, LeavesNothingWhenAPointDoesNotFit) {
     const TempFolder folder;
     {
         LasWriter writer;
         ASSERT_FALSE(writer.open(folder.path() / "out.las", {}));
         EXPECT_FALSE(writer.write({{214748.3647, 0, 0}, 0, {}, 0}));
         for (const double x : {214748.3649, -214748.3650, std::nan("")}) {
-            const Ovr::ErrorPtr error = writer.write({{x, 0, 0}, 0, {}, 0});
-            ASSERT_TRUE(error) << x;
-            EXPECT_EQ(error->code(), InvalidValue);
-            EXPECT_NE(error->message().find("out.las: point 1: found the coordinate"),
-                      std::string::npos);
+            expectError(writer.write({{x, 0, 0}, 0, {}, 0}), InvalidValue,
+                        "out.las: point 1: found the coordinate");
         }
     }
     EXPECT_EQ(folder.entries(), 0);

@@ -85,6 +85,6 @@ struct Fault {
 
 /// An error with the message "FILE: PLACE: found FOUND, expected EXPECTED". Line ends and control
 /// characters in the parts are replaced, so the message stays one line.
-HOST_EXPORT ErrorPtr makeError(Interfaces::ErrorCode code, const Fault& fault);
+[[nodiscard]] HOST_EXPORT ErrorPtr makeError(Interfaces::ErrorCode code, const Fault& fault);
 
 }  // namespace Ovr

@@ -8,6 +8,8 @@
 #include <system_error>
 #include <utility>
 
+#include "Tq/Path.h"
+
 namespace Ovr {
 
 using Interfaces::ErrorCode;
@@ -15,18 +17,9 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// The file's extension without the dot; ASCII letters in lower case.
-std::string extensionOf(const fs::path& file) {
-    std::string extension = file.extension().string();
-    extension.erase(0, 1);
-    std::transform(extension.begin(), extension.end(), extension.begin(), [](char c) {
-        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    });
-    return extension;
-}
-
 bool hasExtension(const std::vector<std::string>& extensions, const fs::path& file) {
-    return std::find(extensions.begin(), extensions.end(), extensionOf(file)) != extensions.end();
+    return std::find(extensions.begin(), extensions.end(), Tq_1_1::lowerCaseExtension(file)) !=
+           extensions.end();
 }
 
 /// The first bytes of a file; empty when it cannot be read.
@@ -40,6 +33,17 @@ std::string beginningOf(const fs::path& file) {
     stream.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     bytes.resize(static_cast<std::size_t>(stream.gcount()));
     return bytes;
+}
+
+/// Brings nodes from world coordinates to those of a project. Requires: at least one node.
+void countFromOrigin(ScanProject& project, std::vector<VardexLib::TrajectoryNode>& nodes) {
+    const auto& first = nodes.front().pose;
+    const Tq_1_1::Vec3d<double> origin = project.chooseOrigin({first[12], first[13], first[14]});
+    for (VardexLib::TrajectoryNode& node : nodes) {
+        for (std::size_t axis = 0; axis < 3; ++axis) {
+            node.pose[12 + axis] = node.pose[12 + axis] - origin[axis];
+        }
+    }
 }
 
 }  // namespace
@@ -129,21 +133,33 @@ ErrorPtr FormatRegistry::readTrajectory(const fs::path& file, ScanProject* proje
                                         std::vector<VardexLib::TrajectoryNode>& nodes,
                                         Remarks& remarks) const {
     const TrajectoryFormat format = trajectoryFormat();
-    return format.read
-               ? format.read(file, project, nodes, remarks)
-               : makeError(ErrorCode::Unsupported,
-                           {file.string(), "", "a trajectory, which nothing here reads", ""});
+    if (!format.read) {
+        return makeError(ErrorCode::Unsupported,
+                         {file.string(), "", "a trajectory, which nothing here reads", ""});
+    }
+    ErrorPtr error = format.read(file, nodes, remarks);
+    if (!error && project != nullptr && !nodes.empty()) {
+        countFromOrigin(*project, nodes);
+    }
+    return error;
 }
 
 ErrorPtr FormatRegistry::readProject(const fs::path& file, ProjectFile& project) const {
     const ProjectFormat format = projectFormat();
-    return format.read ? format.read(file, project)
-                       : makeError(ErrorCode::Unsupported,
-                                   {file.string(), "", "a project, which nothing here reads", ""});
+    if (!format.read) {
+        return makeError(ErrorCode::Unsupported,
+                         {file.string(), "", "a project, which nothing here reads", ""});
+    }
+    Remarks remarks;
+    ErrorPtr error = format.read(file, project, remarks);
+    if (!error) {
+        project.warnings = remarks.warnings();
+    }
+    return error;
 }
 
 ErrorPtr unknownFormat(const fs::path& file) {
-    const std::string extension = extensionOf(file);
+    const std::string extension = Tq_1_1::lowerCaseExtension(file);
     const std::string found = extension.empty() ? std::string("a file name without extension")
                                                 : "the unknown extension '." + extension + "'";
     return makeError(ErrorCode::WrongFormat,

@@ -27,10 +27,8 @@ struct TrajectoryFormat {
     std::vector<std::string> extensions;  ///< without the dot; a scan's trajectory is looked for
                                           ///< under them next to its points, in this order
     /// Reads a file.
-    /// @param project  positions come out relative to its origin, chosen from the first pose when
-    ///                 it has none yet; null leaves them as they are
-    /// @param nodes    replaced on success, untouched on failure
-    std::function<ErrorPtr(const std::filesystem::path& file, ScanProject* project,
+    /// @param nodes  in world coordinates; replaced on success, untouched on failure
+    std::function<ErrorPtr(const std::filesystem::path& file,
                            std::vector<VardexLib::TrajectoryNode>& nodes, Remarks& remarks)>
         read;
 };
@@ -39,8 +37,11 @@ struct TrajectoryFormat {
 struct ProjectFormat {
     std::vector<std::string> extensions;  ///< without the dot
     std::function<bool(std::string_view beginning)> recognises;
-    /// @param project  changed only on success
-    std::function<ErrorPtr(const std::filesystem::path& file, ProjectFile& project)> read;
+    /// @param project  changed only on success; its warnings are left empty
+    /// @param remarks  receives a line for each field that is not understood
+    std::function<ErrorPtr(const std::filesystem::path& file, ProjectFile& project,
+                           Remarks& remarks)>
+        read;
 };
 
 /// The file formats of the service. Empty from the start: the application fills it.
@@ -73,10 +74,15 @@ class HOST_EXPORT FormatRegistry {
     /// Whether a file is a project, by its content; a file that cannot be read, by its extension.
     bool isProject(const std::filesystem::path& file) const;
 
-    /// Read a file with the format that was set. Unsupported when none was.
+    /// Reads a trajectory with the format that was set. Unsupported when none was.
+    /// @param project  positions come out relative to its origin, chosen from the first pose when
+    ///                 it has none yet; null leaves them in the world
+    /// @param nodes    replaced on success, untouched on failure
     [[nodiscard]] ErrorPtr readTrajectory(const std::filesystem::path& file, ScanProject* project,
                                           std::vector<VardexLib::TrajectoryNode>& nodes,
                                           Remarks& remarks) const;
+    /// Reads a project with the format that was set. Unsupported when none was.
+    /// @param project  changed only on success; its warnings are what the format remarked
     [[nodiscard]] ErrorPtr readProject(const std::filesystem::path& file,
                                        ProjectFile& project) const;
 
@@ -90,7 +96,7 @@ class HOST_EXPORT FormatRegistry {
 };
 
 /// The error for a points file that no format takes.
-HOST_EXPORT ErrorPtr unknownFormat(const std::filesystem::path& file);
+[[nodiscard]] HOST_EXPORT ErrorPtr unknownFormat(const std::filesystem::path& file);
 
 /// Says what stands in the way of reading a file: that it is missing, a directory, not a regular
 /// file, or empty. Devices and pipes are refused, for opening one could wait for ever.

@@ -50,9 +50,9 @@ class HOST_EXPORT IScanData {
     /// @param statistics  filled on success
     /// @return empty on success; else the point set is left with no records, or as it was when
     ///         there is no reader for the file or the lock is not valid
-    virtual ErrorPtr loadPoints(std::uint64_t count, StatisticsReport& statistics,
-                                DataStructures::ScanDataModificationScope& scope,
-                                const IPointDataWriteLock& lock) = 0;
+    [[nodiscard]] virtual ErrorPtr loadPoints(std::uint64_t count, StatisticsReport& statistics,
+                                              DataStructures::ScanDataModificationScope& scope,
+                                              const IPointDataWriteLock& lock) = 0;
 
     /// The identifier under which the host's factory knows the point set's class.
     virtual std::string getPointSetClassIdentifier() const = 0;

@@ -58,10 +58,11 @@ struct ProjectFile {
     /// The newest version of the format that is read.
     static constexpr int kVersion = 1;
 
-    std::filesystem::path file;  ///< as it was given to readProjectFile
+    std::filesystem::path file;  ///< as it was given to FormatRegistry::readProject
     int version = kVersion;
     std::vector<ProjectScan> scans;     ///< in file order; relative paths are joined to the file's
-    std::vector<std::string> warnings;  ///< one line for each field that is not understood
+    std::vector<std::string> warnings;  ///< what the reader remarked: one line for each
+                                        ///< field that is not understood
 };
 
 }  // namespace Ovr

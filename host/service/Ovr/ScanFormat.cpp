@@ -11,7 +11,7 @@ IScanReader::IScanReader(ScanSource source) : source_(std::move(source)) {}
 
 IScanReader::~IScanReader() = default;
 
-std::optional<Tq_1_1::Vec3d<double>> IScanReader::place() {
+std::optional<Tq_1_1::Vec3d<double>> IScanReader::place(Remarks& /*remarks*/) {
     return std::nullopt;
 }
 
@@ -21,5 +21,13 @@ ErrorPtr IScanReader::loadTimes(const TimeTarget& /*target*/) {
 }
 
 IScanFormat::~IScanFormat() = default;
+
+ErrorPtr IScanFormat::list(const std::filesystem::path& file,
+                           std::vector<ScanListing>& scans) const {
+    ScanSource source;
+    source.file = file;
+    scans.push_back({classIdentifier(), file.filename().string(), std::move(source)});
+    return nullptr;
+}
 
 }  // namespace Ovr

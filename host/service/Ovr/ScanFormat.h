@@ -53,23 +53,28 @@ struct TimeTarget {
     Remarks& remarks;
 };
 
-/// A reader of one scan. Each operation opens the file afresh.
+/// A reader of one scan. Each operation opens the file afresh. The scan data keep the reader, so
+/// that it may keep what it read of the headers, as long as the file is the same.
+/// Threads: one at a time.
 class HOST_EXPORT IScanReader {
   public:
     virtual ~IScanReader();
 
-    /// A place near the points [m, world], from the file's headers: what the origin of their
+    /// A place near the points [m, world], from the beginning of the file: what the origin of their
     /// project is chosen from.
-    /// @return empty when the points are not in world coordinates, and when the headers give none
-    virtual std::optional<Tq_1_1::Vec3d<double>> place();
+    /// @param remarks  receives what is noticed there
+    /// @return empty, which is the default, when the points are not in world coordinates, and when
+    ///         the file cannot be read or gives no place
+    virtual std::optional<Tq_1_1::Vec3d<double>> place(Remarks& remarks);
 
     /// Sizes the target and streams the points into it. Fills what the file knows of the metadata.
     /// @return empty on success
-    virtual ErrorPtr loadPoints(const LoadTarget& target, StatisticsReport& statistics) = 0;
+    [[nodiscard]] virtual ErrorPtr loadPoints(const LoadTarget& target,
+                                              StatisticsReport& statistics) = 0;
 
     /// Writes a time for every point, or none at all.
-    /// @return empty on success; empty-handed formats have no times: this default says NoTimes
-    virtual ErrorPtr loadTimes(const TimeTarget& target);
+    /// @return empty on success. The default is for formats without times: it says NoTimes.
+    [[nodiscard]] virtual ErrorPtr loadTimes(const TimeTarget& target);
 
   protected:
     explicit IScanReader(ScanSource source);
@@ -95,9 +100,11 @@ class HOST_EXPORT IScanFormat {
     /// @param beginning  the file's first bytes, FormatRegistry::kBeginning of them at most
     virtual bool recognises(std::string_view beginning) const = 0;
 
-    /// Lists the scans of a file, in file order. Empty error on success, and then at least one.
-    virtual ErrorPtr list(const std::filesystem::path& file,
-                          std::vector<ScanListing>& scans) const = 0;
+    /// Lists the scans of a file, in file order: by default one, named after the file, without a
+    /// look into it.
+    /// @return empty on success, and then there is at least one
+    [[nodiscard]] virtual ErrorPtr list(const std::filesystem::path& file,
+                                        std::vector<ScanListing>& scans) const;
     virtual std::unique_ptr<IScanReader> makeReader(const ScanSource& source) const = 0;
 };
 

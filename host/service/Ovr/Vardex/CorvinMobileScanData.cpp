@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "Ovr/FormatRegistry.h"
+#include "Ovr/Origin.h"
 #include "Ovr/Vardex/IScanPointTimes.h"
 
 namespace Ovr::VardexLib {
@@ -16,7 +17,7 @@ using Interfaces::ErrorCode;
 
 namespace {
 
-ErrorPtr noTimeService(const ScanSource& source) {
+[[nodiscard]] ErrorPtr noTimeService(const ScanSource& source) {
     return makeError(ErrorCode::NoTimeService,
                      {source.file.string(), "", "no service that takes point times", ""});
 }
@@ -57,6 +58,9 @@ ErrorPtr CorvinMobileScanData::fetchTrajectory(SharedTrajectory& nodes) {
         nodes = std::move(held);
         return nullptr;
     }
+    const ScanSource source = getIntegration().getScanSource();
+    // By a reader of its own: that of the points may be at work on another thread.
+    chooseOrigin({{getPointSetClassIdentifier(), {}, source}});
     const auto streams = getIntegration().openStructuredStreams(false);
     if (!streams) {
         nodes = std::make_shared<const std::vector<TrajectoryNode>>();
@@ -92,36 +96,36 @@ ErrorPtr CorvinMobileScanData::loadTimeStamps(const IPointDataExclusiveAccess& /
     if (!times) {
         return noTimeService(source);
     }
-    const auto format = FormatRegistry::the().find(source.file);
-    if (!format) {
-        return unknownFormat(source.file);
-    }
-    const auto metaData = std::dynamic_pointer_cast<CorvinMobileMetaData>(getMetaData());
     timeZero_.reset();
     try {
-        // A trajectory that cannot be read is an error here: time zero would move to the earliest
-        // point, and the times would no longer fit the trajectory once it is repaired.
-        SharedTrajectory nodes;
-        if (ErrorPtr error = fetchTrajectory(nodes)) {
-            return error;
-        }
-        const auto reader = format->makeReader(source);
-        double timeZero = 0.0;
-        ErrorPtr error = reader->loadTimes({*times,
-                                            pointLimit(),
-                                            *nodes,
-                                            metaData.get(),
-                                            timeZero,
-                                            {progress ? progress.get() : source.progress.get(),
-                                             cancel ? cancel.get() : source.cancel.get()},
-                                            remarks()});
-        if (!error) {
-            timeZero_ = timeZero;
-        }
-        return error;
+        return readTimes(source, *times,
+                         {progress ? progress.get() : source.progress.get(),
+                          cancel ? cancel.get() : source.cancel.get()});
     } catch (const std::bad_alloc&) {
         return makeError(ErrorCode::OutOfMemory, {source.file.string(), "", "", "more memory"});
     }
+}
+
+ErrorPtr CorvinMobileScanData::readTimes(const ScanSource& source, IScanPointTimes& times,
+                                         const DataStructures::Work& work) {
+    std::shared_ptr<IScanReader> reader;
+    if (ErrorPtr error = fetchReader(source, reader)) {
+        return error;
+    }
+    // A trajectory that cannot be read is an error here: time zero would move to the earliest
+    // point, and the times would no longer fit the trajectory once it is repaired.
+    SharedTrajectory nodes;
+    if (ErrorPtr error = fetchTrajectory(nodes)) {
+        return error;
+    }
+    const auto metaData = std::dynamic_pointer_cast<CorvinMobileMetaData>(getMetaData());
+    double timeZero = 0.0;
+    ErrorPtr error =
+        reader->loadTimes({times, pointLimit(), *nodes, metaData.get(), timeZero, work, remarks()});
+    if (!error) {
+        timeZero_ = timeZero;
+    }
+    return error;
 }
 
 ErrorPtr CorvinMobileScanData::unloadTimeStamps(

@@ -13,6 +13,7 @@
 #include "Ovr/Progress.h"
 #include "Ovr/TrajectoryNode.h"
 #include "Ovr/Vardex/CorvinScanData.h"
+#include "Ovr/Vardex/IScanPointTimes.h"
 
 namespace Ovr::VardexLib {
 
@@ -35,14 +36,14 @@ class HOST_EXPORT CorvinMobileScanData final : public CorvinScanData {
     /// Reads the trajectory of a scan's streams, positions relative to the project's origin.
     /// Stores it in no scan data.
     /// @param nodes  replaced on success, untouched on failure
-    static ErrorPtr readTrajectory(const IStructuredStreams& streams,
-                                   std::vector<TrajectoryNode>& nodes);
+    [[nodiscard]] static ErrorPtr readTrajectory(const IStructuredStreams& streams,
+                                                 std::vector<TrajectoryNode>& nodes);
 
     /// The trajectory: the one that the scan data hold, else that of the scan's streams, which is
-    /// read, kept, and remarked on. Threads: any.
+    /// read, kept, and remarked on. The project's origin is chosen before. Threads: any.
     /// @param nodes  out: shared, never null on success; without nodes when the scan has none
     /// @return empty on success; the error of reading, with @p nodes untouched
-    ErrorPtr fetchTrajectory(SharedTrajectory& nodes);
+    [[nodiscard]] ErrorPtr fetchTrajectory(SharedTrajectory& nodes);
 
     /// Fills the point times through the registered IScanPointTimes service and sets the scan's
     /// duration. Time zero is the first trajectory node, else the earliest point. A scan that holds
@@ -52,19 +53,21 @@ class HOST_EXPORT CorvinMobileScanData final : public CorvinScanData {
     /// @return empty on success. A file without times, a span beyond 32-bit microseconds, points
     ///         before time zero and clocks that do not meet are errors, and no time is written
     ///         then. After one that comes later, such as a cancel, all times are 0.
-    ErrorPtr loadTimeStamps(const IPointDataExclusiveAccess& access,
-                            DataStructures::ScanDataModificationScope& scope,
-                            std::shared_ptr<DataStructures::IProgress> progress,
-                            std::shared_ptr<DataStructures::ICancelInfo> cancel);
+    [[nodiscard]] ErrorPtr loadTimeStamps(const IPointDataExclusiveAccess& access,
+                                          DataStructures::ScanDataModificationScope& scope,
+                                          std::shared_ptr<DataStructures::IProgress> progress,
+                                          std::shared_ptr<DataStructures::ICancelInfo> cancel);
     /// The time that is scan time 0, on the trajectory's clock [s].
     /// @return empty while no times are loaded
     std::optional<double> getTimeZero() const { return timeZero_; }
 
     /// Sets every point time to 0 through the registered service.
-    ErrorPtr unloadTimeStamps(const IPointDataExclusiveAccess& access,
-                              DataStructures::ScanDataModificationScope& scope);
+    [[nodiscard]] ErrorPtr unloadTimeStamps(const IPointDataExclusiveAccess& access,
+                                            DataStructures::ScanDataModificationScope& scope);
 
   private:
+    [[nodiscard]] ErrorPtr readTimes(const ScanSource& source, IScanPointTimes& times,
+                                     const DataStructures::Work& work);
     SharedTrajectory heldTrajectory() const;
     void holdTrajectory(SharedTrajectory nodes);
 

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "Ovr/FormatRegistry.h"
+#include "Ovr/Origin.h"
 
 namespace Ovr::VardexLib {
 
@@ -35,17 +36,11 @@ ErrorPtr CorvinScanData::loadPoints(std::uint64_t count, StatisticsReport& stati
     if (!format) {
         return unknownFormat(source.file);
     }
-    const auto metaData = metaData_;
-    StatisticsReport found;
     ErrorPtr error;
     try {
-        const auto reader = format->makeReader(source);
-        error = reader->loadPoints({integration_,
-                                    metaData.get(),
-                                    count,
-                                    {source.progress.get(), source.cancel.get()},
-                                    remarks_},
-                                   found);
+        reader_ = format->makeReader(source);
+        readersSource_ = source;
+        error = readPoints(source, count, statistics);
     } catch (const std::bad_alloc&) {
         error = makeError(ErrorCode::OutOfMemory, {source.file.string(), "", "", "more memory"});
     } catch (...) {
@@ -54,10 +49,39 @@ ErrorPtr CorvinScanData::loadPoints(std::uint64_t count, StatisticsReport& stati
     }
     if (error) {
         integration_.setNewSize(0, 0, false, false);
-        return error;
     }
-    pointLimit_ = count;
-    statistics = found;
+    return error;
+}
+
+ErrorPtr CorvinScanData::readPoints(const ScanSource& source, std::uint64_t count,
+                                    StatisticsReport& statistics) {
+    chooseOrigin({getPointSetClassIdentifier(), {}, source}, *reader_, remarks_);
+    const auto metaData = metaData_;
+    StatisticsReport found;
+    ErrorPtr error = reader_->loadPoints({integration_,
+                                          metaData.get(),
+                                          count,
+                                          {source.progress.get(), source.cancel.get()},
+                                          remarks_},
+                                         found);
+    if (!error) {
+        pointLimit_ = count;
+        statistics = found;
+    }
+    return error;
+}
+
+ErrorPtr CorvinScanData::fetchReader(const ScanSource& source,
+                                     std::shared_ptr<IScanReader>& reader) {
+    if (!reader_ || readersSource_ != source) {
+        const auto format = FormatRegistry::the().find(source.file);
+        if (!format) {
+            return unknownFormat(source.file);
+        }
+        reader_ = format->makeReader(source);
+        readersSource_ = source;
+    }
+    reader = reader_;
     return nullptr;
 }
 

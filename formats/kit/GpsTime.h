@@ -7,7 +7,7 @@
 
 namespace Ovr::Formats {
 
-/// Unix time of an adjusted GPS time, that is of GPS seconds minus 1e9. GPS time runs ahead of UTC
+/// Unix time of an adjusted GPS time, that is of GPS seconds minus 1e9. GPS time is ahead of UTC
 /// by the leap seconds inserted since 1980.
 /// @param adjusted  [s]
 /// @return [us] since 1970-01-01 UTC
