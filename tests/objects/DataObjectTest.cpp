@@ -152,13 +152,14 @@ TEST(DataObject, TakesTheModelsForAMomentBeforeItHearsOfAChange) {
     EXPECT_EQ(object->notify({}, {}), Hx::Action::EXEC_IGNORED);
 }
 
-Ovr::ErrorPtr readProjectByContent(const std::filesystem::path& file, Ovr::ProjectFile& project) {
+Ovr::ErrorPtr readProjectByContent(const std::filesystem::path& file,
+                                   Ovr::ProjectFile& /*project*/, Ovr::Remarks& remarks) {
     const std::string content = Support::TempFolder::read(file);
     if (content == "newer") {
         return Ovr::makeError(Ovr::Interfaces::ErrorCode::NewerVersion, {file, "", content, ""});
     }
     if (content == "unknown field") {
-        project.warnings.push_back(content);
+        remarks.warn(content);
     }
     return nullptr;
 }

@@ -35,7 +35,7 @@ struct NamedStreams final : Ovr::IStructuredStreams {
     std::shared_ptr<Ovr::ScanProject> project() const override { return nullptr; }
 };
 
-Ovr::ErrorPtr readByName(const std::filesystem::path& file, Ovr::ScanProject* /*project*/,
+Ovr::ErrorPtr readByName(const std::filesystem::path& file,
                          std::vector<Ovr::VardexLib::TrajectoryNode>& nodes,
                          Ovr::Remarks& /*remarks*/) {
     if (file == "words") {
