@@ -10,6 +10,7 @@
 
 #include "Hx/ErrorConversion.h"
 #include "Ovr/FormatRegistry.h"
+#include "Ovr/Origin.h"
 #include "Tq/File.h"
 
 #include "report/Failure.h"
@@ -98,6 +99,11 @@ Tq_1_1::SmartPtr<Vardex::VardexDataObj> openProject(ModuleSession& session, Cons
 
 std::vector<ImportedScan> importProject(Vardex::VardexDataObj& project, ScanImporter& importer,
                                         const ScanOptions& options, Console& console) {
+    std::vector<Ovr::ScanListing> all;
+    for (const ProjectScan& said : project.getProject()->scans) {
+        all.push_back(said.listing(importer.project()));
+    }
+    Ovr::chooseOrigin(all);
     std::vector<ImportedScan> scans;
     for (const ProjectScan& said : scansOf(project, options)) {
         ImportedScan scan = importer.import(said.listing(importer.project()), options, project);

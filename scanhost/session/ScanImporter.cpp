@@ -10,6 +10,7 @@
 #include "Hx/ModelContext.h"
 #include "Hx/Models.h"
 #include "Ovr/FormatRegistry.h"
+#include "Ovr/Origin.h"
 
 #include "report/Failure.h"
 #include "report/NumberText.h"
@@ -47,11 +48,13 @@ std::vector<Ovr::ScanListing> ScanImporter::list(const std::string& file,
     requireUtf8(file);
     std::vector<Ovr::ScanListing> scans;
     requireOk(Ovr::listScans(file, scans));
-    scans = chosenScans(std::move(scans), file, options);
     for (Ovr::ScanListing& scan : scans) {
         scan.source.project = project_;
     }
-    return scans;
+    if (scans.size() > 1) {
+        Ovr::chooseOrigin(scans);
+    }
+    return chosenScans(std::move(scans), file, options);
 }
 
 ImportedScan ScanImporter::import(const Ovr::ScanListing& listing, const ScanOptions& options,

@@ -4,12 +4,14 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <cmath>
 #include <future>
 #include <memory>
 #include <thread>
 
 #include "Ovr/Errors.h"
 #include "Ovr/Locks.h"
+#include "Ovr/ScanProject.h"
 #include "Ovr/ServiceRegistry.h"
 #include "support/MemoryScan.h"
 
@@ -59,6 +61,16 @@ TEST(PointDataLocks, GiveExclusiveAccessOnceAndOnlyForTheirOwnLock) {
     locks.reset();  // what was handed out lives on
     access.reset();
     lock.reset();
+}
+
+TEST(ScanProject, CountsFromTheNearestHundredOfMetresOnEachAxis) {
+    Ovr::ScanProject project;
+    EXPECT_FALSE(project.origin());
+    const auto origin = project.chooseOrigin({431249.9, -49.9, -150.0});
+    EXPECT_EQ(origin, (Tq_1_1::Vec3d<double>(431200.0, 0.0, -200.0)));
+    EXPECT_FALSE(std::signbit(origin.y));
+    EXPECT_EQ(project.chooseOrigin({431250.0, 0.0, 0.0}), origin);
+    EXPECT_EQ(Ovr::ScanProject().chooseOrigin({431250.0, 0.0, 0.0}).x, 431300.0);
 }
 
 TEST(Errors, AreOneLineOfPlaceFoundAndExpected) {

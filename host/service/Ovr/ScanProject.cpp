@@ -11,9 +11,9 @@ namespace {
 
 constexpr double kOriginStep = 100.0;  // [m]
 
-double roundDown(double coordinate) {
+double nearestStep(double coordinate) {
     // The sum turns a negative zero into a plain one.
-    return std::floor(coordinate / kOriginStep) * kOriginStep + 0.0;
+    return std::round(coordinate / kOriginStep) * kOriginStep + 0.0;
 }
 
 }  // namespace
@@ -21,7 +21,7 @@ double roundDown(double coordinate) {
 Tq_1_1::Vec3d<double> ScanProject::chooseOrigin(const Tq_1_1::Vec3d<double>& nearby) {
     const std::lock_guard guard(mutex_);
     if (!origin_) {
-        origin_.emplace(roundDown(nearby.x), roundDown(nearby.y), roundDown(nearby.z));
+        origin_.emplace(nearestStep(nearby.x), nearestStep(nearby.y), nearestStep(nearby.z));
     }
     return *origin_;
 }

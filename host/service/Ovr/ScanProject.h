@@ -15,8 +15,8 @@ namespace Ovr {
 /// from. Shared by the scans' sources; threads: any.
 class HOST_EXPORT ScanProject {
   public:
-    /// The project's origin [m, world]; chosen on the first call, from @p nearby rounded down to
-    /// whole hundreds of metres on each axis, and kept.
+    /// The project's origin [m, world]; chosen on the first call, and kept: per axis the whole
+    /// hundred of metres nearest to @p nearby, halves away from 0. No zero of it is negative.
     /// Requires: @p nearby is finite.
     Tq_1_1::Vec3d<double> chooseOrigin(const Tq_1_1::Vec3d<double>& nearby);
 
