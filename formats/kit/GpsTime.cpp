@@ -30,7 +30,7 @@ constexpr std::array<date::sys_days, 18> kAfterLeapSeconds{
     date::year(1999) / January / 1, date::year(2006) / January / 1, date::year(2009) / January / 1,
     date::year(2012) / July / 1,    date::year(2015) / July / 1,    date::year(2017) / January / 1};
 
-/// How many seconds UTC had fallen behind at a GPS time.
+/// Leap seconds from 1980 to a GPS time: by so much UTC is less than GPS time.
 double leapSecondsAt(double gps) {
     double leaps = 0.0;
     for (const date::sys_days midnight : kAfterLeapSeconds) {

@@ -43,7 +43,7 @@ constexpr std::array<LasRecordLayout, kLasHighestFormat + 1> kLayouts{{
     {67, 22, 30},
 }};
 
-/// A text field of fixed length: up to the first zero byte, printable ASCII, without blanks at the end.
+/// A text field of fixed length: up to the first zero byte, printable ASCII, no blanks at its end.
 std::string identifier(const char* field) {
     std::string text(field, std::find(field, field + kLasIdentifierLength, '\0'));
     std::replace_if(

@@ -29,7 +29,7 @@ constexpr std::uint64_t kShortestPointLine = 8;  // [bytes]
 /// The scanner's position and its three axes, which the matrix holds again.
 constexpr std::size_t kPlacementLines = 4;
 
-ErrorPtr readCount(const TextLines& lines, std::string_view what, int& count) {
+[[nodiscard]] ErrorPtr readCount(const TextLines& lines, std::string_view what, int& count) {
     const std::optional<std::int64_t> value = parseInteger(lines.text());
     if (!value || *value < 1 || *value > kMostCells) {
         return lines.fault(value ? ErrorCode::InvalidValue : ErrorCode::WrongFormat,
@@ -40,7 +40,7 @@ ErrorPtr readCount(const TextLines& lines, std::string_view what, int& count) {
     return nullptr;
 }
 
-ErrorPtr readPlacement(TextLines& lines, PtxHeader& header) {
+[[nodiscard]] ErrorPtr readPlacement(TextLines& lines, PtxHeader& header) {
     std::array<double, 3> unused{};
     for (std::size_t i = 0; i < kPlacementLines; ++i) {
         if (ErrorPtr error = lines.require("a line of the scanner's placement")) {
@@ -62,7 +62,7 @@ ErrorPtr readPlacement(TextLines& lines, PtxHeader& header) {
 }
 
 /// Before anything is sized by the grid: a file cannot hold more points than lines fit into it.
-ErrorPtr checkGrid(const TextLines& lines, const PtxHeader& header) {
+[[nodiscard]] ErrorPtr checkGrid(const TextLines& lines, const PtxHeader& header) {
     const std::string grid =
         fmt::format("a grid of {} x {} = {} points", header.columns, header.rows, header.cells());
     if (header.cells() > static_cast<std::uint64_t>(kMostCells)) {

@@ -29,7 +29,7 @@ using Interfaces::ErrorCode;
 namespace {
 
 /// The error of lines that ended within the points of a scan.
-ErrorPtr cutScan(TextLines& lines, std::uint64_t found, std::uint64_t expected) {
+[[nodiscard]] ErrorPtr cutScan(TextLines& lines, std::uint64_t found, std::uint64_t expected) {
     ErrorPtr error = lines.error();
     return error
                ? std::move(error)

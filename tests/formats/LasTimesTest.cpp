@@ -49,33 +49,24 @@ std::vector<Ovr::VardexLib::TrajectoryNode> nodesAt(const std::vector<double>& t
 }
 
 TEST_F(LasTimes, CountFromTheFirstNodeOrTheEarliestPoint) {
+    constexpr ClockSettings kPlain;
+    constexpr ClockSettings kMilliseconds{TimeUnit::Milliseconds, 0.0};
+    constexpr ClockSettings kShifted{TimeUnit::Microseconds, 100.0};
     const struct {
         const char* name;
+        ClockSettings clock;
         std::vector<double> points;
         std::vector<double> nodes;
-        ClockSettings clock;
         std::vector<std::uint64_t> microseconds;
         double duration;
         double zero;
     } cases[] = {
-        {"points alone", {12.5, 10.0, 11.25}, {}, {}, {2500000, 0, 1250000}, 2.5, 10.0},
-        {"nodes before and after", {12.0, 10.5}, {10.0, 14.0}, {}, {2000000, 500000}, 4.0, 10.0},
-        {"halves away from zero", {0.0, 0.0000025, 0.0000004}, {}, {}, {0, 3, 0}, 0.0000025, 0.0},
-        {"milliseconds",
-         {2000.0, 3500.0},
-         {},
-         {TimeUnit::Milliseconds, 0.0},
-         {0, 1500000},
-         1.5,
-         2.0},
-        {"microseconds, shifted",
-         {3e6, 2e6},
-         {101.0, 104.0},
-         {TimeUnit::Microseconds, 100.0},
-         {2000000, 1000000},
-         3.0,
-         101.0},
-        {"the longest", {5.0, 4299.967295}, {}, {}, {0, 4294967295}, 4294.967295, 5.0},
+        {"points alone", kPlain, {12.5, 10.0, 11.25}, {}, {2500000, 0, 1250000}, 2.5, 10.0},
+        {"nodes around", kPlain, {12.0, 10.5}, {10.0, 14.0}, {2000000, 500000}, 4.0, 10.0},
+        {"halves", kPlain, {0.0, 0.0000025, 0.0000004}, {}, {0, 3, 0}, 0.0000025, 0.0},
+        {"ms", kMilliseconds, {2000.0, 3500.0}, {}, {0, 1500000}, 1.5, 2.0},
+        {"us", kShifted, {3e6, 2e6}, {101.0, 104.0}, {2000000, 1000000}, 3.0, 101.0},
+        {"longest", kPlain, {5.0, 4299.967295}, {}, {0, 4294967295}, 4294.967295, 5.0},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
@@ -93,43 +84,30 @@ TEST_F(LasTimes, CountFromTheFirstNodeOrTheEarliestPoint) {
 TEST_F(LasTimes, AreRefusedBeforeTheFirstIsWritten) {
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const struct {
-        const char* name;
         std::vector<double> points;
         std::vector<double> nodes;
-        unsigned format;
         Ovr::Interfaces::ErrorCode code;
         const char* words;
+        unsigned format = 1;
     } cases[] = {
-        {"no time", {1.0}, {}, 2, NoTimes, "found point format 2, which has no time"},
-        {"too long",
-         {5.0, 4299.967296},
+        {{1.0}, {}, NoTimes, "found point format 2, which has no time", 2},
+        {{5.0, 4299.967296},
          {},
-         1,
          TimeRange,
          "points up to 4294.967296 s after time zero, expected at most 4294.967295 s"},
-        {"before time zero",
-         {9.5, 12.0},
+        {{9.5, 12.0},
          {10.0, 14.0},
-         1,
          TimeRange,
          "found point times 9.500000 .. 12.000000 s, expected none before time zero, the first of "
          "the trajectory's 10.000000 .. 14.000000 s"},
-        {"clocks apart",
-         {100.0, 120.0},
-         {10.0, 14.0},
-         1,
-         TimeRange,
-         "found point times 100.000000 .. 120.000000 s, expected times that meet the trajectory's "
-         "10.000000 .. 14.000000 s"},
-        {"not a number",
-         {1.0, nan},
+        {{100.0, 120.0}, {10.0, 14.0}, TimeRange, "expected times that meet the trajectory's 10."},
+        {{1.0, nan},
          {},
-         1,
          InvalidValue,
          "byte 275: found the time nan of point 1, expected a finite number"},
     };
     for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
+        SCOPED_TRACE(c.words);
         const auto scan = scanOf(c.points, c.format);
         scan->data.setTrajectoryNodes(nodesAt(c.nodes));
         expectError(scan->loadTimes(), c.code, c.words);

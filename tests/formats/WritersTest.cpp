@@ -72,15 +72,10 @@ TEST(LasWriter, WritesWhatTheReaderReads) {
             const TempFolder folder;
             const auto file = folder.path() / "out.las";
             LasWriter writer;
-            ASSERT_FALSE(writer.open(file, {announced,
-                                            colored,
-                                            {0.001, 0.001, 0.001},
-                                            {431000.0, 0.0, 0.0},
-                                            true,
-                                            "SLAM-1",
-                                            "Walker",
-                                            100,
-                                            2024}));
+            const Ovr::Formats::LasWriterSettings settings{
+                announced, colored, {0.001, 0.001, 0.001}, {431000.0, 0.0, 0.0}, true,
+                "SLAM-1",  "Walker"};
+            ASSERT_FALSE(writer.open(file, settings));
             const std::vector<LasPoint> points = {
                 {{431002.125, -2.5, 0.25}, 7, {Ovr::Formats::wideChannel(200), 0, 65535}, 5.0e7},
                 {{431001.125, 2.5, 0.0004}, 65535, {}, 5.0e7 + 1.5},

@@ -60,10 +60,6 @@ class FakeFormat {
         std::vector<std::string> extensions() const override { return {name_}; }
         std::string classIdentifier() const override { return {}; }
         bool recognises(std::string_view /*beginning*/) const override { return false; }
-        Ovr::ErrorPtr list(const std::filesystem::path& /*file*/,
-                           std::vector<Ovr::ScanListing>& /*scans*/) const override {
-            return nullptr;
-        }
         std::unique_ptr<Ovr::IScanReader> makeReader(const Ovr::ScanSource& source) const override {
             return std::make_unique<Reader>(source, functions_);
         }

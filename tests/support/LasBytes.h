@@ -38,7 +38,7 @@ struct LasBytes {
     unsigned minor = 2;
     unsigned format = 1;
     std::uint16_t encoding = 0;
-    std::size_t extraBytes = 0;  ///< behind the fields of each record
+    std::size_t extraBytes = 0;  ///< after the fields of each record
     std::array<double, 3> scale{0.01, 0.01, 0.01};
     std::array<double, 3> offset{};
     std::array<double, 3> minimum{};

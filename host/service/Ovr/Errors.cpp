@@ -25,7 +25,7 @@ bool isControl(char c) {
     return byte < 0x20 || byte == 0x7F;
 }
 
-/// One line of valid UTF-8, whatever bytes a file or its name held.
+/// One line of valid UTF-8, also where a file or its name held other bytes.
 std::string oneLine(const std::string& text) {
     std::string line = Tq_1_1::String::fromUtf8(text).toUtf8();
     std::replace_if(line.begin(), line.end(), isControl, ' ');

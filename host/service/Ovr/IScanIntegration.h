@@ -30,7 +30,7 @@ class HOST_EXPORT IScanIntegration : public DataStructures::IModificationListene
 
     /// Sizes the point storage. Requires: the caller holds the write lock.
     /// @param allocate        false only sets the counts and drops the records
-    /// @param withReflection  whether a record keeps a reflection beside its colour
+    /// @param withReflection  whether a record keeps a reflection as well as a colour
     /// @return false when rows or cols is negative or rows x cols is no 31-bit number, and nothing
     ///         has changed; false when memory runs out, and the storage is empty
     virtual bool setNewSize(int rows, int cols, bool allocate, bool withReflection) = 0;

@@ -37,11 +37,11 @@ std::shared_ptr<IStructuredStreams> findStructuredStreams(const std::filesystem:
         return std::make_shared<FileStreams>(*named, std::move(project));
     }
     for (const std::string& extension : FormatRegistry::the().trajectoryFormat().extensions) {
-        std::filesystem::path beside = points;
-        beside.replace_extension(extension);
+        std::filesystem::path file = points;
+        file.replace_extension(extension);
         std::error_code ignored;
-        if (beside != points && std::filesystem::exists(beside, ignored)) {
-            return std::make_shared<FileStreams>(std::move(beside), std::move(project));
+        if (file != points && std::filesystem::exists(file, ignored)) {
+            return std::make_shared<FileStreams>(std::move(file), std::move(project));
         }
     }
     return nullptr;

@@ -11,7 +11,7 @@
 
 namespace Ovr {
 
-/// What belongs to a scan besides its points: here, the trajectory file beside it.
+/// What belongs to a scan and is not in its points file: here, the trajectory file.
 class HOST_EXPORT IStructuredStreams {
   public:
     virtual ~IStructuredStreams();

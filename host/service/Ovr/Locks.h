@@ -40,7 +40,7 @@ class HOST_EXPORT IPointDataLocks {
         const IPointDataWriteLock& lock) = 0;
 };
 
-/// The locks of one scan, a re-entrant timed mutex behind them. The locks handed out keep what
+/// The locks of one scan, on a re-entrant timed mutex. The locks handed out keep what
 /// they need alive and may outlive this object.
 HOST_EXPORT std::shared_ptr<IPointDataLocks> makePointDataLocks();
 

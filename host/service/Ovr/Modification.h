@@ -40,8 +40,6 @@ class HOST_EXPORT ScanDataModificationScope {
     ScanDataModificationScope& operator=(const ScanDataModificationScope&) = delete;
     virtual ~ScanDataModificationScope();
 
-    const ScanDataModification& what() const { return what_; }
-
   private:
     IModificationListener& listener_;
     ScanDataModification what_;
