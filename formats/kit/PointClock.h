@@ -41,7 +41,10 @@ class PointClock {
         : perSecond_(unitsPerSecond(settings.unit)), offset_(settings.offset) {}
 
     /// Value in the file x unit [s].
-    double inSeconds(double value) const { return value / perSecond_; }
+    double inSeconds(double value) const {
+        // Most files count seconds, and a division takes longer than the rest of the step.
+        return perSecond_ == 1.0 ? value : value / perSecond_;
+    }
     /// The same on the trajectory's clock [s].
     double onTrajectoryClock(double value) const { return inSeconds(value) + offset_; }
 
