@@ -25,7 +25,7 @@ constexpr std::uint64_t kLargestFile = 4U << 20U;
 
 /// Read before anything else: a newer version may mean other things by the same fields.
 /// @return whether it is a version that is read; else there is a fault
-[[nodiscard]] bool readVersion(JsonFile& json, JsonMembers& members, ProjectFile& project) {
+[[nodiscard]] bool readVersion(JsonFile& json, JsonMembers& members) {
     std::optional<std::uint32_t> version;
     const Json::Value* const value = members.require("version");
     members.get("version", version);
@@ -39,13 +39,12 @@ constexpr std::uint64_t kLargestFile = 4U << 20U;
                   *version == 0 ? ErrorCode::InvalidValue : ErrorCode::NewerVersion);
         return false;
     }
-    project.version = static_cast<int>(*version);
     return true;
 }
 
 void readProject(JsonFile& json, ProjectFile& project) {
     JsonMembers members(json, json.root());
-    if (!readVersion(json, members, project)) {
+    if (!readVersion(json, members)) {
         return;
     }
     const Json::Value* const scans = members.require("scans");

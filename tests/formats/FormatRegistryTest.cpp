@@ -36,7 +36,7 @@ TEST(FormatRegistry, RecognisesFilesByContentFirstAndByNameSecond) {
     } cases[] = {
         {"las.ptx", lasAt(0), "LAS"},  {"noExtension", kPtx, "PTX"},
         {"ptx.las", kPtx, "PTX"},      {"name.PTX", "hello", "PTX"},
-        {"name.Las", "hello", "LAS"},  {"1 2 3.xyz", "1 2 3\n4 5 6\n7 8 9\n", ""},
+        {"name.Las", "hello", "LAS"},  {"words.unknown", "1 2 3\n4 5 6\n7 8 9\n", ""},
         {"counts.txt", "1\n1\n", ""},  {"project.txt", "\xEF\xBB\xBF \n{", "project"},
         {"empty.JSON", "", "project"},
     };
@@ -51,7 +51,7 @@ TEST(FormatRegistry, RecognisesFilesByContentFirstAndByNameSecond) {
         EXPECT_EQ(found, c.format) << c.file;
     }
     EXPECT_EQ(registry.find(folder.path() / "none.las")->name(), "LAS");
-    EXPECT_EQ(registry.knownExtensions(), ".las, .ptx");
+    EXPECT_THAT(registry.knownExtensions(), testing::ContainsRegex("[.]las, .*[.]ptx"));
 }
 
 TEST(FormatRegistry, TellsUnreadableFilesApart) {
@@ -64,8 +64,8 @@ TEST(FormatRegistry, TellsUnreadableFilesApart) {
         {folder.path() / "none.las", FileNotFound, "no such file"},
         {folder.path(), IsDirectory, "a directory"},
         {folder.write("empty.las", ""), EmptyFile, "an empty file"},
-        {folder.write("scan.xyz", "1 2 3"), WrongFormat,
-         "the unknown extension '.xyz', expected .las, .ptx"},
+        {folder.write("scan.unknown", "1 2 3"), WrongFormat,
+         "the unknown extension '.unknown', expected .las, "},
     };
     for (const auto& c : cases) {
         std::vector<Ovr::ScanListing> scans;

@@ -59,7 +59,6 @@ struct ProjectFile {
     static constexpr int kVersion = 1;
 
     std::filesystem::path file;  ///< as it was given to FormatRegistry::readProject
-    int version = kVersion;
     std::vector<ProjectScan> scans;     ///< in file order; relative paths are joined to the file's
     std::vector<std::string> warnings;  ///< what the reader remarked: one line for each
                                         ///< field that is not understood
