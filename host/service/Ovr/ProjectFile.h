@@ -58,7 +58,7 @@ struct ProjectFile {
     /// The newest version of the format that is read.
     static constexpr int kVersion = 1;
 
-    std::filesystem::path file;  ///< as it was given to FormatRegistry::readProject
+    std::filesystem::path file;         ///< as it was given to FormatRegistry::readProject
     std::vector<ProjectScan> scans;     ///< in file order; relative paths are joined to the file's
     std::vector<std::string> warnings;  ///< what the reader remarked: one line for each
                                         ///< field that is not understood
