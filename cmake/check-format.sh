@@ -8,4 +8,9 @@ if git grep -nIE '[[:blank:]]+$' -- '*.h' '*.cpp' '*.cmake' '*CMakeLists.txt' '*
   echo 'check-format: the lines above end in blanks' >&2
   exit 1
 fi
+# clang-format leaves comments alone.
+if grep -nHE '^.{101,}' "${sources[@]}"; then
+  echo 'check-format: the lines above have more than 100 columns' >&2
+  exit 1
+fi
 echo "check-format: ${#sources[@]} files are formatted"

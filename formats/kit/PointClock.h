@@ -52,8 +52,8 @@ class PointClock {
     /// @param points      [s], on the trajectory's clock
     /// @param trajectory  may be empty
     /// @param file        the points file, for messages
-    /// @return empty on success. TimeRange: the two clocks do not meet, points lie before time zero,
-    ///         or times are too late for 32-bit microseconds.
+    /// @return empty on success. TimeRange: the two clocks do not meet, points lie before time
+    ///         zero, or times are too late for 32-bit microseconds.
     [[nodiscard]] ErrorPtr start(const TimeRange& points,
                                  std::span<const VardexLib::TrajectoryNode> trajectory,
                                  const std::string& file);

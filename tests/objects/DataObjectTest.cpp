@@ -152,8 +152,8 @@ TEST(DataObject, TakesTheModelsForAMomentBeforeItHearsOfAChange) {
     EXPECT_EQ(object->notify({}, {}), Hx::Action::EXEC_IGNORED);
 }
 
-Ovr::ErrorPtr readProjectByContent(const std::filesystem::path& file,
-                                   Ovr::ProjectFile& /*project*/, Ovr::Remarks& remarks) {
+Ovr::ErrorPtr readProjectByContent(const std::filesystem::path& file, Ovr::ProjectFile& /*project*/,
+                                   Ovr::Remarks& remarks) {
     const std::string content = Support::TempFolder::read(file);
     if (content == "newer") {
         return Ovr::makeError(Ovr::Interfaces::ErrorCode::NewerVersion, {file, "", content, ""});

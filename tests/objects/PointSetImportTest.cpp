@@ -19,8 +19,8 @@ namespace {
 
 using testing::ElementsAre;
 
-/// The smallest concrete point set: fake locks, fake scan data, and a log of refreshes of the cached
-/// metadata.
+/// The smallest concrete point set: fake locks, fake scan data, and a log of refreshes of the
+/// cached metadata.
 class LoggingPointSet final : public CorvinPointSet {
   public:
     explicit LoggingPointSet(CallLog& log)

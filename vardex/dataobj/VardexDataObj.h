@@ -63,20 +63,20 @@ class VARDEX_EXPORT VardexDataObj : public Hx::RawScanFileObject {
 
     static const Tq_1_1::HxClass* Class();
 
-    /// Sets up the tables behind the attribute lookups, and destroys them. Both may be called
+    /// Sets up the tables of the attribute lookups, and destroys them. Both may be called
     /// repeatedly. Until they are set up the lookups answer as the base class does. Threads: no
     /// thread may look up an attribute meanwhile.
     static void initStatics();
     static void clearStatics();
 
-    /// Whether the object lies below a scan. Both give the same answer: points come with a scan, and
-    /// processing makes a scan.
+    /// Whether the object lies below a scan. Both give the same answer: points come with a scan,
+    /// and processing makes a scan.
     bool isPointCloud() const;
     bool isProcessed() const;
 
     /// Whether a command is denied in a state. It is when the first selected object is of exactly
-    /// this class and the command is one of forbiddenCommands. Null arguments and an empty selection deny
-    /// nothing. Threads: any.
+    /// this class and the command is one of forbiddenCommands. Null arguments and an empty
+    /// selection deny nothing. Threads: any.
     static bool commandFilter(const Hx::CommandInterf* command, const Hx::StateContext* state);
 
     /// Makes a data object from a project file.

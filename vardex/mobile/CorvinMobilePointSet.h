@@ -29,8 +29,8 @@ class TrajectoryCache;
 /// timed poses, which its scan data hold.
 ///
 /// Scan time: seconds since the start of the recording. Scan time 0 is the time of the first
-/// trajectory node; without a trajectory it is the time of the earliest point. Fractions of the scan
-/// are scan time / getMaxScanPointTime(). Positions are in the frame of the set's points [m].
+/// trajectory node; without a trajectory it is the time of the earliest point. Fractions of the
+/// scan are scan time / getMaxScanPointTime(). Positions are in the frame of the set's points [m].
 ///
 /// Threads: reading is free of locks. Times of single points, and the nodes, are written by one
 /// thread at a time; the caller takes care of that.
@@ -62,8 +62,8 @@ class VARDEX_EXPORT CorvinMobilePointSet final : public CorvinPointSet, public H
     // --- Point times ---------------------------------------------------------------------------
     /// Says whether records have a time field. Switching on also gives the field, with time 0, to
     /// the records that are there; switching off changes only later sizings.
-    /// @return IO_LOCK_NOT_OBTAINED when points must be converted and the write lock was not given in
-    ///         time; later sizings follow the new setting all the same
+    /// @return IO_LOCK_NOT_OBTAINED when points must be converted and the write lock was not given
+    ///         in time; later sizings follow the new setting all the same
     /// @throw std::bad_alloc  the records are as they were
     [[nodiscard]] Hx::IOMessages::IOResult enableTimeStamps(bool enable);
     bool areTimeStampsEnabled() const { return timeStampsEnabled_; }
@@ -124,7 +124,8 @@ class VARDEX_EXPORT CorvinMobilePointSet final : public CorvinPointSet, public H
     /// The span of the unbroken stretch of path around the node nearest to a point.
     /// @param predicate  whether a position belongs to the stretch; an empty one throws
     ///                   std::bad_function_call
-    /// @param begin,end  out: fractions of the scan; infinite or not a number when its duration is 0
+    /// @param begin,end  out: fractions of the scan; infinite or not a number when its duration is
+    ///                   0
     /// @return false without a trajectory; nothing is written then
     bool getTrajectoryFractionAtPoint(
         const Tq_1_1::Vec3d<double>& point,

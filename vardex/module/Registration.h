@@ -6,8 +6,8 @@
 /// Announces the module's classes and functions to the host and withdraws them.
 ///
 /// Lists are edited by the rules of module/frame/OperationList.h. A step that fails leaves in place
-/// what it registered before. Each unregistering step leaves alone what was never registered, so the
-/// whole unregistration is safe after a partial registration.
+/// what it registered before. Each unregistering step leaves alone what was never registered, so
+/// the whole unregistration is safe after a partial registration.
 /// Threads: the loading thread only; the host must not read its lists meanwhile.
 namespace Vardex {
 

@@ -9,8 +9,8 @@
 
 #include "pointset/core/PointRecord.h"
 
-/// What the fields of one scan point mean. Coordinates are metres in the frame of the scan's points:
-/// the scanner's of a stationary scan, the project's origin of a mobile one.
+/// What the fields of one scan point mean. Coordinates are metres in the frame of the scan's
+/// points: the scanner's of a stationary scan, the project's origin of a mobile one.
 namespace Vardex::ScanPointMath {
 
 /// A reflection as it shares the colour bytes: little-endian in channels 0 and 1, the others 0.

@@ -11,7 +11,8 @@
 
 namespace Ovr::VardexLib {
 
-/// What is known about a scan apart from its points. Each value has a getter and a setter of one name.
+/// What is known about a scan apart from its points. Each value has a getter and a setter of one
+/// name.
 /// Threads: not synchronised.
 class HOST_EXPORT CorvinMetaData {
   public:
