@@ -67,7 +67,7 @@ TEST(BadInput, FilesAreRefusedWithPlaceAndReason) {
     };
     const std::string header = kPtxHeader;
     for (const Case& c : {
-             Case{"unknown extension", "a.xyz", "1 2 3\n", {".xyz", ".las", ".ptx"}},
+             Case{"unknown extension", "a.unknown", "1 2 3\n", {".unknown", ".las", ".ptx"}},
              Case{"cut scan", "a.ptx", header + "1 0 0 0.5\n", {"line 11", "4"}},
              Case{"no JSON", "a.json", "{\"version\": 1,\n \"scans\": [}", {"line 2", "column"}},
              Case{
