@@ -30,6 +30,7 @@ using Ovr::Formats::PtxWriter;
 constexpr int kLasPoints = 2'000'000;
 constexpr int kPtxColumns = 1000;
 constexpr int kPtxRows = 500;
+constexpr std::int64_t kPtxPoints = std::int64_t{kPtxColumns} * kPtxRows;
 
 void require(const Ovr::ErrorPtr& error) {
     if (error) {
@@ -126,17 +127,17 @@ void loadLasTimes(benchmark::State& state) {
     finishLoop(state, files().las, kLasPoints);
 }
 void readPtxBytes(benchmark::State& state) {
-    readBytes(state, files().ptx, kPtxColumns * kPtxRows);
+    readBytes(state, files().ptx, kPtxPoints);
 }
 void listPtx(benchmark::State& state) {
     for (auto _ : state) {
         std::vector<Ovr::ScanListing> scans;
         require(Ovr::listScans(files().ptx, scans));
     }
-    finishLoop(state, files().ptx, kPtxColumns * kPtxRows);
+    finishLoop(state, files().ptx, kPtxPoints);
 }
 void importPtx(benchmark::State& state) {
-    import <Support::StanceScan>(state, files().ptx, kPtxColumns * kPtxRows);
+    import <Support::StanceScan>(state, files().ptx, kPtxPoints);
 }
 
 BENCHMARK(readLasBytes)->Unit(benchmark::kMillisecond);

@@ -5,7 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
+#include <iterator>
 #include <new>
 #include <stdexcept>
 
@@ -36,7 +38,9 @@ TEST(PointRecord, FieldsFollowTheScanPointInOrder) {
     for (unsigned i = 0; i < 6; ++i) {
         EXPECT_EQ(bytes[18 + i], i + 1);
     }
-    EXPECT_EQ(std::memcmp(bytes, &record.point, 18), 0);
+    unsigned char point[sizeof record.point];
+    std::memcpy(point, &record.point, sizeof point);
+    EXPECT_TRUE(std::equal(std::begin(point), std::end(point), bytes));
 }
 
 TEST(PointRecordStore, EverySizingLeavesMemoryForExactlyTheRecordsOfOneLayout) {

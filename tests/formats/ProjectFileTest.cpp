@@ -182,7 +182,8 @@ TEST(ProjectFile, RefusesScansThatMakeNoSense) {
                      "3, 7, 11"},
              Refused{"mirrored", pose("1,0,0,0, 0,1,0,0, 0,0,-1,0, 0,0,0,1"), InvalidValue, "",
                      "mirrors"},
-             Refused{"name twice", kStance + "}, {" + kMobile, InvalidValue, "", "'A'"},
+             Refused{"name twice", std::string(kStance).append("}, {").append(kMobile),
+                     InvalidValue, "", "'A'"},
          }) {
         expectRefused(folder.writeScans("\n{" + c.text + "}"),
                       {c.name, "", c.code, "line 2, column ", c.words});

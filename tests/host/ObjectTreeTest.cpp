@@ -24,7 +24,7 @@ SmartPtr<T> makeNode() {
 }
 
 SmartPtr<Transform> makeNode(const Matrix& matrix) {
-    const auto node = makeNode<Transform>();
+    auto node = makeNode<Transform>();
     EXPECT_TRUE(node->setMatrix(matrix));
     return node;
 }

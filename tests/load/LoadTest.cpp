@@ -90,7 +90,7 @@ auto* answerOf(const List& list, const Hx::PointSet& pointSet) {
 }
 
 std::shared_ptr<Hx::PointSet> importScan(const wchar_t* identifier) {
-    const auto pointSet = Hx::Models::the().getPointSetFactory()->create(identifier);
+    auto pointSet = Hx::Models::the().getPointSetFactory()->create(identifier);
     if (pointSet == nullptr) {
         ADD_FAILURE() << "not created";
         return nullptr;

@@ -45,9 +45,9 @@ class MobilePointTimes : public testing::Test, Ovr::DataStructures::IModificatio
     }
     /// The reflections of all points, whose order tells which point is where.
     std::vector<int> reflections() {
-        std::vector<int> values;
+        std::vector<int> values(6);
         for (int i = 0; i < 6; ++i) {
-            values.push_back(set->getReflection(i / 3, i % 3));
+            values[static_cast<std::size_t>(i)] = set->getReflection(i / 3, i % 3);
         }
         return values;
     }

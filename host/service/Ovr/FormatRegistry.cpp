@@ -81,7 +81,7 @@ std::shared_ptr<const IScanFormat> FormatRegistry::find(const fs::path& file) co
         const auto found = std::find_if(known.begin(), known.end(), isRight);
         return found == known.end() ? nullptr : *found;
     };
-    if (const auto format = first([&](const auto& f) { return f->recognises(beginning); })) {
+    if (auto format = first([&](const auto& f) { return f->recognises(beginning); })) {
         return format;
     }
     return first([&](const auto& f) { return hasExtension(f->extensions(), file); });
