@@ -74,7 +74,7 @@ class LasReader final : public IScanReader {
     }
 
   private:
-    /// Opens the file and, unless the header at hand is that file's, reads the header.
+    /// Opens the file and, unless the header that is kept is that file's, reads the header.
     [[nodiscard]] ErrorPtr open(InputFile& file, Remarks& remarks) {
         if (ErrorPtr error = file.open(source().file)) {
             return error;
