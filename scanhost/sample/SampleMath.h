@@ -6,6 +6,7 @@
 #include <cstdint>
 
 #include "Tq/Mat4d.h"
+#include "Tq/Quaternion.h"
 #include "Tq/Vec3d.h"
 
 namespace ScanHost::Sample {
@@ -15,6 +16,7 @@ namespace ScanHost::Sample {
 
 using Vec3 = Tq_1_1::Vec3d<double>;
 using Mat4 = Tq_1_1::Mat4d<double>;
+using Tq_1_1::Quaternion;
 
 struct SineCosine {
     double sine;
@@ -28,14 +30,6 @@ SineCosine sineCosine(double turns);
 /// Direction of length 1. @param azimuth  [turns], counter-clockwise from +x
 /// @param elevation  [turns] above the x-y plane
 Vec3 directionOf(double azimuth, double elevation);
-
-/// A quaternion of length 1.
-struct Quaternion {
-    double w = 1.0;
-    double x = 0.0;
-    double y = 0.0;
-    double z = 0.0;
-};
 
 /// Turned about z by @p heading, then, in the turned frame, about y by @p pitch [turns].
 Quaternion orientationOf(double heading, double pitch);
