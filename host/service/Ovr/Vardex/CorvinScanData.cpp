@@ -42,7 +42,9 @@ ErrorPtr CorvinScanData::loadPoints(std::uint64_t count, StatisticsReport& stati
         readersSource_ = source;
         error = readPoints(source, count, statistics);
     } catch (const std::bad_alloc&) {
-        error = makeError(ErrorCode::OutOfMemory, {source.file.string(), "", "", "more memory"});
+        // First the points: there may be no memory for the message either.
+        integration_.setNewSize(0, 0, false, false);
+        return makeError(ErrorCode::OutOfMemory, {source.file.string(), "", "", "more memory"});
     } catch (...) {
         integration_.setNewSize(0, 0, false, false);
         throw;
