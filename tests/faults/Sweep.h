@@ -104,7 +104,7 @@ class Sweep {
             if (!done) {
                 EXPECT_TRUE(fired) << "failed without a reason";
                 expectAsBefore(rig.answers());
-                operation_.call(rig);
+                EXPECT_NO_THROW(operation_.call(rig)) << "again";
             }
             expectAnswers(rig.answers(), done_, done ? "done" : "done again");
             rig.expectFree();

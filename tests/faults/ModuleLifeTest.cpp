@@ -1,0 +1,120 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#include <dlfcn.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <future>
+
+#include "faults/ModuleRounds.h"
+#include "faults/Sweep.h"
+
+namespace Vardex::Testing {
+namespace {
+
+using Platform::EntryReason;
+using Platform::LoadedLibrary;
+
+/// The module, opened and not yet attached.
+class ModuleRig {
+  public:
+    ModuleRig()
+        : handle_(dlopen(kModuleFile.c_str(), RTLD_NOW | RTLD_LOCAL)),
+          entry_(reinterpret_cast<Platform::LibraryEntry>(
+              dlsym(handle_, Platform::kLibraryEntryName))) {}
+    ModuleRig(const ModuleRig&) = delete;
+    ModuleRig& operator=(const ModuleRig&) = delete;
+    ~ModuleRig() {
+        detach();
+        EXPECT_EQ(dlclose(handle_), 0);
+        EXPECT_FALSE(LoadedLibrary::isMapped(kModuleFile));
+    }
+
+    /// As the loader does it: a module that cannot be attached is detached at once.
+    bool attach() {
+        attached_ = entry_(handle_, static_cast<int>(EntryReason::ProcessAttach)) != 0;
+        if (!attached_) {
+            entry_(handle_, static_cast<int>(EntryReason::ProcessDetach));
+        }
+        return attached_;
+    }
+    void detach() {
+        if (attached_) {
+            attached_ = false;
+            entry_(handle_, static_cast<int>(EntryReason::ProcessDetach));
+        }
+    }
+
+    static Answers answers() {
+        Answers answers;
+        for (const std::string& entries : registered()) {
+            answers["list " + std::to_string(answers.size())] = entries;
+        }
+        return answers;
+    }
+    void expectFree() const {}
+
+  private:
+    void* handle_;
+    Platform::LibraryEntry entry_;
+    bool attached_ = false;
+};
+
+TEST(OutOfMemory, LoadingAndUnloadingTheModule) {
+    const std::vector<Operation<ModuleRig>> rows = {
+        {"load", [](ModuleRig& rig) { succeed(rig.attach()); }},
+        {"unload", [](ModuleRig& rig) { rig.detach(); },
+         [](ModuleRig& rig) { ASSERT_TRUE(rig.attach()); }},
+    };
+    std::size_t failed = 0;
+    for (const auto& row : rows) {
+        failed += Sweep(row).run();
+    }
+    RecordProperty("allocations_failed", static_cast<int>(failed));
+}
+
+/// Rounds of loading, using and unloading; VARDEX_FAULT_ROUNDS asks for more.
+int roundCount() {
+    const char* const text = std::getenv("VARDEX_FAULT_ROUNDS");
+    return text != nullptr ? std::atoi(text) : 50;
+}
+
+/// Loads in one thread, uses in two others, unloads in a fourth.
+void oneRound() {
+    const auto elsewhere = [](const auto& work) {
+        return std::async(std::launch::async, work).get();
+    };
+    auto library = elsewhere([] {
+        std::string error;
+        auto opened = LoadedLibrary::open(kModuleFile, error);
+        EXPECT_NE(opened, nullptr) << error;
+        return opened;
+    });
+    ASSERT_NE(library, nullptr);
+    elsewhere([&library] { useModule(*library); });
+    elsewhere([&library] { useModule(*library); });
+    elsewhere([&library] { library.reset(); });
+    EXPECT_FALSE(LoadedLibrary::isMapped(kModuleFile));
+}
+
+TEST(ModuleLife, LeavesNothingBehindHoweverOftenItIsLoadedUsedAndUnloaded) {
+    constexpr int kWarmUp = 10;
+    for (int round = 0; round < kWarmUp; ++round) {
+        oneRound();
+    }
+    const Holdings before = Holdings::now();
+    for (int round = 0; round < roundCount() && !HasFailure(); ++round) {
+        oneRound();
+    }
+    const Holdings after = Holdings::now();
+    EXPECT_EQ(after.allocations, before.allocations);
+    EXPECT_LE(after.threads, before.threads);
+    EXPECT_EQ(after.descriptors, before.descriptors);
+    RecordProperty("malloc_growth", std::to_string(after.mallocBytes - before.mallocBytes));
+    RecordProperty("map_growth", std::to_string(after.mappings - before.mappings));
+    RecordProperty("resident_growth", std::to_string(after.residentBytes - before.residentBytes));
+}
+
+}  // namespace
+}  // namespace Vardex::Testing
