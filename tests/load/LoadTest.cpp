@@ -9,6 +9,7 @@
 #include <memory>
 #include <numbers>
 #include <string>
+#include <thread>
 
 #include "Hx/IScanPointTimes.h"
 #include "Hx/ModuleInitInfo.h"
@@ -147,7 +148,7 @@ TEST(Module, CanBeLoadedUsedAndUnloadedAgainAndAgain) {
     const TinyFormat format;
     ASSERT_TRUE(format.isRegistered());
     const HostRegistries before = HostRegistries::now();
-    for (const char* round : {"first", "second", "third"}) {
+    for (int round = 1; round <= 30; ++round) {
         const std::size_t hostClasses = Tq_1_1::HxClass::all().size();
         {
             const auto library = openModule();
@@ -158,8 +159,13 @@ TEST(Module, CanBeLoadedUsedAndUnloadedAgainAndAgain) {
             useMobileScan(*library);
             useStationaryScan();
         }
-        expectNoTrace(round, before);
+        expectNoTrace("used", before);
     }
+#if defined(VARDEX_SCHEDULER_FILE)
+    // Its idle threads wait in its code.
+    EXPECT_TRUE(LoadedLibrary::isMapped(VARDEX_SCHEDULER_FILE) ||
+                std::thread::hardware_concurrency() < 2);
+#endif
 }
 
 TEST(FailedLoad, LeavesNothingBehind) {
