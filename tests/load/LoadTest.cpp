@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The VardexScandata developers
 // SPDX-License-Identifier: MIT
 
+#include <dlfcn.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -18,6 +19,7 @@
 #include "Tq/HxClass.h"
 
 #include "load/TinyFormat.h"
+#include "support/AllocationLimit.h"
 #include "support/HostRegistries.h"
 
 namespace LoadTests {
@@ -182,6 +184,12 @@ TEST(FailedLoad, LeavesNothingBehind) {
              Case{"no factory", true, true, nullptr},
              Case{"first registration refused", true, true, std::make_shared<PickyFactory>(1)},
              Case{"second registration refused", true, true, std::make_shared<PickyFactory>(2)},
+             Case{"first registration throws", true, true,
+                  std::make_shared<PickyFactory>(1, PickyFactory::Manner::Throws)},
+             Case{"second registration throws", true, true,
+                  std::make_shared<PickyFactory>(2, PickyFactory::Manner::Throws)},
+             Case{"first refused, unregistering throws", true, true,
+                  std::make_shared<PickyFactory>(1, PickyFactory::Manner::ThrowsWhenLeft)},
          }) {
         const FactoryChange change(c.factory);
         const HostRegistries before = HostRegistries::now();
@@ -195,6 +203,38 @@ TEST(FailedLoad, LeavesNothingBehind) {
         expectNoTrace(c.name, before);
     }
     EXPECT_NE(openModule(), nullptr);
+}
+
+TEST(Unloading, RunsEveryStepWhateverTheHostDoes) {
+    const ForeignEntries foreign;
+    const FactoryChange change(
+        std::make_shared<PickyFactory>(0, PickyFactory::Manner::ThrowsWhenLeft));
+    const HostRegistries before = HostRegistries::now();
+    openModule();
+    expectNoTrace("factory throws", before);
+}
+
+TEST(Unloading, NeedsNoMemory) {
+    const ForeignEntries foreign;
+    const HostRegistries before = HostRegistries::now();
+    for (const bool complete : {true, false}) {
+        const char* name = complete ? "after a load" : "after an early failure";
+        void* const library = dlopen(kModule.c_str(), RTLD_NOW | RTLD_LOCAL);
+        ASSERT_NE(library, nullptr);
+        const auto entry = reinterpret_cast<Platform::LibraryEntry>(
+            dlsym(library, Platform::kLibraryEntryName));
+        Tq_1_1::Module::setAccepting(complete);
+        EXPECT_EQ(entry(library, static_cast<int>(Platform::EntryReason::ProcessAttach)),
+                  complete ? 1 : 0);
+        Tq_1_1::Module::setAccepting(true);
+        {
+            const Vardex::Testing::AllocationFault everyOne(1, true);
+            const int result = entry(library, static_cast<int>(Platform::EntryReason::ProcessDetach));
+            EXPECT_TRUE(result == 1 && !everyOne.hasFired()) << name;
+        }
+        dlclose(library);
+        expectNoTrace(name, before);
+    }
 }
 
 }  // namespace
