@@ -167,31 +167,5 @@ TEST(Threads, ContendForTheWriteLock) {
     EXPECT_EQ(rig.answers().at("times"), "0 0.5 1 1.5 2 2.5 ");
 }
 
-TEST(Threads, SortTwoScansAtOnce) {
-    constexpr int kPoints = 30'000;
-    const auto sort = [] {
-        CorvinMobilePointSet set(L"walk");
-        ASSERT_EQ(set.enableTimeStamps(true), 0);
-        for (int round = 0; round < 5; ++round) {
-            ASSERT_TRUE(set.resizePointStorage(1, kPoints, true, false));
-            set.setValidData(true);
-            CorvinPointSet::ScanPt point;
-            for (int col = 0; col < kPoints; ++col) {
-                const int time = static_cast<int>(std::int64_t{col} * 7919 % kPoints);
-                point.setPosition({static_cast<float>(time), 0, 0});
-                set.setScanPt(0, col, point);
-                set.setScanPtTime(0, col, time * 1e-6);
-            }
-            set.sortScanPointsByTime(set.lockPoints(1000));
-            int misplaced = 0;
-            for (int col = 0; col < kPoints; ++col) {
-                misplaced += set.getScanPt(0, col).x != static_cast<float>(col) ? 1 : 0;
-            }
-            EXPECT_EQ(misplaced, 0);
-        }
-    };
-    together({sort, sort});
-}
-
 }  // namespace
 }  // namespace Vardex::Testing
