@@ -1,5 +1,4 @@
-# The standard library's parallel sort. libstdc++ runs it on oneTBB: without its headers the sort
-# silently becomes a serial one, with them but unlinked the link fails.
+# The parallel sort is that of oneTBB. Without it, points are sorted on one thread.
 
 # Looks for oneTBB unless the serial sort is asked for; TBB_FOUND says whether it is used.
 macro(vardex_find_one_tbb)

@@ -8,8 +8,7 @@
 #include <new>
 #include <span>
 #if defined(VARDEX_PARALLEL_SORT)
-#include <execution>
-
+#include <oneapi/tbb/parallel_sort.h>
 #include <oneapi/tbb/task_arena.h>
 
 #include "mobile/core/ResidentScheduler.h"
@@ -64,17 +63,19 @@ bool sortNearlySorted(std::span<Record> records) {
 }
 
 #if defined(VARDEX_PARALLEL_SORT)
-/// @return false when one thread must sort in place; no record has moved then
+/// @return false when one thread must sort; the records are complete then, in any order
 template <typename Record>
 bool sortOnSeveralThreads(std::span<Record> records) {
-    if (!ResidentScheduler::isReady(records.size_bytes())) {
+    if (!ResidentScheduler::isReady(0)) {
         return false;
     }
     try {
         // Alone: while this thread waits for its helpers it runs no job of the host. It holds the
         // re-entrant write lock, and the job would see half-sorted records.
+        // Not std::sort with std::execution::par: that of libstdc++ never gives back most of its
+        // tasks' memory, about 1.7 MB for each million records, and wants spare records.
         oneapi::tbb::this_task_arena::isolate([records] {
-            std::sort(std::execution::par, records.begin(), records.end(), earlier);
+            oneapi::tbb::parallel_sort(records.begin(), records.end(), earlier);
         });
         return true;
     } catch (const std::bad_alloc&) {
