@@ -4,8 +4,10 @@
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cstdlib>
 #include <future>
+#include <thread>
 
 #include "faults/ModuleRounds.h"
 #include "faults/Sweep.h"
@@ -107,13 +109,20 @@ TEST(ModuleLife, LeavesNothingBehindHoweverOftenItIsLoadedUsedAndUnloaded) {
     for (int round = 0; round < roundCount() && !HasFailure(); ++round) {
         oneRound();
     }
-    const Holdings after = Holdings::now();
+    Holdings after = Holdings::now();
+    // Threads that were joined, and idle helpers of the sort, may need a moment to end.
+    for (int wait = 0; after.threads > before.threads && wait < 500; ++wait) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        after = Holdings::now();
+    }
     EXPECT_EQ(after.allocations, before.allocations);
     EXPECT_LE(after.threads, before.threads);
     EXPECT_EQ(after.descriptors, before.descriptors);
-    RecordProperty("malloc_growth", std::to_string(after.mallocBytes - before.mallocBytes));
-    RecordProperty("map_growth", std::to_string(after.mappings - before.mappings));
-    RecordProperty("resident_growth", std::to_string(after.residentBytes - before.residentBytes));
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)  // they keep what was given back
+    EXPECT_LE(after.mallocBytes, before.mallocBytes + 10'000);
+    EXPECT_LE(after.mappings, before.mappings + 5);
+    EXPECT_LE(after.residentBytes, before.residentBytes + 2'000'000);
+#endif
 }
 
 }  // namespace
