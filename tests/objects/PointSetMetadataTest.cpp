@@ -111,7 +111,7 @@ TEST(SlamPose, IsKeptValueForValueInTheStationaryRecordAlone) {
     EXPECT_EQ(stationary->SlamPose()[13], 1.0 / 16.0);
 }
 
-/// An import that is refused the lock refreshes the host's copy while the holder of the lock writes.
+/// An import that is refused the lock refreshes the host's copy while the lock's holder writes.
 TEST(PointSetMetadata, MayBeRefreshedWhileAnotherThreadWrites) {
     Testing::CallLog log;
     CorvinStancePointSet set(L"scan");

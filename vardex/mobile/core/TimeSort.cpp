@@ -73,9 +73,8 @@ bool sortOnSeveralThreads(std::span<Record> records) {
     try {
         // Alone: while this thread waits for its helpers it runs no job of the host. It holds the
         // re-entrant write lock, and the job would see half-sorted records.
-        oneapi::tbb::this_task_arena::isolate([records] {
-            std::sort(std::execution::par, records.begin(), records.end(), earlier);
-        });
+        oneapi::tbb::this_task_arena::isolate(
+            [records] { std::sort(std::execution::par, records.begin(), records.end(), earlier); });
         return true;
     } catch (const std::bad_alloc&) {
         return false;
