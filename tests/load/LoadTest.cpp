@@ -174,6 +174,7 @@ TEST(Module, CanBeLoadedUsedAndUnloadedAgainAndAgain) {
 TEST(FailedLoad, SaysWhatIsWrongWithTheFile) {
     EXPECT_EQ(LoadedLibrary::linked(), "");
     const std::pair<const char*, const char*> cases[] = {
+        {"", "no library"},
         {"none.so", "none.so"},
         {__FILE__, "LoadTest.cpp"},
         {VARDEX_HOST_FILE, "exports no VardexLibraryEntry"},
@@ -190,7 +191,7 @@ TEST(FailedLoad, LeavesNothingBehind) {
         const char* name;
         bool accepting;
         bool framework;
-        std::shared_ptr<Hx::PointSetFactory> factory;
+        std::shared_ptr<PickyFactory> factory;
     };
     const ForeignEntries foreign;
     for (const Case& c : {
@@ -216,6 +217,7 @@ TEST(FailedLoad, LeavesNothingBehind) {
         Platform::setGuiFrameworkRunning(true);
         EXPECT_NE(error.find("refused to load"), std::string::npos) << error;
         expectNoTrace(c.name, before);
+        EXPECT_TRUE(c.factory == nullptr || c.factory->timesLeft() == 2) << c.name;
     }
     EXPECT_NE(openModule(), nullptr);
 }
