@@ -11,6 +11,7 @@
 #include <numbers>
 #include <string>
 #include <thread>
+#include <utility>
 
 #include "Hx/IScanPointTimes.h"
 #include "Hx/ModuleInitInfo.h"
@@ -170,12 +171,27 @@ TEST(Module, CanBeLoadedUsedAndUnloadedAgainAndAgain) {
 #endif
 }
 
+TEST(FailedLoad, SaysWhatIsWrongWithTheFile) {
+    EXPECT_EQ(LoadedLibrary::linked(), "");
+    const std::pair<const char*, const char*> cases[] = {
+        {"", "no library"},
+        {"none.so", "none.so"},
+        {__FILE__, "LoadTest.cpp"},
+        {VARDEX_HOST_FILE, "exports no VardexLibraryEntry"},
+    };
+    for (const auto& [file, words] : cases) {
+        std::string error;
+        EXPECT_EQ(LoadedLibrary::open(file, error), nullptr) << file;
+        EXPECT_NE(error.find(words), std::string::npos) << error;
+    }
+}
+
 TEST(FailedLoad, LeavesNothingBehind) {
     struct Case {
         const char* name;
         bool accepting;
         bool framework;
-        std::shared_ptr<Hx::PointSetFactory> factory;
+        std::shared_ptr<PickyFactory> factory;
     };
     const ForeignEntries foreign;
     for (const Case& c : {
@@ -201,6 +217,7 @@ TEST(FailedLoad, LeavesNothingBehind) {
         Platform::setGuiFrameworkRunning(true);
         EXPECT_NE(error.find("refused to load"), std::string::npos) << error;
         expectNoTrace(c.name, before);
+        EXPECT_TRUE(c.factory == nullptr || c.factory->timesLeft() == 2) << c.name;
     }
     EXPECT_NE(openModule(), nullptr);
 }
@@ -221,15 +238,16 @@ TEST(Unloading, NeedsNoMemory) {
         const char* name = complete ? "after a load" : "after an early failure";
         void* const library = dlopen(kModule.c_str(), RTLD_NOW | RTLD_LOCAL);
         ASSERT_NE(library, nullptr);
-        const auto entry = reinterpret_cast<Platform::LibraryEntry>(
-            dlsym(library, Platform::kLibraryEntryName));
+        const auto entry =
+            reinterpret_cast<Platform::LibraryEntry>(dlsym(library, Platform::kLibraryEntryName));
         Tq_1_1::Module::setAccepting(complete);
         EXPECT_EQ(entry(library, static_cast<int>(Platform::EntryReason::ProcessAttach)),
                   complete ? 1 : 0);
         Tq_1_1::Module::setAccepting(true);
         {
             const Vardex::Testing::AllocationFault everyOne(1, true);
-            const int result = entry(library, static_cast<int>(Platform::EntryReason::ProcessDetach));
+            const int result =
+                entry(library, static_cast<int>(Platform::EntryReason::ProcessDetach));
             EXPECT_TRUE(result == 1 && !everyOne.hasFired()) << name;
         }
         dlclose(library);

@@ -82,15 +82,15 @@ bool registerWithFactory() {
                                      Tq_1_1::String::EMPTY);
 }
 
-/// @return false also when the factory throws, and without an identifier: nothing is registered then
+/// @return false also when the factory throws, and when nothing was registered for want of a name
 template <typename ScanData>
 bool unregisterFromFactory() noexcept {
     bool removed = false;
     unloadStep([&removed] {
         const auto factory = Hx::Models::the().getPointSetFactory();
         const Tq_1_1::String& identifier = identifierOf<ScanData>();
-        removed = factory != nullptr && !identifier.isNull() &&
-                  factory->unregisterPointSet(identifier);
+        removed =
+            factory != nullptr && !identifier.isNull() && factory->unregisterPointSet(identifier);
     });
     return removed;
 }

@@ -12,8 +12,8 @@
 /// Threads: the loading thread only; the host must not read its lists meanwhile.
 namespace Vardex {
 
-/// Makes what unregistering needs, before anything else that can fail, so that it is there also when
-/// the registration is not reached.
+/// Makes what unregistering needs, before anything else that can fail: it is there also when the
+/// registration is not reached.
 /// @throw std::bad_alloc
 void prepareRegistration();
 

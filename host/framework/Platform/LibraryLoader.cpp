@@ -50,6 +50,10 @@ std::filesystem::path absolutePath(const std::filesystem::path& path) {
 
 std::unique_ptr<LoadedLibrary> LoadedLibrary::open(const std::filesystem::path& path,
                                                    std::string& error) {
+    if (path.empty()) {  // the platform would open the program itself
+        error = "no library is named";
+        return nullptr;
+    }
     const std::lock_guard lock(loader().mutex);
     // Made first: after the library is attached nothing may fail.
     std::unique_ptr<LoadedLibrary> library(new LoadedLibrary);
@@ -87,6 +91,12 @@ LoadedLibrary::~LoadedLibrary() {
         entry_(handle_, static_cast<int>(EntryReason::ProcessDetach));
     }
     dlclose(handle_);
+}
+
+std::filesystem::path LoadedLibrary::linked() {
+    Dl_info library{};
+    void* const entry = dlsym(RTLD_DEFAULT, kLibraryEntryName);
+    return entry != nullptr && dladdr(entry, &library) != 0 ? library.dli_fname : "";
 }
 
 void* LoadedLibrary::find(const char* name) const {
