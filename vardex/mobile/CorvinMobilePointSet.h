@@ -163,6 +163,7 @@ class VARDEX_EXPORT CorvinMobilePointSet final : public CorvinPointSet, public H
   private:
     /// The scan data, which also a query changes when it loads the trajectory.
     Ovr::VardexLib::CorvinMobileScanData& mobileScanData() const;
+    std::shared_ptr<Ovr::VardexLib::CorvinMetaData> metaData() const override;
     std::shared_ptr<Ovr::VardexLib::CorvinMobileMetaData> mobileMetaData() const;
     /// Registers the set's time service unless another one is there.
     void lendScanPtTimes();
