@@ -20,7 +20,7 @@ namespace ScanHost {
 class ModuleSession {
   public:
     /// Loads the module and calls its entry points. Throws a Failure when one refuses.
-    /// @param module  empty: VardexScandata.so next to this program
+    /// @param module  empty: the one that this program is linked with
     explicit ModuleSession(const std::filesystem::path& module);
     ModuleSession(const ModuleSession&) = delete;
     ModuleSession& operator=(const ModuleSession&) = delete;

@@ -4,6 +4,7 @@
 #include "Platform/LibraryLoader.h"
 
 #include <dlfcn.h>
+#include <link.h>
 
 #include <map>
 #include <mutex>
@@ -91,6 +92,20 @@ LoadedLibrary::~LoadedLibrary() {
 
 void* LoadedLibrary::find(const char* name) const {
     return dlsym(handle_, name);
+}
+
+std::filesystem::path LoadedLibrary::fileOf(const std::string& name) {
+    const std::lock_guard lock(loader().mutex);  // dlclose may unmap the library
+    void* handle = dlopen(name.c_str(), RTLD_LAZY | RTLD_NOLOAD);
+    if (handle == nullptr) {
+        return {};
+    }
+    std::filesystem::path file;
+    if (const link_map* map = nullptr; dlinfo(handle, RTLD_DI_LINKMAP, &map) == 0) {
+        file = map->l_name;
+    }
+    dlclose(handle);
+    return file;
 }
 
 bool LoadedLibrary::isMapped(const std::filesystem::path& path) {

@@ -44,6 +44,10 @@ class HOST_EXPORT LoadedLibrary {
         return reinterpret_cast<Function*>(find(name));
     }
 
+    /// The file of a library that the process has, by the name that it was linked with.
+    /// @return empty when there is none
+    static std::filesystem::path fileOf(const std::string& name);
+
     /// Whether a library of that path is mapped into the process now.
     static bool isMapped(const std::filesystem::path& path);
 
