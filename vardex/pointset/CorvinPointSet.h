@@ -209,15 +209,15 @@ class VARDEX_EXPORT CorvinPointSet : public Hx::OvrPointSet {
     Hx::IOMessages::IOResult resultOf(const Ovr::ErrorPtr& error) const;
 
   private:
-    std::uint64_t guardedIndex(int row, int col) const;
-    std::uint64_t boundedIndex(std::uint64_t index) const;
+    VARDEX_INTERNAL std::uint64_t guardedIndex(int row, int col) const;
+    VARDEX_INTERNAL std::uint64_t boundedIndex(std::uint64_t index) const;
 
     using TextSetter = void (Ovr::VardexLib::CorvinMetaData::*)(const std::string&);
-    void setMetaDataText(TextSetter set, const Tq_1_1::String& text);
+    VARDEX_INTERNAL void setMetaDataText(TextSetter set, const Tq_1_1::String& text);
 
-    int importPoints(const Hx::FileInfo& fileInfo);
-    void takeStatistics(const Ovr::StatisticsReport& report);
-    int nameAfterFile(const Tq_1_1::String& path);
+    VARDEX_INTERNAL int importPoints(const Hx::FileInfo& fileInfo);
+    VARDEX_INTERNAL void takeStatistics(const Ovr::StatisticsReport& report);
+    VARDEX_INTERNAL int nameAfterFile(const Tq_1_1::String& path);
 
     PointRecordStore records_;
 };

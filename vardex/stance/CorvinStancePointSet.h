@@ -57,7 +57,7 @@ class VARDEX_EXPORT CorvinStancePointSet final : public CorvinPointSet {
     std::optional<double> getPointAccuracy() const override { return 0.005; }
 
   private:
-    std::shared_ptr<Ovr::VardexLib::CorvinMetaData> metaData() const override;
+    VARDEX_INTERNAL std::shared_ptr<Ovr::VardexLib::CorvinMetaData> metaData() const override;
 };
 
 }  // namespace Vardex
