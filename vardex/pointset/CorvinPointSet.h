@@ -200,8 +200,8 @@ class VARDEX_EXPORT CorvinPointSet : public Hx::OvrPointSet {
     /// What resizePointStorage does, for the layout that the set wants.
     bool sizeRecords(int rows, int cols, bool allocate, PointRecordLayout layout);
 
-    /// The metadata of the scan, shared; empty when it has none. Only a derived class knows its kind
-    /// of scan data, and so where they are; the base has none.
+    /// The metadata of the scan, shared; empty when it has none. The base gives none: a derived
+    /// class knows its kind of scan data.
     virtual std::shared_ptr<Ovr::VardexLib::CorvinMetaData> metaData() const;
 
     /// The outcome of a service call.
