@@ -4,6 +4,7 @@
 #include "Platform/LibraryLoader.h"
 
 #include <dlfcn.h>
+#include <link.h>
 
 #include <map>
 #include <mutex>
