@@ -4,7 +4,6 @@
 #include "Platform/LibraryLoader.h"
 
 #include <dlfcn.h>
-#include <link.h>
 
 #include <map>
 #include <mutex>
