@@ -140,16 +140,23 @@ TEST(DataObject, SaysInJsonWhetherItLiesBelowAScan) {
     }
 }
 
-TEST(DataObject, TakesTheModelsForAMomentBeforeItHearsOfAChange) {
+TEST(DataObject, HasTakenAndReleasedTheModelsWhenListenersHearOfAChange) {
     const auto object = makeNode<VardexDataObj>();
     const auto context = Hx::Models::the().context(0xFFFFFFFFFFFFFFFFULL);
     const auto references = context->referenceCount();
     const std::size_t taken = context->guardsTaken();
+    int heard = 0;
+    object->addChangeListener([&](const Hx::Object& changed) {
+        ++heard;
+        EXPECT_EQ(&changed, object.get());
+        EXPECT_EQ(context->guardsTaken(), taken + 1);
+        EXPECT_EQ(context->guardsReleased(), context->guardsTaken());
+    });
     EXPECT_EQ(object->notify(object, object), Hx::Action::EXEC_DONE);
-    EXPECT_EQ(context->guardsTaken(), taken + 1);
-    EXPECT_EQ(context->guardsReleased(), context->guardsTaken());
+    EXPECT_EQ(heard, 1);
     EXPECT_EQ(context->referenceCount(), references);
     EXPECT_EQ(object->notify({}, {}), Hx::Action::EXEC_IGNORED);
+    EXPECT_EQ(heard, 1);
 }
 
 Ovr::ErrorPtr readProjectByContent(const std::filesystem::path& file, Ovr::ProjectFile& /*project*/,
@@ -201,6 +208,7 @@ TEST(CreateFromImportedKpx, HandsAnObjectOutUnlessReadingFails) {
 TEST(CommandFilter, DeniesThirteenCommandsOnADataObject) {
     const auto manager = std::make_shared<Hx::RestrictionManager>();
     const RunningApplication application(manager);
+    manager->addDenialFunction(&application, [](const auto*, const auto*) { return false; });
     const auto object = makeNode<VardexDataObj>();
     const auto other = makeNode<Hx::RawScanFileObject>();
     const Hx::StateContext selected({object}), first({object, other}), second({other, object});

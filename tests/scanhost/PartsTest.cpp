@@ -6,11 +6,18 @@
 #include <limits>
 #include <sstream>
 #include <string>
+#include <vector>
+
+#include "RegisterFormats.h"
 
 #include "picture/Picture.h"
 #include "report/DateText.h"
+#include "report/Failure.h"
 #include "report/NumberText.h"
 #include "report/Report.h"
+#include "session/TrajectoryCheck.h"
+#include "support/TempFolder.h"
+#include "support/TestNodes.h"
 
 namespace ScanHost {
 namespace {
@@ -82,6 +89,39 @@ TEST(Picture, HoldsWhatLiesInItOfALine) {
         for (std::size_t x = 0; x < 9; ++x) {
             EXPECT_EQ(picture.pixel(x, y) == kInk, y == 2 || (x == 4 && y == 0)) << x << ' ' << y;
         }
+    }
+}
+
+TEST(TrajectoryCheck, FindsEveryPoseThatIsNotTheSame) {
+    Ovr::Formats::registerFormats();
+    const Support::TempFolder folder;
+    const std::vector<Ovr::VardexLib::TrajectoryNode> nodes{
+        Vardex::Testing::nodeAt(7.0, {1, 2, 3}), Vardex::Testing::nodeAt(8.0, {4, 5, 6})};
+    struct Case {
+        const char* name;
+        const char* second;  // line of the copy
+        const char* words;   // of the refusal; empty for none
+    };
+    for (const Case& c : {
+             Case{"the same", "8 4 5 6 0 0 0 1", ""},
+             Case{"as good as the same", "8 4 5 6.0000000009 0 0 0 1", ""},
+             Case{"time", "8.25 4 5 6 0 0 0 1", "by up to 0.25 s, 0 m and 0 in"},
+             Case{"x", "8 3.5 5 6 0 0 0 1", "by up to 0 s, 0.5 m and 0 in"},
+             Case{"z", "8 4 5 6.00000001 0 0 0 1", "e-09 m and 0 in"},
+             Case{"turned by half", "8 4 5 6 1 0 0 0", "by up to 0 s, 0 m and 2 in the rotation"},
+             Case{"one pose", "", "found 1 poses, expected 2"},
+             Case{"three poses", "8 4 5 6 0 0 0 1\n9 4 5 6 0 0 0 1", "found 3 poses, expected 2"},
+         }) {
+        const auto file = folder.write("copy.tum", std::string("7 1 2 3 0 0 0 1\n") + c.second);
+        Report report;
+        std::string message;
+        try {
+            requireSameTrajectory(file, nullptr, nodes, report);
+        } catch (const Failure& failure) {
+            message = failure.what();
+        }
+        EXPECT_EQ(message.empty(), *c.words == '\0') << c.name << '\n' << message;
+        EXPECT_NE(message.find(c.words), std::string::npos) << c.name << '\n' << message;
     }
 }
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <vector>
 
 #include "HostExport.h"
@@ -31,6 +32,11 @@ class HOST_EXPORT Object : public AttrContainer, public Tq_1_1::VisitorCore {
     /// Requires: init was called.
     void setName(const Tq_1_1::String& name);
 
+    /// Hears of every change that this object is told of, after the object itself.
+    using ChangeListener = std::function<void(const Object& changed)>;
+    /// Threads: while no other thread tells this object of a change.
+    void addChangeListener(ChangeListener listener);
+
     /// @return null for the root of a tree
     Object* getParent() const { return parent_; }
     const std::vector<Tq_1_1::SmartPtr<Object>>& getChildren() const { return children_; }
@@ -57,7 +63,7 @@ class HOST_EXPORT Object : public AttrContainer, public Tq_1_1::VisitorCore {
   protected:
     ~Object() override;
 
-    /// The base keeps no record of changes.
+    /// Tells the listeners.
     /// @return EXEC_DONE; EXEC_IGNORED without a source
     Action::ExecReturn changedNotify(const Tq_1_1::SmartPtr<Observer>& observer,
                                      const Tq_1_1::SmartPtr<Observer>& source) override;
@@ -69,6 +75,7 @@ class HOST_EXPORT Object : public AttrContainer, public Tq_1_1::VisitorCore {
 
     Object* parent_ = nullptr;
     std::vector<Tq_1_1::SmartPtr<Object>> children_;
+    std::vector<ChangeListener> changeListeners_;
     mutable Tq_1_1::Mat4d<double> trafo_;  // the answer of the last calcTrafoTo
 };
 
