@@ -14,6 +14,7 @@
 #include "report/DateText.h"
 #include "report/Failure.h"
 #include "report/NumberText.h"
+#include "report/ProgressLine.h"
 #include "report/Report.h"
 #include "session/TrajectoryCheck.h"
 #include "support/TempFolder.h"
@@ -123,6 +124,22 @@ TEST(TrajectoryCheck, FindsEveryPoseThatIsNotTheSame) {
         EXPECT_EQ(message.empty(), *c.words == '\0') << c.name << '\n' << message;
         EXPECT_NE(message.find(c.words), std::string::npos) << c.name << '\n' << message;
     }
+}
+
+TEST(ProgressLine, ShowsEachPercentOnce) {
+    std::ostringstream plain;
+    std::ostringstream inPlace;
+    for (const bool replacing : {false, true}) {
+        ProgressLine line(replacing ? inPlace : plain, replacing);
+        line.setFraction(0.25);
+        line.begin("walk");
+        for (const double fraction : {0.5, 0.5, 0.509, 0.25, 7.0}) {
+            line.setFraction(fraction);
+        }
+        line.end();
+    }
+    EXPECT_EQ(plain.str(), "scanhost: walk 50 %\nscanhost: walk 100 %\n");
+    EXPECT_EQ(inPlace.str(), "\r\033[Kwalk 50 %\r\033[Kwalk 100 %\r\033[K");
 }
 
 TEST(Report, TextAndJsonSayTheSame) {
