@@ -139,6 +139,8 @@ TEST_F(LasTimes, TellTheClockTheyLookLikeAndTheHeaders) {
     } cases[] = {
         {1305031102.0, 0, "look like Unix or unadjusted GPS time; the header says GPS week"},
         {374103812.0, 1, "look like adjusted GPS time; the header says adjusted GPS time", true},
+        {604800.0, 0, "look like GPS week seconds; the header says GPS week seconds", true},
+        {604800.5, 0, "look like adjusted GPS time; the header says GPS week seconds"},
         {1305031102160.0, 0, "look like milliseconds, microseconds or nanoseconds"},
     };
     for (const auto& c : cases) {

@@ -168,9 +168,18 @@ TEST_F(MobilePointTimes, AForeignServiceStaysUntilTheSetIsAskedToResize) {
     EXPECT_EQ(set->loadScanPtTimes(), IO_OK);
     EXPECT_EQ(set->unloadScanPtTimes(), IO_OK);
     EXPECT_EQ(foreign->writes, 7) << "one from loading, six from dropping";
-    EXPECT_FALSE(set->resizeScanPtTimes(3, 2));
+    EXPECT_FALSE(set->resizeScanPtTimes(3, 3));
     EXPECT_NE(services().getService<IScanPointTimes>(), foreign);
+    EXPECT_FALSE(set->resizeScanPtTimes(2, 2));
     EXPECT_TRUE(set->resizeScanPtTimes(2, 3));
+}
+
+TEST_F(MobilePointTimes, DroppingLendsTheTimesToTheServiceToo) {
+    fill(false);
+    EXPECT_EQ(set->enableTimeStamps(true), IO_OK);
+    set->setScanPtTime(1, 2, 2.5);
+    EXPECT_EQ(set->unloadScanPtTimes(), IO_OK);
+    EXPECT_EQ(timeAt(1, 2), 0.0);
 }
 
 TEST_F(MobilePointTimes, ADurationNeedsTheMetadataOfAMobileScan) {

@@ -174,6 +174,21 @@ TEST_F(PointSetAccessTest, ItemsOutsideTheRecordsReadAsNothingAndTakeNothing) {
     EXPECT_EQ(Set::ScanPt::nullReference.position().x, 0.0F);
 }
 
+TEST_F(PointSetAccessTest, ResizingKeepsDataOnlyOfTheSameSizeAndLayout) {
+    EXPECT_FALSE(set.resize(-1, kCols));
+    EXPECT_FALSE(set.resize(1 << 16, 1 << 15));
+    EXPECT_EQ(set.getNumPoints(), kCells) << "nothing has changed";
+    EXPECT_TRUE(set.resize(kRows, kCols));
+    EXPECT_FALSE(set.hasValidData()) << "the reflection is gone";
+    EXPECT_EQ(set.getRecordLayout(), PointRecordLayout::Plain);
+    set.setValidData(true);
+    EXPECT_TRUE(set.resize(kRows, kCols));
+    EXPECT_TRUE(set.hasValidData());
+    EXPECT_TRUE(set.resize(kCols, kRows));
+    EXPECT_FALSE(set.hasValidData());
+    EXPECT_EQ(set.getSize(), Pair(kRows, kCols));
+}
+
 TEST_F(PointSetAccessTest, WhenMemoryRunsOutTheStorageIsPlainAndEmpty) {
     const Testing::AllocationLimit limit(1000);
     EXPECT_FALSE(set.resizePointStorage(100, 10, true, true));

@@ -157,11 +157,11 @@ TEST_F(PointSetImportTest, StatisticsAreTakenUnlessValidOnesAreThere) {
 }
 
 TEST_F(PointSetImportTest, TheProjectOutputNamesTheScanDataAndTheId) {
-    set->setId(L"hall \"2\"");
+    set->setId(L"hall \"2\\1\"");
     std::ostringstream out;
     const auto context = std::make_shared<Hx::WriteContextBase>();
     EXPECT_EQ(set->writeScanDataId(out, context), 0);
-    EXPECT_EQ(out.str(), "  Fake.PointSet = \"hall \\\"2\\\"\"\n");
+    EXPECT_EQ(out.str(), "  Fake.PointSet = \"hall \\\"2\\\\1\\\"\"\n");
     EXPECT_EQ(out.precision(), 8);
     EXPECT_EQ(context->depth, 0);
 }
