@@ -212,13 +212,21 @@ void writeLasFiles(const Folder& folder) {
     std::string bytes = doubtful.bytes();
     Support::poke(bytes, 107, std::uint32_t{2});
     folder.write("doubtful.las", bytes);
+    Support::LasBytes timed;
+    timed.points = {{{}, 0, 100.0, {}}, {{}, 0, 101.0, {}}};
+    folder.write("timed.las", timed.bytes());
+    timed.points = {{{}, 0, 0.0, {}}, {{}, 0, 4295.0, {}}};
+    folder.write("long.las", timed.bytes());
 }
 
 TEST(Replay, SessionsWorkedByHandPrintWhatWasWorkedOut) {
-    const Folder folder;
-    writeLasFiles(folder);
-    EXPECT_GT(replay(std::filesystem::path(SCANHOST_DOCUMENTS) / "tests/scanhost/by-hand.md", folder),
-              40U);
+    const std::filesystem::path room =
+        std::filesystem::path(SCANHOST_DOCUMENTS) / "tests" / "scanhost";
+    for (const auto& [document, steps] : {std::pair{"by-hand.md", 45U}, {"refusals.md", 40U}}) {
+        const Folder folder;
+        writeLasFiles(folder);
+        EXPECT_GT(replay(room / document, folder), steps) << document;
+    }
 }
 
 }  // namespace
