@@ -136,16 +136,6 @@ TEST_F(LasReader, ReadsTheHeaderAgainOnlyWhenTheFileHasChanged) {
     expectError(scan.loadTimes(), Unsupported, "LAS version 1.5");
 }
 
-TEST_F(LasReader, SkipsBrokenVariableLengthRecordsAndSaysSo) {
-    LasBytes las = smallFile(2, 1);
-    las.vlrCount = 3;
-    las.vlrs = std::string(54, '\0');  // one record, the second would begin in the points
-    MobileScan broken = scanOf(las);
-    ASSERT_FALSE(broken.loadPoints());
-    EXPECT_NE(broken.warnings().find("byte 281: variable-length record 2 of 3"), std::string::npos);
-    EXPECT_EQ(broken.memory.cols, 2);
-}
-
 TEST_F(LasReader, TakesColorsAsTheWholeFileHasThem) {
     LasBytes las = smallFile(2, 2);
     las.points.assign(60000, {{25, 4550, 1200}, 1, 0.0, {7, 255, 0}});

@@ -116,20 +116,6 @@ TEST_F(LasTimes, AreRefusedBeforeTheFirstIsWritten) {
     }
 }
 
-TEST_F(LasTimes, ReadAndKeepTheTrajectoryNextToThePoints) {
-    const auto scan = scanOf({11.0, 12.0});
-    const auto file = folder_.write("walk.tum", "10 1 2 3 0 0 0 1\n14 1 2 3 0 0 0 1\n");
-    scan->memory.streams = Ovr::findStructuredStreams(file, &file, nullptr);
-    ASSERT_FALSE(scan->loadTimes());
-    EXPECT_EQ(scan->times->times, (std::vector<std::uint64_t>{1000000, 2000000}));
-    EXPECT_EQ(scan->data.getTrajectoryNodes().size(), 2U);
-
-    scan->data.setTrajectoryNodes({});
-    folder_.write("walk.tum", "10 1 2 3 0 0 0\n");
-    expectError(scan->loadTimes(), WrongFormat, "walk.tum: line 1: found 7 fields");
-    EXPECT_EQ(scan->times->writes, 0U);
-}
-
 TEST_F(LasTimes, TellTheClockTheyLookLikeAndTheHeaders) {
     const struct {
         double time;
