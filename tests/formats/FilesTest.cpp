@@ -5,11 +5,14 @@
 
 #include <fstream>
 #include <regex>
+#include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "Hx/ErrorConversion.h"
 #include "Ovr/FormatRegistry.h"
+#include "support/LasBytes.h"
 #include "support/LoadedScan.h"
 #include "support/TempFolder.h"
 
@@ -53,6 +56,29 @@ std::vector<Case> casesOf(const std::string& document) {
     return cases;
 }
 
+/// A LAS 1.2 file of two points with times, and the changes that are asked for: "byte N HEX" puts
+/// bytes there, "size N" cuts the file.
+std::string lasFile(const std::string& changes) {
+    Support::LasBytes las;
+    las.points.resize(2);
+    std::string bytes = las.bytes();
+    std::istringstream lines(changes);
+    for (std::string line; std::getline(lines, line);) {
+        std::istringstream words(line);
+        std::string what;
+        std::size_t place = 0;
+        std::string hex;
+        words >> what >> place >> hex;
+        if (what == "size") {
+            bytes.resize(place);
+        }
+        for (; hex.size() >= 2; hex.erase(0, 2)) {
+            bytes.at(place++) = static_cast<char>(std::stoi(hex.substr(0, 2), nullptr, 16));
+        }
+    }
+    return bytes;
+}
+
 /// Reads a file as far as the program would. Remarks are added to the lines.
 Ovr::ErrorPtr readFile(const std::filesystem::path& file, std::vector<std::string>& lines) {
     const auto& registry = Ovr::FormatRegistry::the();
@@ -72,6 +98,15 @@ Ovr::ErrorPtr readFile(const std::filesystem::path& file, std::vector<std::strin
         error = registry.readTrajectory(file, nullptr, nodes, remarks);
         EXPECT_EQ(nodes.size() == 300, error != nullptr) << "nodes are left alone";
         take(remarks.warnings());
+    } else if (file.extension() == ".las") {
+        Ovr::ScanSource source;
+        source.file = file;
+        Support::MobileScan scan(source);
+        scan.memory.setNewSize(3, 3, true, true);
+        error = scan.loadPoints();
+        EXPECT_TRUE(!error || scan.memory.records.empty()) << "points of before are gone";
+        error = error ? std::move(error) : scan.loadTimes();
+        take(scan.data.getWarnings());
     } else {
         std::vector<Ovr::ScanListing> scans;
         error = Ovr::listScans(file, scans);
@@ -90,11 +125,13 @@ TEST(Files, GiveTheOutcomeThatStandsBelowThem) {
     folder.write("hall.ptx", scan + scan);
     folder.write("broken.ptx", "no header\n");
     folder.write("walk.las", "x");
+    folder.write("empty.las", "");
     const std::vector<Case> cases = casesOf(FILES_DOCUMENT);
     EXPECT_GT(cases.size(), 50U);
     const std::regex here(folder.path().string() + "/");
     for (const Case& c : cases) {
-        const auto file = folder.write("a." + c.kind, c.content);
+        const auto file =
+            folder.write("a." + c.kind, c.kind == "las" ? lasFile(c.content) : c.content);
         std::vector<std::string> lines;
         if (const Ovr::ErrorPtr error = readFile(file, lines)) {
             lines = {std::to_string(Hx::convertError(*error, nullptr)) + " " + error->message()};
