@@ -13,8 +13,9 @@
 
 namespace ScanHost {
 
-/// Reads an exported trajectory back and compares it with what was exported. Throws a Failure unless
-/// there are as many poses and every time, position and element of a rotation is the same to 1e-9.
+/// Reads an exported trajectory back and compares it with what was exported. Throws a Failure
+/// unless there are as many poses and every time, position and element of a rotation is the same to
+/// 1e-9.
 /// @param file     the text
 /// @param project  whose origin the nodes are relative to; may be null
 /// @param nodes    what was exported

@@ -10,7 +10,6 @@
 #include <iterator>
 #include <stdexcept>
 
-
 namespace Vardex {
 namespace {
 

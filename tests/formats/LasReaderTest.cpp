@@ -141,8 +141,8 @@ TEST_F(LasReader, FillsMetaDataWithWhatTheFileKnows) {
     EXPECT_EQ(known.metaData().ProcessingSoftwareVersion(), "Walker 2.1");
     // GPS second 1083177420.25 = 2014-05-03 18:36:44.25 UTC, less 16 leap seconds.
     EXPECT_EQ(known.metaData().RecordingTime(), 1399142204250000);
-    // The last leap second, 2016-12-31 23:59:60 UTC, is GPS second 1167264017. Unix time gives it the
-    // number of the second after it.
+    // The last leap second, 2016-12-31 23:59:60 UTC, is GPS second 1167264017. Unix time gives it
+    // the number of the second after it.
     for (const auto& [adjusted, unixSeconds] : {std::pair{167264016.0, 1483228799},
                                                 {167264017.0, 1483228800},
                                                 {167264018.0, 1483228800}}) {

@@ -84,8 +84,8 @@ TEST_F(MobilePointTimes, LoadAndUnloadTakeAndReleaseInOrder) {
     fill(true);
     EXPECT_EQ(set->loadScanPtTimes(), IO_OK);
     EXPECT_THAT(takeLog(),
-                ElementsAre("lock 1", "lock 2", "lock 2 released", "access with lock 1", "scope", "load",
-                            "scope closed", "access released", "lock 1 released"));
+                ElementsAre("lock 1", "lock 2", "lock 2 released", "access with lock 1", "scope",
+                            "load", "scope closed", "access released", "lock 1 released"));
     EXPECT_EQ(reflections(), kInOrder);
     EXPECT_EQ(timeAt(1, 2), 1.5) << "modulo 2^32 us";
 
@@ -98,7 +98,8 @@ TEST_F(MobilePointTimes, LoadAndUnloadTakeAndReleaseInOrder) {
 
 TEST_F(MobilePointTimes, EveryFailureReleasesWhatWasTaken) {
     EXPECT_EQ(set->loadScanPtTimes(), 248) << "no points";
-    EXPECT_THAT(takeLog(), ElementsAre("lock 1", "access with lock 1", "access released", "lock 1 released"));
+    EXPECT_THAT(takeLog(),
+                ElementsAre("lock 1", "access with lock 1", "access released", "lock 1 released"));
     EXPECT_EQ(set->enableTimeStamps(false), IO_OK);
     fill(false);
     locks->refusedLock = 3;
@@ -119,12 +120,13 @@ TEST_F(MobilePointTimes, EveryFailureReleasesWhatWasTaken) {
         return std::make_unique<LoggedError>(log, Ovr::Interfaces::ErrorCode::NoTimes);
     };
     EXPECT_EQ(set->loadScanPtTimes(), IO_NO_TIMES_IN_FILE);
-    EXPECT_THAT(takeLog(), ElementsAre("lock 7", "access with lock 7", "scope", "load", "error released",
-                                       "scope closed", "access released", "lock 7 released"));
+    EXPECT_THAT(takeLog(),
+                ElementsAre("lock 7", "access with lock 7", "scope", "load", "error released",
+                            "scope closed", "access released", "lock 7 released"));
     loadTimes = [](IScanPointTimes&) -> Ovr::ErrorPtr { throw std::runtime_error("thrown"); };
     EXPECT_THROW(static_cast<void>(set->loadScanPtTimes()), std::runtime_error);
-    EXPECT_THAT(takeLog(), ElementsAre("lock 8", "access with lock 8", "scope", "load", "scope closed",
-                                       "access released", "lock 8 released"));
+    EXPECT_THAT(takeLog(), ElementsAre("lock 8", "access with lock 8", "scope", "load",
+                                       "scope closed", "access released", "lock 8 released"));
 }
 
 TEST_F(MobilePointTimes, EnablingConvertsOnce) {

@@ -88,8 +88,10 @@ TEST(TopView, ShowsReflectionAsGreyAndTheWayOfTheScanner) {
     const Folder folder;
     Support::LasBytes las;
     las.scale.fill(1.0);
-    las.points = {{{0, 0, 0}, 1000, 0.0, {}}, {{10, 10, 0}, 3000, 1.0, {}},
-                  {{0, 10, 0}, 1500, 2.0, {}}, {{10, 0, 0}, 2000, 2.0, {}}};
+    las.points = {{{0, 0, 0}, 1000, 0.0, {}},
+                  {{10, 10, 0}, 3000, 1.0, {}},
+                  {{0, 10, 0}, 1500, 2.0, {}},
+                  {{10, 0, 0}, 2000, 2.0, {}}};
     const std::string scan = folder.write("walk.las", las.bytes());
     folder.write("walk.txt", "0 2 0 0 0 0 0 1\n2 10 8 0 0 0 0 1\n");
     const Outcome outcome = run({"info", scan, "--picture", folder.file("top.png")});

@@ -126,9 +126,10 @@ bool matches(const Json::Value& expected, const Json::Value& actual) {
         return false;
     }
     return expected.type() == actual.type() && expected.size() == actual.size() &&
-           (expected.empty() ? expected == actual
-                             : std::equal(expected.begin(), expected.end(), actual.begin(),
-                                          [](const auto& a, const auto& b) { return matches(a, b); }));
+           (expected.empty()
+                ? expected == actual
+                : std::equal(expected.begin(), expected.end(), actual.begin(),
+                             [](const auto& a, const auto& b) { return matches(a, b); }));
 }
 
 bool prints(const Step& step, const std::string& printed) {
