@@ -19,7 +19,6 @@ namespace ScanHost {
 
 namespace {
 
-constexpr const char* kModuleFile = "VardexScandata.so";
 constexpr int kEntryPointSucceeded = 1;
 
 template <typename Function>
@@ -33,12 +32,10 @@ Function& entryPoint(const Platform::LoadedLibrary& library, const char* name) {
 
 }  // namespace
 
-ModuleSession::ModuleSession(const std::filesystem::path& module)
-    : application_(std::make_shared<Hx::Application>()) {
+ModuleSession::ModuleSession() : application_(std::make_shared<Hx::Application>()) {
     application_->setRestrictionManager(std::make_shared<Hx::RestrictionManager>());
     std::string error;
-    library_ = Platform::LoadedLibrary::open(
-        module.empty() ? Platform::LoadedLibrary::fileOf(kModuleFile) : module, error);
+    library_ = Platform::LoadedLibrary::open(Platform::LoadedLibrary::linked(), error);
     if (!library_) {
         throw Failure(error);
     }

@@ -145,9 +145,18 @@ TEST(DataObject, TakesTheModelsForAMomentBeforeItHearsOfAChange) {
     const auto context = Hx::Models::the().context(0xFFFFFFFFFFFFFFFFULL);
     const auto references = context->referenceCount();
     const std::size_t taken = context->guardsTaken();
+    int told = 0;
+    const int listener = object->addListener([&](const auto& source) {
+        ++told;
+        EXPECT_EQ(source.get(), object.get());
+        EXPECT_EQ(context->guardsTaken(), taken + 1);
+        EXPECT_EQ(context->guardsReleased(), context->guardsTaken()) << "still held";
+    });
     EXPECT_EQ(object->notify(object, object), Hx::Action::EXEC_DONE);
-    EXPECT_EQ(context->guardsTaken(), taken + 1);
-    EXPECT_EQ(context->guardsReleased(), context->guardsTaken());
+    EXPECT_TRUE(object->removeListener(listener));
+    EXPECT_FALSE(object->removeListener(listener));
+    EXPECT_EQ(object->notify(object, object), Hx::Action::EXEC_DONE);
+    EXPECT_EQ(told, 1);
     EXPECT_EQ(context->referenceCount(), references);
     EXPECT_EQ(object->notify({}, {}), Hx::Action::EXEC_IGNORED);
 }

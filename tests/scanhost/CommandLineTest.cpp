@@ -50,22 +50,6 @@ TEST(CommandLine, WrongUsageEndsWithTwo) {
 
 TEST(CommandLine, VersionIsThatOfTheModule) {
     EXPECT_EQ(run({"--version"}).out, "VardexScandata 13.2.0.14634\n");
-    const Folder folder;
-    struct Case {
-        const char* name;
-        std::string module;
-        const char* words;
-    };
-    for (const Case& c : {
-             Case{"missing", folder.file("none.so"), "none.so"},
-             Case{"no library", folder.write("text.so", "text"), "text.so"},
-             Case{"no module", HOST_LIBRARY, "exports no VardexLibraryEntry"},
-         }) {
-        const Outcome outcome = run({"--version", "--module", c.module});
-        EXPECT_EQ(outcome.exitCode, 1) << c.name;
-        EXPECT_EQ(outcome.out, "") << c.name;
-        EXPECT_NE(outcome.err.find(c.words), std::string::npos) << c.name << '\n' << outcome.err;
-    }
 }
 
 }  // namespace

@@ -53,13 +53,16 @@ TEST_F(SampleInfo, DocumentOfAProjectHasItsKeysAndNumbers) {
     ASSERT_EQ(document["scans"].size(), 3U);
     const std::string common =
         "bounds cells cellsWithoutReturn class classIdentifier color columns file firmware "
-        "hasPointTimes id isPointCloud name placement pointAccuracy points record recordingTime "
+        "fullPanorama hasPointTimes id isPointCloud name patchedSettings placement pointAccuracy "
+        "points record recordingTime "
         "reflection reliableSphericalEstimation rows scannerModel serialNumber sessionId "
         "settingsId ";
     for (const Json::Value& scan : document["scans"]) {
         const bool mobile = scan["rows"] == 1;
         EXPECT_EQ(keysOf(scan), common + (mobile ? "software times trajectory vendor"
                                                  : "slamPose software vendor"));
+        EXPECT_EQ(scan["fullPanorama"], mobile ? Json::Value(false) : Json::Value());
+        EXPECT_EQ(scan["patchedSettings"], mobile ? Json::Value() : Json::Value(false));
         // Every scan sees the whole house through the door, to the file's six decimals.
         expectNumbers(scan["bounds"]["min"], {431200, 5412300, 312}, 1e-5, "lower corner");
         expectNumbers(scan["bounds"]["max"], {431211, 5412305, 314.8}, 1e-5, "upper corner");

@@ -4,7 +4,6 @@
 #include "Platform/LibraryLoader.h"
 
 #include <dlfcn.h>
-#include <link.h>
 
 #include <map>
 #include <mutex>
@@ -51,6 +50,10 @@ std::filesystem::path absolutePath(const std::filesystem::path& path) {
 
 std::unique_ptr<LoadedLibrary> LoadedLibrary::open(const std::filesystem::path& path,
                                                    std::string& error) {
+    if (path.empty()) {  // the platform would open the program itself
+        error = "no library is named";
+        return nullptr;
+    }
     const std::lock_guard lock(loader().mutex);
     // Made first: after the library is attached nothing may fail.
     std::unique_ptr<LoadedLibrary> library(new LoadedLibrary);
@@ -90,22 +93,14 @@ LoadedLibrary::~LoadedLibrary() {
     dlclose(handle_);
 }
 
-void* LoadedLibrary::find(const char* name) const {
-    return dlsym(handle_, name);
+std::filesystem::path LoadedLibrary::linked() {
+    Dl_info library{};
+    void* const entry = dlsym(RTLD_DEFAULT, kLibraryEntryName);
+    return entry != nullptr && dladdr(entry, &library) != 0 ? library.dli_fname : "";
 }
 
-std::filesystem::path LoadedLibrary::fileOf(const std::string& name) {
-    const std::lock_guard lock(loader().mutex);  // dlclose may unmap the library
-    void* handle = dlopen(name.c_str(), RTLD_LAZY | RTLD_NOLOAD);
-    if (handle == nullptr) {
-        return {};
-    }
-    std::filesystem::path file;
-    if (const link_map* map = nullptr; dlinfo(handle, RTLD_DI_LINKMAP, &map) == 0) {
-        file = map->l_name;
-    }
-    dlclose(handle);
-    return file;
+void* LoadedLibrary::find(const char* name) const {
+    return dlsym(handle_, name);
 }
 
 bool LoadedLibrary::isMapped(const std::filesystem::path& path) {

@@ -33,6 +33,10 @@ class HOST_EXPORT LoadedLibrary {
     /// @param error  filled with one line when the result is empty
     [[nodiscard]] static std::unique_ptr<LoadedLibrary> open(const std::filesystem::path& path,
                                                              std::string& error);
+    /// The file of the library with an entry point that the program is linked with. To open it is
+    /// to attach the copy that the program uses.
+    /// @return empty without such a library
+    static std::filesystem::path linked();
     LoadedLibrary(const LoadedLibrary&) = delete;
     LoadedLibrary& operator=(const LoadedLibrary&) = delete;
     ~LoadedLibrary();
@@ -43,10 +47,6 @@ class HOST_EXPORT LoadedLibrary {
     Function* function(const char* name) const {
         return reinterpret_cast<Function*>(find(name));
     }
-
-    /// The file of a library that the process has, by the name that it was linked with.
-    /// @return empty when there is none
-    static std::filesystem::path fileOf(const std::string& name);
 
     /// Whether a library of that path is mapped into the process now.
     static bool isMapped(const std::filesystem::path& path);
