@@ -30,7 +30,8 @@ int main() {
     mobile.setMaxScanPointTime(2.0);
     const auto position = mobile.getRecordingPositionForTime(2.0);
 
-    const Hx::UnifiedPolar3d<double> polar(2.0, 0.0, 0.0);
+    const Vardex::ScanPolar3d<double> scanPolar(2.0, 0.0, 0.0);
+    const Hx::UnifiedPolar3d<double> polar = scanPolar.getUnified();
     const Tq_1_1::SmartPtr<Vardex::VardexDataObj> object(new Vardex::VardexDataObj);
     const bool works = stance.getSlamPose().values[12] == 7.0 && position.has_value() &&
                        position->x == 4.0 && polar.getCartesian() != Tq_1_1::Vec3d<double>{} &&
