@@ -69,25 +69,46 @@ TEST(PointRecordStore, EverySizingLeavesMemoryForExactlyTheRecordsOfOneLayout) {
     }
 }
 
+/// During its life the host has another null point.
+class OtherNullPoint {
+  public:
+    explicit OtherNullPoint(const ScanPoint& point) : previous_(ScanPoint::nullReference) {
+        Tq_1_1::setNullPoint(point);
+    }
+    OtherNullPoint(const OtherNullPoint&) = delete;
+    OtherNullPoint& operator=(const OtherNullPoint&) = delete;
+    ~OtherNullPoint() { Tq_1_1::setNullPoint(previous_); }
+
+  private:
+    ScanPoint previous_;
+};
+
+void expectSamePoint(const ScanPoint& actual, const ScanPoint& expected) {
+    EXPECT_EQ(actual.position(), expected.position());
+    EXPECT_EQ(actual.normal.packed, expected.normal.packed);
+    EXPECT_EQ(actual.color, expected.color);
+}
+
 TEST(PointRecordStore, SizingInOneLayoutKeepsRecordsAndAddsNullOnes) {
-    for (const PointRecordLayout layout : kLayouts) {
-        SCOPED_TRACE(static_cast<int>(layout));
-        PointRecordStore store;
-        store.resetRecords(2, 2, layout);
-        store.setPointAt(1, makePoint(7.0F, 10, 0));
-        store.setPointAt(3, makePoint(9.0F, 10, 0));
-        store.resetRecords(1, 2, layout);
-        store.resetRecords(2, 2, layout);
+    for (const ScanPoint& null : {ScanPoint{}, makePoint(3.0F, 77, 0)}) {
+        const OtherNullPoint change(null);
+        for (const PointRecordLayout layout : kLayouts) {
+            SCOPED_TRACE(static_cast<int>(layout));
+            PointRecordStore store;
+            store.resetRecords(2, 2, layout);
+            store.setPointAt(1, makePoint(7.0F, 10, 0));
+            store.setPointAt(3, makePoint(9.0F, 10, 0));
+            store.resetRecords(1, 2, layout);
+            store.resetRecords(2, 2, layout);
 
-        EXPECT_EQ(store.pointAt(1).position().x, 7.0F);
-        const ScanPoint& fresh = store.pointAt(3);
-        EXPECT_EQ(fresh.position(), Tq_1_1::Vec3d<float>());
-        EXPECT_FALSE(fresh.normal.isSet());
-        EXPECT_EQ(fresh.color, Tq_1_1::Color4d<unsigned char>());
-        EXPECT_EQ(store.reflectionAt(3), 0);
+            EXPECT_EQ(store.pointAt(1).position().x, 7.0F);
+            const bool timed = layout == WithTime || layout == WithReflectionAndTime;
+            expectSamePoint(store.pointAt(3), timed ? ScanPoint{} : null);
+            EXPECT_EQ(RecordLayouts::has<ReflectionField>(layout) ? store.reflectionAt(3) : 0, 0);
 
-        store.resetRecords(2, 2, None);
-        EXPECT_EQ(&store.pointAt(1), &ScanPoint::nullReference);
+            store.resetRecords(2, 2, None);
+            EXPECT_EQ(&store.pointAt(1), &ScanPoint::nullReference);
+        }
     }
 }
 

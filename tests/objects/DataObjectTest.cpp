@@ -145,18 +145,20 @@ TEST(DataObject, HasTakenAndReleasedTheModelsWhenListenersHearOfAChange) {
     const auto context = Hx::Models::the().context(0xFFFFFFFFFFFFFFFFULL);
     const auto references = context->referenceCount();
     const std::size_t taken = context->guardsTaken();
-    int heard = 0;
-    object->addChangeListener([&](const Hx::Object& changed) {
-        ++heard;
-        EXPECT_EQ(&changed, object.get());
+    int told = 0;
+    const int listener = object->addListener([&](const auto& source) {
+        ++told;
+        EXPECT_EQ(source.get(), object.get());
         EXPECT_EQ(context->guardsTaken(), taken + 1);
-        EXPECT_EQ(context->guardsReleased(), context->guardsTaken());
+        EXPECT_EQ(context->guardsReleased(), context->guardsTaken()) << "still held";
     });
     EXPECT_EQ(object->notify(object, object), Hx::Action::EXEC_DONE);
-    EXPECT_EQ(heard, 1);
+    EXPECT_TRUE(object->removeListener(listener));
+    EXPECT_FALSE(object->removeListener(listener));
+    EXPECT_EQ(object->notify(object, object), Hx::Action::EXEC_DONE);
+    EXPECT_EQ(told, 1);
     EXPECT_EQ(context->referenceCount(), references);
     EXPECT_EQ(object->notify({}, {}), Hx::Action::EXEC_IGNORED);
-    EXPECT_EQ(heard, 1);
 }
 
 Ovr::ErrorPtr readProjectByContent(const std::filesystem::path& file, Ovr::ProjectFile& /*project*/,

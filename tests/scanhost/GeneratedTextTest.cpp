@@ -74,8 +74,8 @@ TEST(GeneratedText, BashCompletesCommandsOptionsAndValues) {
     };
     for (const Case& c : {
              Case{"scanhost wh", "where"},
-             Case{"scanhost --mod", "--module"},
-             Case{"scanhost --module point s", "sample sort"},
+             Case{"scanhost --man", "--manual"},
+             Case{"scanhost s", "sample sort"},
              Case{"scanhost where --tr", "--trajectory"},
              Case{"scanhost export a.las --out", "--output"},
              Case{"scanhost times --time-unit ''", "ms ns s us"},

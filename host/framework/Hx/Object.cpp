@@ -6,7 +6,6 @@
 #include <json/value.h>
 
 #include <algorithm>
-#include <utility>
 
 #include "Hx/PtSetObject.h"
 
@@ -39,10 +38,6 @@ void Object::setName(const Tq_1_1::String& name) {
     if (const auto attribute = getAttribute(ATTR_NAME)) {
         attribute->setValue(name, this);
     }
-}
-
-void Object::addChangeListener(ChangeListener listener) {
-    changeListeners_.push_back(std::move(listener));
 }
 
 bool Object::addChild(const Tq_1_1::SmartPtr<Object>& child) {
@@ -109,16 +104,10 @@ const Matrix& Object::calcTrafoTo(const Object* target) const {
     return trafo_;
 }
 
-Action::ExecReturn Object::changedNotify(const Tq_1_1::SmartPtr<Observer>& /*observer*/,
+Action::ExecReturn Object::changedNotify(const Tq_1_1::SmartPtr<Observer>& observer,
                                          const Tq_1_1::SmartPtr<Observer>& source) {
-    if (!source) {
-        return Action::EXEC_IGNORED;
-    }
-    const auto listeners = changeListeners_;  // a listener may add one
-    for (const ChangeListener& listener : listeners) {
-        listener(*this);
-    }
-    return Action::EXEC_DONE;
+    AttrContainer::changedNotify(observer, source);
+    return source ? Action::EXEC_DONE : Action::EXEC_IGNORED;
 }
 
 }  // namespace Hx

@@ -4,7 +4,6 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
 #include <vector>
 
 #include "HostExport.h"
@@ -32,11 +31,6 @@ class HOST_EXPORT Object : public AttrContainer, public Tq_1_1::VisitorCore {
     /// Requires: init was called.
     void setName(const Tq_1_1::String& name);
 
-    /// Hears of every change that this object is told of, after the object itself.
-    using ChangeListener = std::function<void(const Object& changed)>;
-    /// Threads: while no other thread tells this object of a change.
-    void addChangeListener(ChangeListener listener);
-
     /// @return null for the root of a tree
     Object* getParent() const { return parent_; }
     const std::vector<Tq_1_1::SmartPtr<Object>>& getChildren() const { return children_; }
@@ -63,7 +57,7 @@ class HOST_EXPORT Object : public AttrContainer, public Tq_1_1::VisitorCore {
   protected:
     ~Object() override;
 
-    /// Tells the listeners.
+    /// Tells the listeners. The base keeps no record of changes.
     /// @return EXEC_DONE; EXEC_IGNORED without a source
     Action::ExecReturn changedNotify(const Tq_1_1::SmartPtr<Observer>& observer,
                                      const Tq_1_1::SmartPtr<Observer>& source) override;
@@ -75,7 +69,6 @@ class HOST_EXPORT Object : public AttrContainer, public Tq_1_1::VisitorCore {
 
     Object* parent_ = nullptr;
     std::vector<Tq_1_1::SmartPtr<Object>> children_;
-    std::vector<ChangeListener> changeListeners_;
     mutable Tq_1_1::Mat4d<double> trafo_;  // the answer of the last calcTrafoTo
 };
 

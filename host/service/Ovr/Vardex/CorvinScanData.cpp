@@ -56,7 +56,7 @@ ErrorPtr CorvinScanData::loadPoints(std::uint64_t count, StatisticsReport& stati
 ErrorPtr CorvinScanData::readPoints(const ScanSource& source, std::uint64_t count,
                                     StatisticsReport& statistics) {
     chooseOrigin({getPointSetClassIdentifier(), {}, source}, *reader_, remarks_);
-    const auto metaData = metaData_;
+    const auto metaData = getMetaData();
     StatisticsReport found;
     ErrorPtr error = reader_->loadPoints({integration_,
                                           metaData.get(),
@@ -86,7 +86,7 @@ ErrorPtr CorvinScanData::fetchReader(const ScanSource& source,
 }
 
 void CorvinScanData::setMetaData(std::shared_ptr<CorvinMetaData> metaData) {
-    metaData_ = std::move(metaData);
+    metaData_.set(std::move(metaData));
 }
 
 }  // namespace Ovr::VardexLib
