@@ -3,11 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <regex>
 #include <set>
 #include <string>
-#include <vector>
 
 #include "Program.h"
 
