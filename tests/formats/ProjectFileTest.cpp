@@ -18,7 +18,6 @@
 namespace Ovr::Formats {
 namespace {
 
-using Interfaces::ErrorCode;
 using testing::HasSubstr;
 using testing::StartsWith;
 
