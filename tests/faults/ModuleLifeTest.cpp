@@ -22,7 +22,7 @@ using Platform::LoadedLibrary;
 class ModuleRig {
   public:
     ModuleRig()
-        : handle_(dlopen(kModuleFile.c_str(), RTLD_NOW | RTLD_LOCAL)),
+        : handle_(dlopen(moduleFile().c_str(), RTLD_NOW | RTLD_LOCAL)),
           entry_(reinterpret_cast<Platform::LibraryEntry>(
               dlsym(handle_, Platform::kLibraryEntryName))) {}
     ModuleRig(const ModuleRig&) = delete;
@@ -30,7 +30,7 @@ class ModuleRig {
     ~ModuleRig() {
         detach();
         EXPECT_EQ(dlclose(handle_), 0);
-        EXPECT_FALSE(LoadedLibrary::isMapped(kModuleFile));
+        EXPECT_FALSE(LoadedLibrary::isMapped(moduleFile()));
     }
 
     /// As the loader does it: a module that cannot be attached is detached at once.
@@ -89,7 +89,7 @@ void oneRound() {
     };
     auto library = elsewhere([] {
         std::string error;
-        auto opened = LoadedLibrary::open(kModuleFile, error);
+        auto opened = LoadedLibrary::open(moduleFile(), error);
         EXPECT_NE(opened, nullptr) << error;
         return opened;
     });
@@ -97,7 +97,7 @@ void oneRound() {
     elsewhere([&library] { useModule(*library); });
     elsewhere([&library] { useModule(*library); });
     elsewhere([&library] { library.reset(); });
-    EXPECT_FALSE(LoadedLibrary::isMapped(kModuleFile));
+    EXPECT_FALSE(LoadedLibrary::isMapped(moduleFile()));
 }
 
 TEST(ModuleLife, LeavesNothingBehindHoweverOftenItIsLoadedUsedAndUnloaded) {

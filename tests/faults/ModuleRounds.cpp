@@ -101,6 +101,10 @@ std::size_t entriesOf(const char* folder) {
 
 }  // namespace
 
+std::filesystem::path moduleFile() {
+    return VARDEX_MODULE_FILE;
+}
+
 void useModule(const Platform::LoadedLibrary& library) {
     const Support::FakeFormat format("rows", {loadPoints, loadTimes});
     ASSERT_TRUE(format.isRegistered());

@@ -12,7 +12,8 @@
 
 namespace Vardex::Testing {
 
-inline const std::filesystem::path kModuleFile = VARDEX_MODULE_FILE;
+/// The built module.
+std::filesystem::path moduleFile();
 
 /// What a host does with a loaded module: imports a mobile scan and a stance, loads the times of
 /// the one and sorts by them, makes a data object whose filter the host takes back afterwards.
