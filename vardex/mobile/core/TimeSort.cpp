@@ -74,9 +74,8 @@ bool sortOnSeveralThreads(std::span<Record> records) {
         // re-entrant write lock, and the job would see half-sorted records.
         // Not std::sort with std::execution::par: that of libstdc++ never gives back most of its
         // tasks' memory, about 1.7 MB for each million records, and wants spare records.
-        oneapi::tbb::this_task_arena::isolate([records] {
-            oneapi::tbb::parallel_sort(records.begin(), records.end(), earlier);
-        });
+        oneapi::tbb::this_task_arena::isolate(
+            [records] { oneapi::tbb::parallel_sort(records.begin(), records.end(), earlier); });
         return true;
     } catch (const std::bad_alloc&) {
         return false;
