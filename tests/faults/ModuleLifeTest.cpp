@@ -118,7 +118,8 @@ TEST(ModuleLife, LeavesNothingBehindHoweverOftenItIsLoadedUsedAndUnloaded) {
     EXPECT_EQ(after.allocations, before.allocations);
     EXPECT_LE(after.threads, before.threads);
     EXPECT_EQ(after.descriptors, before.descriptors);
-#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)  // they keep what was given back
+#if !defined(__SANITIZE_ADDRESS__) && \
+    !defined(__SANITIZE_THREAD__)  // they keep what was given back
     EXPECT_LE(after.mallocBytes, before.mallocBytes + 10'000);
     EXPECT_LE(after.mappings, before.mappings + 5);
     EXPECT_LE(after.residentBytes, before.residentBytes + 2'000'000);

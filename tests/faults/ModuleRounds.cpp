@@ -95,8 +95,7 @@ void makeDataObject(const Platform::LoadedLibrary& library) {
 }
 
 std::size_t entriesOf(const char* folder) {
-    return static_cast<std::size_t>(
-        std::distance(std::filesystem::directory_iterator(folder), {}));
+    return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(folder), {}));
 }
 
 }  // namespace
@@ -120,8 +119,8 @@ Holdings Holdings::now() {
     held.threads = entriesOf("/proc/self/task");
     held.descriptors = entriesOf("/proc/self/fd");
     std::ifstream maps("/proc/self/maps");
-    held.mappings = static_cast<std::size_t>(
-        std::count(std::istreambuf_iterator<char>(maps), {}, '\n'));
+    held.mappings =
+        static_cast<std::size_t>(std::count(std::istreambuf_iterator<char>(maps), {}, '\n'));
     std::size_t pages = 0;
     std::ifstream("/proc/self/statm") >> pages >> pages;
     held.residentBytes = pages * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));

@@ -21,12 +21,12 @@ void useModule(const Platform::LoadedLibrary& library);
 
 /// What the process holds of everything that a module might leave behind.
 struct Holdings {
-    std::ptrdiff_t allocations = 0;   ///< by `new`
-    std::size_t mallocBytes = 0;      ///< in use
-    std::size_t threads = 0;          ///< of the process
-    std::size_t descriptors = 0;      ///< open
-    std::size_t mappings = 0;         ///< of the address space
-    std::size_t residentBytes = 0;    ///< in memory
+    std::ptrdiff_t allocations = 0;  ///< by `new`
+    std::size_t mallocBytes = 0;     ///< in use
+    std::size_t threads = 0;         ///< of the process
+    std::size_t descriptors = 0;     ///< open
+    std::size_t mappings = 0;        ///< of the address space
+    std::size_t residentBytes = 0;   ///< in memory
 
     static Holdings now();
 };

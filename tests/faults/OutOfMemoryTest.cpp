@@ -48,12 +48,9 @@ void run(const std::vector<Row>& rows) {
 /// What a failed import may leave of the points: none, or all when the failure came after them. It
 /// fills the metadata one by one.
 std::vector<Change> importChanges(const std::string& set) {
-    std::vector<Change> changes = {{set + " size", "0x0"},
-                                   {set + " valid", "no"},
-                                   {set + " points", ""},
-                                   {set + " record size", "18"},
-                                   {"times", ""},
-                                   {"times", kAsDone},
+    std::vector<Change> changes = {{set + " size", "0x0"}, {set + " valid", "no"},
+                                   {set + " points", ""},  {set + " record size", "18"},
+                                   {"times", ""},          {"times", kAsDone},
                                    {"pose", kAsDone}};
     for (const char* what : {" size", " valid", " record size", " points", " id", " file", " model",
                              " software", " reflections", " distances"}) {
@@ -66,7 +63,8 @@ std::vector<Change> importChanges(const std::string& set) {
 
 template <typename Set>
 Row making(const char* name) {
-    return {name, [](ScanRig& rig) { rig.result = Set(L"a set with a long name").getName().toUtf8(); }};
+    return {name,
+            [](ScanRig& rig) { rig.result = Set(L"a set with a long name").getName().toUtf8(); }};
 }
 
 TEST(OutOfMemory, MakingAndSizing) {
@@ -85,9 +83,13 @@ TEST(OutOfMemory, MakingAndSizing) {
              succeed(made != nullptr);
              rig.result = std::to_string(made->getNumPoints());
          }},
-        {"resize", [](ScanRig& rig) { succeed(rig.hall->resize(5, 6)); }, {},
+        {"resize",
+         [](ScanRig& rig) { succeed(rig.hall->resize(5, 6)); },
+         {},
          {{"hall record size", "18"}}},
-        {"resize to more", [](ScanRig& rig) { succeed(rig.walk->resize(7, 8)); }, withPoints,
+        {"resize to more",
+         [](ScanRig& rig) { succeed(rig.walk->resize(7, 8)); },
+         withPoints,
          {{"walk record size", "18"}, {"walk valid", "no"}, {"walk points", ""}, {"times", ""}}},
         {"resize to fewer",
          [](ScanRig& rig) { succeed(rig.walk->resizePointStorage(1, 2, true, true)); },
@@ -97,8 +99,10 @@ TEST(OutOfMemory, MakingAndSizing) {
              rig.walk->setValidData(false);
          },
          {{"walk record size", "18"}}},
-        {"enable times", [](ScanRig& rig) { succeed(rig.walk->enableTimeStamps(true) == 0); },
-         withPoints, {{"times enabled", kAsDone}}},
+        {"enable times",
+         [](ScanRig& rig) { succeed(rig.walk->enableTimeStamps(true) == 0); },
+         withPoints,
+         {{"times enabled", kAsDone}}},
         {"set times",
          [](ScanRig& rig) {
              succeed(rig.walk->resizeScanPtTimes(1, 6));
@@ -108,8 +112,7 @@ TEST(OutOfMemory, MakingAndSizing) {
              withPoints(rig);
              ASSERT_EQ(rig.walk->enableTimeStamps(true), 0);
          }},
-        {"sort",
-         [](ScanRig& rig) { rig.walk->sortScanPointsByTime(rig.walk->lockPoints(1000)); },
+        {"sort", [](ScanRig& rig) { rig.walk->sortScanPointsByTime(rig.walk->lockPoints(1000)); },
          withTimes},
     });
 }
@@ -117,7 +120,8 @@ TEST(OutOfMemory, MakingAndSizing) {
 Row importing(const char* name, bool mobile, const std::filesystem::path& file) {
     return {name,
             [=](ScanRig& rig) {
-                Hx::OvrPointSet& set = mobile ? static_cast<Hx::OvrPointSet&>(*rig.walk) : *rig.hall;
+                Hx::OvrPointSet& set =
+                    mobile ? static_cast<Hx::OvrPointSet&>(*rig.walk) : *rig.hall;
                 succeed(ScanRig::import(set, file) == 0);
             },
             {},
@@ -125,20 +129,25 @@ Row importing(const char* name, bool mobile, const std::filesystem::path& file) 
 }
 
 TEST(OutOfMemory, Reading) {
-    const std::vector<Change> timesMayChange = {
-        {"times enabled", kAsDone}, {"walk record size", kAsDone}, {"times", kAsDone},
-        {"duration", kAsDone},      {"nodes", kAsDone}};
+    const std::vector<Change> timesMayChange = {{"times enabled", kAsDone},
+                                                {"walk record size", kAsDone},
+                                                {"times", kAsDone},
+                                                {"duration", kAsDone},
+                                                {"nodes", kAsDone}};
     run({
         importing("import LAS", true, files().las),
         importing("import PTX", false, files().ptx),
-        {"import again", [](ScanRig& rig) { succeed(ScanRig::import(*rig.walk, files().las) == 0); },
-         withPoints, importChanges("walk")},
+        {"import again",
+         [](ScanRig& rig) { succeed(ScanRig::import(*rig.walk, files().las) == 0); }, withPoints,
+         importChanges("walk")},
         {"load times", [](ScanRig& rig) { succeed(rig.walk->loadScanPtTimes() == 0); }, withPoints,
          timesMayChange},
         {"load times again", [](ScanRig& rig) { succeed(rig.walk->loadScanPtTimes() == 0); },
          withTimes},
-        {"unload times", [](ScanRig& rig) { succeed(rig.walk->unloadScanPtTimes() == 0); },
-         withTimes, {{"times", kAsDone}}},
+        {"unload times",
+         [](ScanRig& rig) { succeed(rig.walk->unloadScanPtTimes() == 0); },
+         withTimes,
+         {{"times", kAsDone}}},
         {"list scans",
          [](ScanRig& rig) {
              std::vector<Ovr::ScanListing> scans;
@@ -242,8 +251,8 @@ TEST(OutOfMemory, MetadataAndPolarValues) {
                         const auto polar = createScanPolarFromCartesian<double>({0.0, -2.0, 0.0});
                         const auto copy = createScanPolarCopy<double>(*polar);
                         const auto single = copy->clone()->toFloat();
-                        rig.result = std::to_string(single->toDouble()->x +
-                                                    createScanPolar<float>()->x);
+                        rig.result =
+                            std::to_string(single->toDouble()->x + createScanPolar<float>()->x);
                     }});
     rows.push_back({"registered functions", [](ScanRig& rig) {
                         rig.result = slamScanSettingsId(rig.walk.get()).toUtf8();
@@ -263,7 +272,8 @@ TEST(OutOfMemory, DataObject) {
              object.init(Tq_1_1::BaseNode::CREATE_NEW, nullptr);
              rig.result = object.getName().toUtf8();
          },
-         [](ScanRig&) { ScanRig::removeFilter(); }, {{"filter", kAsDone}}},
+         [](ScanRig&) { ScanRig::removeFilter(); },
+         {{"filter", kAsDone}}},
         {"made from a project",
          [](ScanRig& rig) {
              const std::shared_ptr<Tq_1_1::File> file =
@@ -289,7 +299,8 @@ TEST(OutOfMemory, DataObject) {
          [](ScanRig& rig) {
              succeed(rig.object->notify(rig.object, rig.object) == Hx::Action::EXEC_DONE);
          }},
-        {"class tables", [](ScanRig&) { VardexDataObj::Class()->initClassStatics(); },
+        {"class tables",
+         [](ScanRig&) { VardexDataObj::Class()->initClassStatics(); },
          [](ScanRig&) { VardexDataObj::Class()->clearClassStatics(); },
          {{"attribute", kAsDone}}},
     });

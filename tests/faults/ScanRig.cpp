@@ -30,8 +30,10 @@ std::string walkBytes() {
     las.system = "a model with a long name";
     las.software = "a program with a long name";
     for (int i = 0; i < 6; ++i) {
-        las.points.push_back({{100 * i, -i, 7}, static_cast<std::uint16_t>(1000 * i),
-                              100.0 + (i * 7 % 6) * 0.5, {0, 256, 65535}});
+        las.points.push_back({{100 * i, -i, 7},
+                              static_cast<std::uint16_t>(1000 * i),
+                              100.0 + (i * 7 % 6) * 0.5,
+                              {0, 256, 65535}});
     }
     return las.bytes();
 }
@@ -75,8 +77,7 @@ void addMetaData(const std::string& name, const Ovr::VardexLib::CorvinMetaData& 
 }
 
 void addAnswers(const std::string& name, const CorvinPointSet& set, Answers& answers) {
-    const auto& scanData =
-        dynamic_cast<const Ovr::VardexLib::CorvinScanData&>(set.getIScanData());
+    const auto& scanData = dynamic_cast<const Ovr::VardexLib::CorvinScanData&>(set.getIScanData());
     answers[name + " size"] =
         std::to_string(set.getNumRows()) + 'x' + std::to_string(set.getNumCols());
     answers[name + " valid"] = set.hasValidData() ? "yes" : "no";
@@ -181,7 +182,8 @@ void ScanRig::expectFree() const {
         const auto lock = integration.getPointDataWriteLock(0);
         return lock != nullptr && integration.getPointDataExclusiveAccess(*lock) != nullptr;
     };
-    EXPECT_TRUE(std::async(std::launch::async, [&] { return isFree(*walk) && isFree(*hall); }).get())
+    EXPECT_TRUE(
+        std::async(std::launch::async, [&] { return isFree(*walk) && isFree(*hall); }).get())
         << "a lock is held";
     EXPECT_EQ(scopes_, 0) << "a scope is open";
     EXPECT_EQ(models().guardsTaken(), models().guardsReleased()) << "a guard is held";
