@@ -13,7 +13,7 @@ namespace Vardex::TimeSort {
 /// changes.
 ///
 /// Scans arrive in order or nearly so: one pass with a bounded amount of work settles those in
-/// place. Any other scan is sorted in place by several threads, and where they cannot be had by one.
+/// place. Any other scan is sorted in place by several threads; where they cannot be had, by one.
 /// Threads: one caller, who keeps all others away from the records until the call returns. No other
 /// work runs on the calling thread meanwhile.
 void sortByTime(PointRecordStore& store);
