@@ -31,6 +31,7 @@ class LasPointLoader {
         bool oddTime = false;  ///< some time is no finite number
     };
 
+    [[nodiscard]] ErrorPtr checkBold(std::uint64_t count, const DataStructures::Work& work);
     [[nodiscard]] ErrorPtr pass(PointSink& sink, std::uint64_t count, WorkWatch& watch,
                                 bool& again);
     bool hasWideColor(const LasBlocks& blocks) const;

@@ -53,11 +53,11 @@ class LasReader final : public IScanReader {
         if (open(file, remarks) != nullptr || header_.count == 0) {
             return std::nullopt;
         }
-        LasBlocks one(file, header_, 1);
-        if (one.next() != nullptr) {
+        const auto one = openLasBlocks(file, header_, 1);
+        if (one->next() != nullptr) {
             return std::nullopt;
         }
-        return middleOf(header_, lasPosition(header_, one.record(0)));
+        return middleOf(header_, lasPosition(header_, one->record(0)));
     }
 
     ErrorPtr loadPoints(const LoadTarget& target, StatisticsReport& statistics) override {
@@ -99,7 +99,7 @@ class LasReader final : public IScanReader {
 class LasFormat final : public IScanFormat {
   public:
     std::string name() const override { return "LAS"; }
-    std::vector<std::string> extensions() const override { return {"las"}; }
+    std::vector<std::string> extensions() const override { return {"las", "laz"}; }
     std::string classIdentifier() const override {
         return VardexLib::CorvinMobileScanData::getStaticPointSetClassIdentifier();
     }

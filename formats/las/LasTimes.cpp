@@ -86,15 +86,16 @@ ErrorPtr LasTimeLoader::load() {
 }
 
 ErrorPtr LasTimeLoader::check() {
-    for (LasBlocks blocks(file_, header_, count_); !blocks.atEnd();) {
+    const auto opened = openLasBlocks(file_, header_, count_);
+    for (LasBlocks& blocks = *opened; !blocks.atEnd();) {
         if (ErrorPtr error = blocks.next()) {
             return error;
         }
         for (std::uint64_t i = 0; i < blocks.records(); ++i) {
             const double value = time(blocks.record(i));
             if (!std::isfinite(value)) {
-                return file_.fault(
-                    ErrorCode::InvalidValue, blocks.fileOffset(i) + timeOffset_,
+                return blocks.fault(
+                    ErrorCode::InvalidValue, i, timeOffset_,
                     fmt::format("the time {:.9g} of point {}", value, blocks.first() + i),
                     "a finite number");
             }
@@ -108,7 +109,8 @@ ErrorPtr LasTimeLoader::check() {
 }
 
 ErrorPtr LasTimeLoader::write() {
-    for (LasBlocks blocks(file_, header_, count_); !blocks.atEnd();) {
+    const auto opened = openLasBlocks(file_, header_, count_);
+    for (LasBlocks& blocks = *opened; !blocks.atEnd();) {
         if (ErrorPtr error = blocks.next()) {
             drop();
             return error;
@@ -117,8 +119,8 @@ ErrorPtr LasTimeLoader::write() {
             const double value = time(blocks.record(i));
             if (!(value >= raw_.first && value <= raw_.last)) {
                 drop();
-                return file_.fault(
-                    ErrorCode::CannotRead, blocks.fileOffset(i) + timeOffset_,
+                return blocks.fault(
+                    ErrorCode::CannotRead, i, timeOffset_,
                     fmt::format("the time {:.9g}, which was not there before", value),
                     "a file that stays as it is");
             }
