@@ -8,13 +8,12 @@
 #include <algorithm>
 #include <cmath>
 #include <optional>
-#include <span>
 #include <string_view>
-#include <utility>
 
 #include "kit/LittleEndian.h"
 #include "kit/PointPlacer.h"
 #include "kit/TextFields.h"
+#include "las/LasVlrs.h"
 #include "las/laz/SchemaRecord.h"
 
 namespace Ovr::Formats {
@@ -75,7 +74,8 @@ class HeaderParser {
     [[nodiscard]] ErrorPtr checkCount();
     [[nodiscard]] ErrorPtr checkCoordinates();
     [[nodiscard]] ErrorPtr walkVariableLengthRecords();
-    [[nodiscard]] ErrorPtr checkCompression();
+    [[nodiscard]] ErrorPtr checkCompression() const;
+    [[nodiscard]] ErrorPtr readCompression();
     Laz::PointData pointData() const;
 
     InputFile& file_;
@@ -83,15 +83,14 @@ class HeaderParser {
     Remarks& remarks_;
     std::array<char, kHeaderSizes.back()> bytes_{};
     bool isCompressed_ = false;
-    /// Of the record on the compression: where what follows its head begins, and how long that is.
-    std::optional<std::pair<std::uint64_t, std::uint16_t>> schemaAt_;
+    std::optional<SchemaPlace> schemaAt_;
 };
 
 ErrorPtr HeaderParser::parse() {
     for (const auto step :
          {&HeaderParser::readBytes, &HeaderParser::checkSizes, &HeaderParser::checkFormat,
-          &HeaderParser::checkCount, &HeaderParser::checkCoordinates,
-          &HeaderParser::walkVariableLengthRecords, &HeaderParser::checkCompression}) {
+          &HeaderParser::walkVariableLengthRecords, &HeaderParser::checkCount,
+          &HeaderParser::checkCoordinates, &HeaderParser::readCompression}) {
         if (ErrorPtr error = (this->*step)()) {
             return error;
         }
@@ -236,50 +235,34 @@ ErrorPtr HeaderParser::checkCoordinates() {
     return nullptr;
 }
 
-/// Of the variable-length records only the one on the compression is needed, so a broken chain only
-/// earns a warning: the point offset stands on its own.
 ErrorPtr HeaderParser::walkVariableLengthRecords() {
-    const auto count = at<std::uint32_t>(LasField::kVlrCount);
-    std::uint64_t place = at<std::uint16_t>(LasField::kHeaderSize);
-    std::array<char, LasVlr::kHeadSize> record{};
-    for (std::uint32_t i = 0; i < count; ++i) {
-        const std::uint64_t begin = place;
-        place += record.size();
-        const bool isThere =
-            place <= header_.pointOffset && file_.readAt(begin, record) == record.size();
-        const auto length = loadLittle<std::uint16_t>(record.data() + LasVlr::kLength);
-        if (isThere && place + length <= header_.pointOffset &&
-            Laz::SchemaRecord::isHeadOf(
-                record.data() + LasVlr::kUserId,
-                loadLittle<std::uint16_t>(record.data() + LasVlr::kRecordId))) {
-            schemaAt_ = {place, length};
-        }
-        place += isThere ? length : 0U;
-        if (place > header_.pointOffset) {
-            remarks_.warn(fmt::format(
-                "{}: byte {}: variable-length record {} of {} reaches into the points; skipped "
-                "with those after it",
-                file_.name(), begin, i + 1, count));
-            break;
-        }
-    }
-    return nullptr;
+    schemaAt_ = findSchemaRecord(file_,
+                                 {at<std::uint16_t>(LasField::kHeaderSize), header_.pointOffset,
+                                  at<std::uint32_t>(LasField::kVlrCount)},
+                                 remarks_);
+    return checkCompression();
 }
 
-ErrorPtr HeaderParser::checkCompression() {
-    if (isCompressed_ != schemaAt_.has_value()) {
-        return file_.fault(
-            ErrorCode::InvalidValue, isCompressed_ ? LasField::kFormat : schemaAt_->first,
-            isCompressed_ ? "compressed points without a record on the compression"
-                          : "a record on the compression of points that are not compressed",
-            isCompressed_ ? "a variable-length record 'laszip encoded' 22204"
-                          : "bit 7 of the format byte");
+ErrorPtr HeaderParser::checkCompression() const {
+    if (isCompressed_ == schemaAt_.has_value()) {
+        return nullptr;
     }
+    if (isCompressed_) {
+        return file_.fault(ErrorCode::InvalidValue, LasField::kFormat,
+                           "compressed points without a record on the compression",
+                           "a variable-length record 'laszip encoded' 22204");
+    }
+    return file_.fault(ErrorCode::InvalidValue, schemaAt_->begin,
+                       "a record on the compression of points that are not compressed",
+                       "bit 7 of the format byte");
+}
+
+ErrorPtr HeaderParser::readCompression() {
     if (!isCompressed_) {
         return nullptr;
     }
     auto made = std::make_shared<LasCompression>();
-    ErrorPtr error = Laz::SchemaRecord::read(file_, schemaAt_->first, schemaAt_->second,
+    ErrorPtr error = Laz::SchemaRecord::read(file_, schemaAt_->begin, schemaAt_->size,
                                              header_.format, header_.recordLength, made->schema);
     if (!error && header_.count != 0) {
         error = Laz::findChunks(file_, made->schema, pointData(), made->list, remarks_);

@@ -59,15 +59,6 @@ inline constexpr std::size_t kLasIdentifierLength = 32;
 /// @param format  0 to kLasHighestFormat
 const LasRecordLayout& lasRecordLayout(unsigned format);
 
-/// The head of a variable-length record [bytes].
-namespace LasVlr {
-inline constexpr std::size_t kUserId = 2;
-inline constexpr std::size_t kUserIdLength = 16;
-inline constexpr std::size_t kRecordId = 18;
-inline constexpr std::size_t kLength = 20;
-inline constexpr std::size_t kHeadSize = 54;
-}  // namespace LasVlr
-
 /// Bits of the format byte.
 inline constexpr unsigned kLasCompressedBit = 0x80;
 inline constexpr unsigned kLasFormatBits = 0x3F;

@@ -9,6 +9,7 @@
 
 #include "kit/LittleEndian.h"
 #include "las/LasHeader.h"
+#include "las/LasVlrs.h"
 #include "las/laz/Chunk.h"
 #include "las/laz/ChunkTable.h"
 #include "las/laz/SchemaRecord.h"

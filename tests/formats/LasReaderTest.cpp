@@ -93,8 +93,6 @@ TEST_F(LasReader, RefusesWhatItCannotReadWithPlaceAndReason) {
          "96: found a point offset of 226, inside the header, expected at least 227"},
         {set(96, std::uint32_t{284}), Truncated,
          "96: found a point offset of 284, past the end, expected at most the file's 283"},
-        {set(104, std::uint8_t{129}), Unsupported,
-         "104: found compressed points (format byte 129), expected uncompressed LAS"},
         {set(104, std::uint8_t{11}), Unsupported, "104: found point format 11, expected 0 to 10"},
         {set(105, std::uint16_t{27}), InvalidValue,
          "105: found a record length of 27, expected at least 28 for point format 1"},

@@ -39,10 +39,10 @@ std::size_t compareAgain(InputFile& file, const LasHeader& header, const std::st
     std::size_t differ = 0;
     for (const auto& chunk : chunks) {
         const std::string_view part(records);
-        differ += sameChunk(file, header, part.substr(chunk.first * length, chunk.count * length),
-                            place)
-                      ? 0U
-                      : 1U;
+        differ +=
+            sameChunk(file, header, part.substr(chunk.first * length, chunk.count * length), place)
+                ? 0U
+                : 1U;
     }
     return differ;
 }

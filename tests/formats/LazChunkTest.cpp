@@ -131,6 +131,28 @@ TEST(LazChunk, FollowsEveryRuleOfTheModels) {
     }
 }
 
+TEST(LazChunk, BringsEveryFormatBack) {
+    using Support::LasBytes;
+    for (unsigned format = 0; format <= 10; ++format) {
+        const std::uint16_t oldest = format < 6 ? 1 : 3;
+        for (std::uint16_t version = oldest; version < oldest + 2; ++version) {
+            for (const std::size_t extra : {0U, 2U}) {
+                for (const std::size_t count : {1U, 2U, 1500U}) {
+                    SCOPED_TRACE("format " + std::to_string(format) + " version " +
+                                 std::to_string(version) + " points " + std::to_string(count));
+                    const std::size_t length = LasBytes::kLength[format] + extra;
+                    const std::string records =
+                        Support::pseudoRandomRecords(count, length, LasBytes::kTimeAt[format],
+                                                     LasBytes::kColorAt[format], count % 2 == 0);
+                    const Schema schema = schemaOf(format, length, version);
+                    EXPECT_TRUE(decoded(schema, encodeChunk(schema, records), count, 700) ==
+                                records);
+                }
+            }
+        }
+    }
+}
+
 TEST(LazChunk, KeepsStepOverManyEqualPoints) {
     std::string walk(20000 * 20, '\0');
     Support::Congruential random;
