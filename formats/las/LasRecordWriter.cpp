@@ -156,7 +156,8 @@ void LasRecordWriter::complete(std::string& header, const std::string& extended)
     char* const h = header.data();
     storeLittle(h + LasField::kPointOffset, static_cast<std::uint32_t>(pointsAt_));
     if (jobs_) {
-        h[LasField::kFormat] = static_cast<char>(h[LasField::kFormat] | kLasCompressedBit);
+        h[LasField::kFormat] =
+            static_cast<char>(static_cast<unsigned char>(h[LasField::kFormat]) | kLasCompressedBit);
         addTo<std::uint32_t>(h + LasField::kVlrCount, 1);
     }
     if (!extended.empty()) {

@@ -38,7 +38,7 @@ struct Point14Fields {
         bits = static_cast<std::uint8_t>((bits & ~0x30U) | channel << 4U);
     }
     /// Classification flags, scan direction and edge.
-    unsigned flags() const { return (bits & 15U) | (bits >> 6U) << 4U; }
+    unsigned flags() const { return (bits & 15U) | (unsigned{bits} >> 6U) << 4U; }
     void setFlags(unsigned flags) {
         bits = static_cast<std::uint8_t>((bits & 0x30U) | (flags & 15U) | (flags >> 4U) << 6U);
     }
