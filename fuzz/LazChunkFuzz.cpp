@@ -18,7 +18,7 @@ namespace {
 using namespace Ovr::Formats;
 
 constexpr std::size_t kHead = 3;
-constexpr std::uint64_t kMostPoints = 20000;
+constexpr std::uint64_t kMostPoints = 500;
 
 Laz::Schema schemaOf(const std::uint8_t* head) {
     const unsigned format = head[0] % (kLasHighestFormat + 1);

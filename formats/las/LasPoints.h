@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <optional>
+
 #include "Ovr/ScanFormat.h"
 #include "Ovr/ScanSource.h"
 #include "kit/InputFile.h"
@@ -22,6 +24,12 @@ class LasPointLoader {
     LasPointLoader(InputFile& file, const LasHeader& header, const ScanSource& source);
 
     [[nodiscard]] ErrorPtr load(const LoadTarget& target, StatisticsReport& statistics);
+
+    /// After load(): the range of the times of the points that were loaded, as the file has them.
+    /// @return empty when one of them is no finite number
+    std::optional<TimeRange> times() const {
+        return noticed_.oddTime ? std::nullopt : std::optional(noticed_.times);
+    }
 
   private:
     enum class ColorDepth { Eight, Sixteen };

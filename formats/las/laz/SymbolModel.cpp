@@ -31,7 +31,7 @@ void SymbolModel::make(bool searched) {
         shift_ = static_cast<std::uint8_t>(SHARE_BITS - bits);
         starts_ = static_cast<std::uint16_t>((kLargestShare >> shift_) + 1);
     }
-    tables_ = std::make_unique<std::uint16_t[]>(2U * symbols_ + 1U + starts_);
+    tables_ = std::make_unique<std::uint16_t[]>(std::size_t{2} * symbols_ + 1 + starts_);
     tables_[symbols_] = std::numeric_limits<std::uint16_t>::max();
     std::fill_n(tables_.get() + symbols_ + 1, symbols_, std::uint16_t{1});
     total_ = symbols_;
@@ -68,7 +68,7 @@ void SymbolModel::spread() {
         sums[symbol] = static_cast<std::uint16_t>((scale * sum) >> (kScaleBits - SHARE_BITS));
         sum += counts[symbol];
     }
-    std::uint16_t* const starts = tables_.get() + 2 * symbols_ + 1;
+    std::uint16_t* const starts = tables_.get() + std::size_t{2} * symbols_ + 1;
     unsigned symbol = 0;
     for (std::uint32_t start = 0; start < starts_; ++start) {
         while (sums[symbol + 1] <= start << shift_) {

@@ -42,7 +42,7 @@ class SymbolModel {
     /// The last symbol whose below() is at most @p share: what lies past the last share is the last
     /// symbol's.
     unsigned find(std::uint32_t share) const {
-        const std::uint16_t* const starts = tables_.get() + 2 * symbols_ + 1;
+        const std::uint16_t* const starts = tables_.get() + std::size_t{2} * symbols_ + 1;
         unsigned symbol = starts[share >> shift_];
         while (tables_[symbol + 1U] <= share) {
             ++symbol;
