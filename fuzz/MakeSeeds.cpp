@@ -3,11 +3,15 @@
 
 // Writes small right files as a beginning for the fuzzers: fuzz_seeds FOLDER.
 
+#include <algorithm>
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <string>
 
 #include "support/LasBytes.h"
+#include "support/LazBytes.h"
+#include "support/LazRecords.h"
 
 namespace {
 
@@ -27,6 +31,37 @@ void putLas(const fs::path& folder) {
         las.vlrs = std::string(54, '\0');
         las.points = {{{1, 2, 3}, 4, 5.5, {6, 7, 8}}, {{9, 8, 7}, 6, 5.75, {400, 3, 2}}};
         put(folder, "format" + std::to_string(format), las.bytes());
+    }
+}
+
+/// Compressed files for the reader, and chunks for the decoder alone.
+void putLaz(const fs::path& files, const fs::path& chunks) {
+    for (unsigned format = 0; format <= 10; ++format) {
+        const std::size_t length = Support::LasBytes::kLength[format];
+        const std::string name = "format" + std::to_string(format);
+        Support::LazBytes laz(
+            format, Support::pseudoRandomRecords(20, length, Support::LasBytes::kTimeAt[format],
+                                                 Support::LasBytes::kColorAt[format], true));
+        laz.schema.chunkSize = 8;
+        put(files, name + ".laz", laz.bytes());
+        laz.table = Support::LazBytes::Table::Missing;
+        put(files, name + "-no-table.laz", laz.bytes());
+        for (const int version : {1, 2, 3, 4}) {
+            const std::size_t extra = version == 2 ? 0 : 1;
+            auto schema = Ovr::Formats::Laz::schemaFor(format, length + extra);
+            for (auto& item : schema.items) {
+                const auto known = Ovr::Formats::Laz::versionsOf(item.type);
+                item.version = std::clamp<std::uint16_t>(static_cast<std::uint16_t>(version),
+                                                         known.first, known.last);
+            }
+            const std::string head{static_cast<char>(format), static_cast<char>(version),
+                                   static_cast<char>(extra)};
+            const std::string records =
+                Support::pseudoRandomRecords(60, length + extra, Support::LasBytes::kTimeAt[format],
+                                             Support::LasBytes::kColorAt[format], true);
+            put(chunks, name + "-" + std::to_string(version),
+                head + Ovr::Formats::Laz::encodeChunk(schema, records));
+        }
     }
 }
 
@@ -66,6 +101,7 @@ int main(int argc, char** argv) {
     }
     const fs::path folder = argv[1];
     putLas(folder / "las");
+    putLaz(folder / "las", folder / "laz_chunk");
     putProjects(folder / "project");
     putPtx(folder / "ptx");
     putTrajectories(folder / "trajectory");

@@ -5,8 +5,8 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <span>
-#include <vector>
+#include <memory>
+#include <string>
 
 #include "Ovr/Errors.h"
 #include "Tq/Vec3d.h"
@@ -16,15 +16,23 @@
 
 namespace Ovr::Formats {
 
-/// Walks over the point records of a LAS file in blocks of about a mebibyte.
+/// Walks over the point records of a LAS file in blocks of about a mebibyte, as they are when they
+/// are not compressed.
 class LasBlocks {
   public:
-    /// @param count  records to walk over, from the first on; at most those of the header
-    LasBlocks(InputFile& file, const LasHeader& header, std::uint64_t count);
+    LasBlocks(const LasBlocks&) = delete;
+    LasBlocks& operator=(const LasBlocks&) = delete;
+    virtual ~LasBlocks();
 
     /// Reads the next block. @return empty on success; Truncated when the file has shrunk
-    /// meanwhile.
-    [[nodiscard]] ErrorPtr next();
+    /// meanwhile; of a compressed file whatever is wrong with its points.
+    [[nodiscard]] virtual ErrorPtr next() = 0;
+
+    /// An error at a record of the block.
+    /// @param field  place of what is wrong in the record [bytes]
+    [[nodiscard]] virtual ErrorPtr fault(Interfaces::ErrorCode code, std::uint64_t i,
+                                         std::size_t field, std::string found,
+                                         std::string expected) const = 0;
 
     bool atEnd() const { return first_ + records_ == count_; }
     /// Number of the block's first record.
@@ -32,21 +40,34 @@ class LasBlocks {
     /// Number of records in the block; 0 before the first next().
     std::uint64_t records() const { return records_; }
     /// The first byte of a record of the block.
-    const char* record(std::uint64_t i) const { return buffer_.data() + i * length_; }
-    /// Where that byte stands in the file.
-    std::uint64_t fileOffset(std::uint64_t i) const { return begin_ + (first_ + i) * length_; }
+    const char* record(std::uint64_t i) const { return data_ + i * length_; }
     /// 0 to 1: how much has been read.
     double fraction() const;
 
+  protected:
+    LasBlocks(std::uint64_t length, std::uint64_t count) : length_(length), count_(count) {}
+
+    std::uint64_t length() const { return length_; }
+    std::uint64_t count() const { return count_; }
+    /// Goes on to the next records. @param data  kept until the next call
+    void show(const char* data, std::uint64_t records) {
+        first_ += records_;
+        data_ = data;
+        records_ = records;
+    }
+
   private:
-    InputFile& file_;
-    std::uint64_t begin_;   ///< of the first record in the file [bytes]
     std::uint64_t length_;  ///< of a record [bytes]
     std::uint64_t count_;
     std::uint64_t first_ = 0;
     std::uint64_t records_ = 0;
-    std::vector<char> buffer_;
+    const char* data_ = nullptr;
 };
+
+/// @param file, header  kept by reference
+/// @param count         records to walk over, from the first on; at most those of the header
+std::unique_ptr<LasBlocks> openLasBlocks(InputFile& file, const LasHeader& header,
+                                         std::uint64_t count);
 
 /// Coordinates of a record in the file's frame [m].
 inline Tq_1_1::Vec3d<double> lasPosition(const LasHeader& header, const char* record) {

@@ -7,12 +7,14 @@
 
 #include <algorithm>
 #include <cmath>
-#include <span>
+#include <optional>
 #include <string_view>
 
 #include "kit/LittleEndian.h"
 #include "kit/PointPlacer.h"
 #include "kit/TextFields.h"
+#include "las/LasVlrs.h"
+#include "las/laz/SchemaRecord.h"
 
 namespace Ovr::Formats {
 
@@ -24,10 +26,8 @@ constexpr std::string_view kSignature = "LASF";
 constexpr unsigned kHighestMinorVersion = 4;
 /// Of LAS 1.0 to 1.4 [bytes].
 constexpr std::array<std::size_t, kHighestMinorVersion + 1> kHeaderSizes{227, 227, 227, 235, 375};
-constexpr std::size_t kVlrHeaderSize = 54;
-constexpr std::size_t kVlrLengthOffset = 20;
-constexpr unsigned kCompressionBits = 0xC0;  // of the format byte, set by compressors
-constexpr unsigned kAdjustedTimeBit = 1;     // of the global encoding
+constexpr unsigned kAdjustedTimeBit = 1;       // of the global encoding
+constexpr unsigned kOldCompressionBit = 0x40;  // of the format byte, set by experiments
 
 constexpr std::array<LasRecordLayout, kLasHighestFormat + 1> kLayouts{{
     {20, {}, {}},
@@ -73,18 +73,24 @@ class HeaderParser {
     [[nodiscard]] ErrorPtr checkFormat();
     [[nodiscard]] ErrorPtr checkCount();
     [[nodiscard]] ErrorPtr checkCoordinates();
-    void walkVariableLengthRecords();
+    [[nodiscard]] ErrorPtr walkVariableLengthRecords();
+    [[nodiscard]] ErrorPtr checkCompression() const;
+    [[nodiscard]] ErrorPtr readCompression();
+    Laz::PointData pointData() const;
 
     InputFile& file_;
     LasHeader& header_;
     Remarks& remarks_;
     std::array<char, kHeaderSizes.back()> bytes_{};
+    bool isCompressed_ = false;
+    std::optional<SchemaPlace> schemaAt_;
 };
 
 ErrorPtr HeaderParser::parse() {
     for (const auto step :
          {&HeaderParser::readBytes, &HeaderParser::checkSizes, &HeaderParser::checkFormat,
-          &HeaderParser::checkCount, &HeaderParser::checkCoordinates}) {
+          &HeaderParser::walkVariableLengthRecords, &HeaderParser::checkCount,
+          &HeaderParser::checkCoordinates, &HeaderParser::readCompression}) {
         if (ErrorPtr error = (this->*step)()) {
             return error;
         }
@@ -94,7 +100,6 @@ ErrorPtr HeaderParser::parse() {
                            (at<std::uint16_t>(LasField::kEncoding) & kAdjustedTimeBit) != 0;
     header_.systemIdentifier = identifier(bytes_.data() + LasField::kSystem);
     header_.generatingSoftware = identifier(bytes_.data() + LasField::kSoftware);
-    walkVariableLengthRecords();
     return nullptr;
 }
 
@@ -154,23 +159,26 @@ ErrorPtr HeaderParser::checkSizes() {
 
 ErrorPtr HeaderParser::checkFormat() {
     const auto byte = at<std::uint8_t>(LasField::kFormat);
-    if ((byte & kCompressionBits) != 0) {
-        return file_.fault(ErrorCode::Unsupported, LasField::kFormat,
-                           fmt::format("compressed points (format byte {})", byte),
-                           "uncompressed LAS");
+    const unsigned format = byte & kLasFormatBits;
+    if ((byte & kOldCompressionBit) != 0) {
+        return file_.fault(
+            ErrorCode::Unsupported, LasField::kFormat,
+            fmt::format("points of an experimental compression (format byte {})", byte),
+            "plain points or bit 7 alone");
     }
-    if (byte > kLasHighestFormat) {
+    if (format > kLasHighestFormat) {
         return file_.fault(ErrorCode::Unsupported, LasField::kFormat,
-                           fmt::format("point format {}", byte),
+                           fmt::format("point format {}", format),
                            fmt::format("0 to {}", kLasHighestFormat));
     }
-    header_.format = byte;
+    isCompressed_ = (byte & kLasCompressedBit) != 0;
+    header_.format = format;
     header_.recordLength = at<std::uint16_t>(LasField::kRecordLength);
-    const std::size_t needed = lasRecordLayout(byte).length;
+    const std::size_t needed = lasRecordLayout(format).length;
     if (header_.recordLength < needed) {
         return file_.fault(ErrorCode::InvalidValue, LasField::kRecordLength,
                            fmt::format("a record length of {}", header_.recordLength),
-                           fmt::format("at least {} for point format {}", needed, byte));
+                           fmt::format("at least {} for point format {}", needed, format));
     }
     return nullptr;
 }
@@ -180,7 +188,8 @@ ErrorPtr HeaderParser::checkCount() {
     const std::uint64_t wide =
         header_.minorVersion >= 4 ? at<std::uint64_t>(LasField::kWideCount) : std::uint64_t{0};
     header_.count = wide != 0 ? wide : narrow;
-    const std::uint64_t fitting = pointBytes() / header_.recordLength;
+    const std::uint64_t fitting =
+        isCompressed_ ? Laz::mostPoints(pointBytes()) : pointBytes() / header_.recordLength;
     if (header_.count > fitting) {
         return file_.fault(ErrorCode::Truncated,
                            wide != 0 ? LasField::kWideCount : LasField::kCount,
@@ -226,26 +235,52 @@ ErrorPtr HeaderParser::checkCoordinates() {
     return nullptr;
 }
 
-/// Nothing in the variable-length records is needed to place the points, so a broken chain only
-/// earns a warning: the point offset stands on its own.
-void HeaderParser::walkVariableLengthRecords() {
-    const auto count = at<std::uint32_t>(LasField::kVlrCount);
-    std::uint64_t place = at<std::uint16_t>(LasField::kHeaderSize);
-    std::array<char, kVlrHeaderSize> record{};
-    for (std::uint32_t i = 0; i < count; ++i) {
-        const std::uint64_t begin = place;
-        place += kVlrHeaderSize;
-        if (place <= header_.pointOffset && file_.readAt(begin, record) == record.size()) {
-            place += loadLittle<std::uint16_t>(record.data() + kVlrLengthOffset);
-        }
-        if (place > header_.pointOffset) {
-            remarks_.warn(fmt::format(
-                "{}: byte {}: variable-length record {} of {} reaches into the points; skipped "
-                "with those after it",
-                file_.name(), begin, i + 1, count));
-            return;
+ErrorPtr HeaderParser::walkVariableLengthRecords() {
+    schemaAt_ = findSchemaRecord(file_,
+                                 {at<std::uint16_t>(LasField::kHeaderSize), header_.pointOffset,
+                                  at<std::uint32_t>(LasField::kVlrCount)},
+                                 remarks_);
+    return checkCompression();
+}
+
+ErrorPtr HeaderParser::checkCompression() const {
+    if (isCompressed_ == schemaAt_.has_value()) {
+        return nullptr;
+    }
+    if (isCompressed_) {
+        return file_.fault(ErrorCode::InvalidValue, LasField::kFormat,
+                           "compressed points without a record on the compression",
+                           "a variable-length record 'laszip encoded' 22204");
+    }
+    return file_.fault(ErrorCode::InvalidValue, schemaAt_->begin,
+                       "a record on the compression of points that are not compressed",
+                       "bit 7 of the format byte");
+}
+
+ErrorPtr HeaderParser::readCompression() {
+    if (!isCompressed_) {
+        return nullptr;
+    }
+    auto made = std::make_shared<LasCompression>();
+    ErrorPtr error = Laz::SchemaRecord::read(file_, schemaAt_->begin, schemaAt_->size,
+                                             header_.format, header_.recordLength, made->schema);
+    if (!error && header_.count != 0) {
+        error = Laz::findChunks(file_, made->schema, pointData(), made->list, remarks_);
+    }
+    header_.compression = std::move(made);
+    return error;
+}
+
+/// Points end where extended variable-length records begin, or with the file.
+Laz::PointData HeaderParser::pointData() const {
+    Laz::PointData data{header_.pointOffset, file_.size(), header_.count};
+    if (header_.minorVersion >= 4 && at<std::uint32_t>(LasField::kExtendedCount) != 0) {
+        const auto start = at<std::uint64_t>(LasField::kExtendedStart);
+        if (start > data.begin && start < data.end) {
+            data.end = start;
         }
     }
+    return data;
 }
 
 }  // namespace

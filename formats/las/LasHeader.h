@@ -6,12 +6,15 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 
 #include "Ovr/Errors.h"
 #include "Ovr/Remarks.h"
 #include "kit/InputFile.h"
+#include "las/laz/ChunkTable.h"
+#include "las/laz/Schema.h"
 
 namespace Ovr::Formats {
 
@@ -43,8 +46,11 @@ inline constexpr std::size_t kRecordLength = 105;
 inline constexpr std::size_t kCount = 107;  ///< 32 bits; by return after it
 inline constexpr std::size_t kScale = 131;
 inline constexpr std::size_t kOffset = 155;
-inline constexpr std::size_t kBounds = 179;     ///< maximum x, minimum x, maximum y, ...
-inline constexpr std::size_t kWideCount = 247;  ///< 64 bits, since LAS 1.4; by return after it
+inline constexpr std::size_t kBounds = 179;         ///< maximum x, minimum x, maximum y, ...
+inline constexpr std::size_t kWaveStart = 227;      ///< 64 bits, since LAS 1.3
+inline constexpr std::size_t kExtendedStart = 235;  ///< 64 bits, since LAS 1.4
+inline constexpr std::size_t kExtendedCount = 243;  ///< 32 bits, since LAS 1.4
+inline constexpr std::size_t kWideCount = 247;      ///< 64 bits, since LAS 1.4; by return after it
 }  // namespace LasField
 
 /// Length of the two text fields of the header [bytes].
@@ -52,6 +58,16 @@ inline constexpr std::size_t kLasIdentifierLength = 32;
 
 /// @param format  0 to kLasHighestFormat
 const LasRecordLayout& lasRecordLayout(unsigned format);
+
+/// Bits of the format byte.
+inline constexpr unsigned kLasCompressedBit = 0x80;
+inline constexpr unsigned kLasFormatBits = 0x3F;
+
+/// How the points of a file are compressed and where they are.
+struct LasCompression {
+    Laz::Schema schema;
+    Laz::ChunkList list;
+};
 
 /// What the reader uses of a LAS header, checked: the points that it counts lie in the file.
 struct LasHeader {
@@ -63,15 +79,17 @@ struct LasHeader {
     unsigned format = 0;
     std::uint16_t recordLength = 0;  ///< [bytes], at least what the format needs
     std::uint64_t count = 0;
-    std::array<double, 3> scale{};    ///< [m], finite, not 0
-    std::array<double, 3> offset{};   ///< [m], finite
-    std::array<double, 3> minimum{};  ///< [m], as the file says; not checked
-    std::array<double, 3> maximum{};  ///< [m], as the file says; not checked
+    std::array<double, 3> scale{};                      ///< [m], finite, not 0
+    std::array<double, 3> offset{};                     ///< [m], finite
+    std::array<double, 3> minimum{};                    ///< [m], as the file says; not checked
+    std::array<double, 3> maximum{};                    ///< [m], as the file says; not checked
+    std::shared_ptr<const LasCompression> compression;  ///< null when the points are plain
 };
 
-/// Reads and checks the header of a LAS 1.0 to 1.4 file, and walks its variable-length records.
+/// Reads and checks the header of a LAS 1.0 to 1.4 file, walks its variable-length records, and
+/// finds the chunks of compressed points.
 /// @param remarks   receives what can be lived with: broken variable-length records, counts that
-///                  differ
+///                  differ, a missing chunk table
 /// @return empty on success
 [[nodiscard]] ErrorPtr readLasHeader(InputFile& file, LasHeader& header, Remarks& remarks);
 

@@ -46,6 +46,9 @@ ErrorPtr LasPointLoader::load(const LoadTarget& target, StatisticsReport& statis
                          {file_.name(), "", countText(count, "point"),
                           fmt::format("at most {} in one scan", kMostPoints)});
     }
+    if (ErrorPtr error = checkBold(count, target.work)) {
+        return error;
+    }
     PointSink sink(target.integration, layout_.color.has_value());
     if (ErrorPtr error = sink.resize(1, static_cast<int>(count), source_.file)) {
         return error;
@@ -71,11 +74,31 @@ ErrorPtr LasPointLoader::load(const LoadTarget& target, StatisticsReport& statis
     return nullptr;
 }
 
+/// A compressed file may count points by the thousand for each of its bytes. Before memory is taken
+/// for so many, they are decoded once: a count that is a lie shows then.
+ErrorPtr LasPointLoader::checkBold(std::uint64_t count, const DataStructures::Work& work) {
+    constexpr std::uint64_t kUsualPerByte = 8;
+    if (!header_.compression || count / kUsualPerByte <= file_.size()) {
+        return nullptr;
+    }
+    WorkWatch watch({nullptr, work.cancel});
+    const auto blocks = openLasBlocks(file_, header_, count);
+    while (!blocks->atEnd()) {
+        if (ErrorPtr error = blocks->next()) {
+            return error;
+        }
+        if (!watch.goOn(0.0)) {
+            return cancelled(file_.name());
+        }
+    }
+    return nullptr;
+}
+
 /// @param again  set when a colour of 16 bits turned up after points whose colours were taken as 8
 ///               bits: everything is to be done once more
 ErrorPtr LasPointLoader::pass(PointSink& sink, std::uint64_t count, WorkWatch& watch, bool& again) {
-    LasBlocks blocks(file_, header_, count);
-    while (!blocks.atEnd()) {
+    const auto opened = openLasBlocks(file_, header_, count);
+    for (LasBlocks& blocks = *opened; !blocks.atEnd();) {
         if (ErrorPtr error = blocks.next()) {
             return error;
         }

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include <optional>
+
 #include "Ovr/ScanFormat.h"
 #include "Ovr/ScanSource.h"
 #include "kit/InputFile.h"
@@ -23,6 +25,12 @@ class LasPointLoader {
 
     [[nodiscard]] ErrorPtr load(const LoadTarget& target, StatisticsReport& statistics);
 
+    /// After load(): the range of the times of the points that were loaded, as the file has them.
+    /// @return empty when one of them is no finite number
+    std::optional<TimeRange> times() const {
+        return noticed_.oddTime ? std::nullopt : std::optional(noticed_.times);
+    }
+
   private:
     enum class ColorDepth { Eight, Sixteen };
     /// What a pass over the points notices.
@@ -31,6 +39,7 @@ class LasPointLoader {
         bool oddTime = false;  ///< some time is no finite number
     };
 
+    [[nodiscard]] ErrorPtr checkBold(std::uint64_t count, const DataStructures::Work& work);
     [[nodiscard]] ErrorPtr pass(PointSink& sink, std::uint64_t count, WorkWatch& watch,
                                 bool& again);
     bool hasWideColor(const LasBlocks& blocks) const;

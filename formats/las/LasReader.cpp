@@ -43,7 +43,7 @@ Position middleOf(const LasHeader& header, const Position& first) {
     return middle;
 }
 
-/// Keeps the header between its operations, as long as the file is the same.
+/// Keeps the header and the range of the times between its operations, as long as the file is the same.
 class LasReader final : public IScanReader {
   public:
     explicit LasReader(const ScanSource& source) : IScanReader(source) {}
@@ -53,24 +53,35 @@ class LasReader final : public IScanReader {
         if (open(file, remarks) != nullptr || header_.count == 0) {
             return std::nullopt;
         }
-        LasBlocks one(file, header_, 1);
-        if (one.next() != nullptr) {
+        const auto one = openLasBlocks(file, header_, 1);
+        if (one->next() != nullptr) {
             return std::nullopt;
         }
-        return middleOf(header_, lasPosition(header_, one.record(0)));
+        return middleOf(header_, lasPosition(header_, one->record(0)));
     }
 
     ErrorPtr loadPoints(const LoadTarget& target, StatisticsReport& statistics) override {
         InputFile file;
-        ErrorPtr error = open(file, target.remarks);
-        return error ? std::move(error)
-                     : LasPointLoader(file, header_, source()).load(target, statistics);
+        if (ErrorPtr error = open(file, target.remarks)) {
+            return error;
+        }
+        times_.reset();
+        LasPointLoader loader(file, header_, source());
+        ErrorPtr error = loader.load(target, statistics);
+        if (!error) {
+            times_ = loader.times();
+            timesOf_ = target.maximumCount;
+        }
+        return error;
     }
 
     ErrorPtr loadTimes(const TimeTarget& target) override {
         InputFile file;
         ErrorPtr error = open(file, target.remarks);
-        return error ? std::move(error) : loadLasTimes(file, header_, source(), target);
+        if (timesOf_ != target.maximumCount) {
+            times_.reset();
+        }
+        return error ? std::move(error) : loadLasTimes(file, header_, source(), target, times_);
     }
 
   private:
@@ -82,6 +93,7 @@ class LasReader final : public IScanReader {
         const Stamp stamp{file.size(), file.changed()};
         if (stamp_ != stamp) {
             stamp_.reset();
+            times_.reset();
             header_ = {};
             if (ErrorPtr error = readLasHeader(file, header_, remarks)) {
                 return error;
@@ -94,12 +106,14 @@ class LasReader final : public IScanReader {
     using Stamp = std::pair<std::uint64_t, std::filesystem::file_time_type>;
     std::optional<Stamp> stamp_;  ///< of the file that the header was read from
     LasHeader header_;
+    std::optional<TimeRange> times_;  ///< of the points that were loaded from it, if all are finite
+    std::uint64_t timesOf_ = 0;       ///< the most points that were loaded
 };
 
 class LasFormat final : public IScanFormat {
   public:
     std::string name() const override { return "LAS"; }
-    std::vector<std::string> extensions() const override { return {"las"}; }
+    std::vector<std::string> extensions() const override { return {"las", "laz"}; }
     std::string classIdentifier() const override {
         return VardexLib::CorvinMobileScanData::getStaticPointSetClassIdentifier();
     }

@@ -9,7 +9,7 @@
 
 namespace Ovr::Formats {
 
-/// Uncompressed LAS 1.0 to 1.4, point formats 0 to 10: a mobile scan of one row.
+/// LAS 1.0 to 1.4, point formats 0 to 10, plain or compressed: a mobile scan of one row.
 ///
 /// Coordinates are computed in double precision, brought to the project's origin and narrowed.
 /// Intensities become reflections. Colours keep their upper 8 bits, or their lower 8 in a file

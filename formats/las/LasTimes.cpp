@@ -26,10 +26,11 @@ namespace {
 class LasTimeLoader {
   public:
     LasTimeLoader(InputFile& file, const LasHeader& header, const ScanSource& source,
-                  const TimeTarget& target)
+                  const TimeTarget& target, const std::optional<TimeRange>& known)
         : file_(file),
           header_(header),
           target_(target),
+          known_(known),
           timeOffset_(*lasRecordLayout(header.format).time),
           count_(std::min(header.count, target.maximumCount)),
           watch_(target.work),
@@ -48,6 +49,7 @@ class LasTimeLoader {
     InputFile& file_;
     const LasHeader& header_;
     const TimeTarget& target_;
+    const std::optional<TimeRange>& known_;
     std::size_t timeOffset_;
     std::uint64_t count_;
     WorkWatch watch_;
@@ -63,7 +65,9 @@ ErrorPtr LasTimeLoader::load() {
                          {file_.name(), "", fmt::format("times of {}", countText(count_, "point")),
                           "those of the points that are loaded, in one row"});
     }
-    if (ErrorPtr error = check()) {
+    if (known_) {
+        raw_ = *known_;
+    } else if (ErrorPtr error = check()) {
         return error;
     }
     TimeRange shifted = raw_;
@@ -86,15 +90,16 @@ ErrorPtr LasTimeLoader::load() {
 }
 
 ErrorPtr LasTimeLoader::check() {
-    for (LasBlocks blocks(file_, header_, count_); !blocks.atEnd();) {
+    const auto opened = openLasBlocks(file_, header_, count_);
+    for (LasBlocks& blocks = *opened; !blocks.atEnd();) {
         if (ErrorPtr error = blocks.next()) {
             return error;
         }
         for (std::uint64_t i = 0; i < blocks.records(); ++i) {
             const double value = time(blocks.record(i));
             if (!std::isfinite(value)) {
-                return file_.fault(
-                    ErrorCode::InvalidValue, blocks.fileOffset(i) + timeOffset_,
+                return blocks.fault(
+                    ErrorCode::InvalidValue, i, timeOffset_,
                     fmt::format("the time {:.9g} of point {}", value, blocks.first() + i),
                     "a finite number");
             }
@@ -108,7 +113,8 @@ ErrorPtr LasTimeLoader::check() {
 }
 
 ErrorPtr LasTimeLoader::write() {
-    for (LasBlocks blocks(file_, header_, count_); !blocks.atEnd();) {
+    const auto opened = openLasBlocks(file_, header_, count_);
+    for (LasBlocks& blocks = *opened; !blocks.atEnd();) {
         if (ErrorPtr error = blocks.next()) {
             drop();
             return error;
@@ -117,8 +123,8 @@ ErrorPtr LasTimeLoader::write() {
             const double value = time(blocks.record(i));
             if (!(value >= raw_.first && value <= raw_.last)) {
                 drop();
-                return file_.fault(
-                    ErrorCode::CannotRead, blocks.fileOffset(i) + timeOffset_,
+                return blocks.fault(
+                    ErrorCode::CannotRead, i, timeOffset_,
                     fmt::format("the time {:.9g}, which was not there before", value),
                     "a file that stays as it is");
             }
@@ -157,14 +163,14 @@ void LasTimeLoader::remarkOnClock() const {
 }  // namespace
 
 ErrorPtr loadLasTimes(InputFile& file, const LasHeader& header, const ScanSource& source,
-                      const TimeTarget& target) {
+                      const TimeTarget& target, const std::optional<TimeRange>& known) {
     if (!lasRecordLayout(header.format).time) {
         return makeError(
             ErrorCode::NoTimes,
             {file.name(), "", fmt::format("point format {}, which has no time", header.format),
              "point format 1 or 3 to 10"});
     }
-    return LasTimeLoader(file, header, source, target).load();
+    return LasTimeLoader(file, header, source, target, known).load();
 }
 
 }  // namespace Ovr::Formats

@@ -9,6 +9,7 @@
 #include <cmath>
 #include <cstddef>
 #include <limits>
+#include <span>
 #include <string_view>
 
 #include "kit/LittleEndian.h"
@@ -21,9 +22,8 @@ using Interfaces::ErrorCode;
 
 namespace {
 
-constexpr std::size_t kBufferSize = std::size_t{1} << 20;  // [bytes]
-constexpr std::size_t kNarrowHeaderSize = 227;             // LAS 1.2
-constexpr std::size_t kWideHeaderSize = 375;               // LAS 1.4
+constexpr std::size_t kNarrowHeaderSize = 227;  // LAS 1.2
+constexpr std::size_t kWideHeaderSize = 375;    // LAS 1.4
 constexpr std::uint16_t kAdjustedTimeBit = 1;
 constexpr std::uint16_t kWktBit = 16;  // LAS 1.4 asks for it with formats 6 and 7
 /// Return 1 of 1, in the bits of formats 0 to 5 and of formats 6 to 10.
@@ -41,25 +41,15 @@ void putText(char* field, const std::string& text) {
 
 }  // namespace
 
-std::size_t LasWriter::headerSize() const {
-    return wide_ ? kWideHeaderSize : kNarrowHeaderSize;
-}
-
 std::size_t LasWriter::recordLength() const {
     return lasRecordLayout(formatOf(wide_, settings_.colored)).length;
 }
 
 ErrorPtr LasWriter::open(const std::filesystem::path& file, const LasWriterSettings& settings) {
-    if (ErrorPtr error = file_.open(file)) {
-        return error;
-    }
     name_ = file.string();
     settings_ = settings;
     wide_ = settings.expectedCount > std::numeric_limits<std::uint32_t>::max();
-    buffer_.reserve(kBufferSize);
-    // Takes the header's place until the counts and bounds are known.
-    buffer_.assign(headerSize(), '\0');
-    return nullptr;
+    return file_.open(file, header(), {}, settings.compress);
 }
 
 ErrorPtr LasWriter::write(const LasPoint& point) {
@@ -76,14 +66,8 @@ ErrorPtr LasWriter::write(const LasPoint& point) {
             storeLittle(record.data() + *layout.color + 2 * c, point.color[c]);
         }
     }
-    if (buffer_.size() + layout.length > kBufferSize) {
-        if (ErrorPtr error = flush()) {
-            return error;
-        }
-    }
-    buffer_.insert(buffer_.end(), record.data(), record.data() + layout.length);
     ++count_;
-    return nullptr;
+    return file_.write(std::span<const char>(record).first(layout.length));
 }
 
 ErrorPtr LasWriter::setCoordinates(const LasPoint& point, char* record) {
@@ -106,35 +90,18 @@ ErrorPtr LasWriter::setCoordinates(const LasPoint& point, char* record) {
     return nullptr;
 }
 
-ErrorPtr LasWriter::flush() {
-    file_.stream().write(buffer_.data(), static_cast<std::streamsize>(buffer_.size()));
-    buffer_.clear();
-    return file_.stream()
-               ? nullptr
-               : makeError(ErrorCode::WriteFailed, {name_, "", "a write that failed", ""});
-}
-
 ErrorPtr LasWriter::finish() {
     if (!wide_ && count_ > std::numeric_limits<std::uint32_t>::max()) {
         return makeError(ErrorCode::InvalidValue,
                          {name_, "", countText(count_, "point"),
                           "no more than were announced, for LAS 1.2 counts in 32 bits"});
     }
-    if (ErrorPtr error = flush()) {
-        return error;
-    }
-    std::array<char, kWideHeaderSize> bytes{};
-    putHeader(bytes.data());
-    buffer_.assign(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(headerSize()));
-    file_.stream().seekp(0);
-    if (ErrorPtr error = flush()) {
-        return error;
-    }
-    return file_.commit();
+    return file_.finish(header(), {});
 }
 
-/// Requires: kWideHeaderSize zero bytes there.
-void LasWriter::putHeader(char* h) const {
+std::string LasWriter::header() const {
+    std::string bytes(wide_ ? kWideHeaderSize : kNarrowHeaderSize, '\0');
+    char* const h = bytes.data();
     constexpr std::string_view kSignature = "LASF";
     std::copy(kSignature.begin(), kSignature.end(), h);
     const unsigned encoding =
@@ -146,8 +113,8 @@ void LasWriter::putHeader(char* h) const {
     putText(h + LasField::kSoftware, settings_.generatingSoftware);
     storeLittle(h + LasField::kCreationDay, settings_.creationDay);
     storeLittle(h + LasField::kCreationYear, settings_.creationYear);
-    storeLittle(h + LasField::kHeaderSize, static_cast<std::uint16_t>(headerSize()));
-    storeLittle(h + LasField::kPointOffset, static_cast<std::uint32_t>(headerSize()));
+    storeLittle(h + LasField::kHeaderSize, static_cast<std::uint16_t>(bytes.size()));
+    storeLittle(h + LasField::kPointOffset, static_cast<std::uint32_t>(bytes.size()));
     h[LasField::kFormat] = static_cast<char>(formatOf(wide_, settings_.colored));
     storeLittle(h + LasField::kRecordLength, static_cast<std::uint16_t>(recordLength()));
     putCounts(h);
@@ -159,6 +126,7 @@ void LasWriter::putHeader(char* h) const {
         storeLittle(h + LasField::kBounds + 16 * axis, largest_[axis] * scale + offset);
         storeLittle(h + LasField::kBounds + 16 * axis + 8, smallest_[axis] * scale + offset);
     }
+    return bytes;
 }
 
 /// Every point is the only return of its pulse.

@@ -8,11 +8,10 @@
 #include <cstdint>
 #include <filesystem>
 #include <string>
-#include <vector>
 
 #include "Ovr/Errors.h"
 #include "Tq/Vec3d.h"
-#include "kit/AtomicFile.h"
+#include "las/LasRecordWriter.h"
 
 namespace Ovr::Formats {
 
@@ -29,6 +28,7 @@ struct LasWriterSettings {
     std::string generatingSoftware{};  ///< up to 32 bytes
     std::uint16_t creationDay = 0;     ///< of the year, from 1; 0 leaves it open
     std::uint16_t creationYear = 0;
+    bool compress = false;  ///< write compressed points
 };
 
 struct LasPoint {
@@ -44,7 +44,7 @@ constexpr std::uint16_t wideChannel(std::uint8_t channel) {
 }
 
 /// Writes points one after another into a LAS file, which appears when it is finished and leaves
-/// no trace when it is not.
+/// no trace when it is not. Compressed or not, its records are the same.
 class LasWriter {
   public:
     /// @return empty on success. Requires: called once; finite settings, scales above 0.
@@ -61,21 +61,18 @@ class LasWriter {
     std::uint64_t count() const { return count_; }
 
   private:
-    std::size_t headerSize() const;
     std::size_t recordLength() const;
     [[nodiscard]] ErrorPtr setCoordinates(const LasPoint& point, char* record);
-    [[nodiscard]] ErrorPtr flush();
-    void putHeader(char* h) const;
+    std::string header() const;
     void putCounts(char* header) const;
 
-    AtomicFile file_;
+    LasRecordWriter file_;
     std::string name_;
     LasWriterSettings settings_;
     bool wide_ = false;  ///< LAS 1.4
     std::uint64_t count_ = 0;
     std::array<std::int32_t, 3> smallest_{};
     std::array<std::int32_t, 3> largest_{};
-    std::vector<char> buffer_;
 };
 
 }  // namespace Ovr::Formats

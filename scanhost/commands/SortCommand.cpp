@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <filesystem>
 
+#include "Tq/Path.h"
+
 #include "kit/PointClock.h"
 #include "las/LasWriter.h"
 
@@ -58,7 +60,9 @@ class SortCommand final : public ScanCommand {
 
   protected:
     void declareMore(Options& options) override {
-        options.file("-o,--output", output_, "OUT.las", "File to write").required();
+        options
+            .file("-o,--output", output_, "OUT.las", "File to write; compressed if it ends in .laz")
+            .required();
     }
     ScanNeeds needs() const override {
         return {.trajectory = Need::IfThere, .times = Need::Required};
@@ -98,6 +102,7 @@ class SortCommand final : public ScanCommand {
         settings.scale.fill(scaleFor(summary, settings.offset));
         settings.adjustedTime = isAdjustedGpsTime(zero, points.getMaxScanPointTime());
         settings.generatingSoftware = "scanhost";
+        settings.compress = Tq_1_1::lowerCaseExtension(output_) == "laz";
         Ovr::Formats::LasWriter writer;
         requireOk(writer.open(output_, settings));
         const ProgressTask task(console.progress(), output_.string() + ": writing points");
