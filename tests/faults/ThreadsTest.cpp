@@ -20,6 +20,7 @@ constexpr int kRounds = 200;
 void together(const std::vector<std::function<void()>>& works) {
     std::latch start(static_cast<std::ptrdiff_t>(works.size()));
     std::vector<std::jthread> threads;
+    threads.reserve(works.size());
     for (const auto& work : works) {
         threads.emplace_back([&] {
             start.arrive_and_wait();

@@ -16,13 +16,20 @@
 
 // The leak sanitizer, in builds that have it, asks these. It needs a thread of its own, which a
 // process without threads cannot give; and oneTBB keeps what it has of a host's observers.
-extern "C" [[gnu::visibility("default")]] int __lsan_is_turned_off();
-extern "C" [[gnu::visibility("default")]] const char* __lsan_default_suppressions();
-static bool hasNoThreads = false;
-extern "C" int __lsan_is_turned_off() {
+[[gnu::visibility("default")]] int isLeakCheckOff() __asm__("__lsan_is_turned_off");
+[[gnu::visibility("default")]] const char* leaksOfOthers() __asm__("__lsan_default_suppressions");
+
+namespace {
+
+bool hasNoThreads = false;
+
+}  // namespace
+
+int isLeakCheckOff() {
     return hasNoThreads ? 1 : 0;
 }
-extern "C" const char* __lsan_default_suppressions() {
+
+const char* leaksOfOthers() {
     return "leak:libtbb.so";
 }
 

@@ -3,7 +3,8 @@
 
 #include "pointset/core/PointRecordStore.h"
 
-#include <cstring>
+#include <array>
+#include <bit>
 #include <stdexcept>
 #include <type_traits>
 
@@ -20,8 +21,8 @@ void resizeExactly(std::vector<Record>& records, std::size_t n) {
     if (n > records.size()) {
         records.reserve(n);  // exact, where a growing resize would take up to twice as much
         const Record fresh = Record::ofNewCell();
-        const Record zeros;
-        if (std::memcmp(&fresh, &zeros, sizeof(Record)) == 0) {
+        using Bytes = std::array<std::byte, sizeof(Record)>;
+        if (std::bit_cast<Bytes>(fresh) == Bytes{}) {
             records.resize(n);  // several times as fast as copies of a record
         } else {
             records.resize(n, fresh);
