@@ -35,13 +35,15 @@ function(vardex_add_module_layer target)
 endfunction()
 
 # A test program: sources beside the caller, registered case by case with CTest.
+# vardex_add_tests(TARGET SOURCES file... LIBRARIES target... [LABELS label])
 function(vardex_add_tests target)
-  cmake_parse_arguments(ARG "" "" "SOURCES;LIBRARIES" ${ARGN})
+  cmake_parse_arguments(ARG "" "LABELS" "SOURCES;LIBRARIES" ${ARGN})
   add_executable(${target} ${ARG_SOURCES})
   vardex_set_common(${target})
   target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(${target} PRIVATE ${ARG_LIBRARIES} GTest::gmock GTest::gtest_main)
-  gtest_discover_tests(${target} DISCOVERY_TIMEOUT 120 PROPERTIES TIMEOUT 300)
+  gtest_discover_tests(${target} DISCOVERY_TIMEOUT 120
+    PROPERTIES TIMEOUT 300 LABELS "${ARG_LABELS}")
 endfunction()
 
 # A benchmark program, one per claim of docs/benchmarks.md.

@@ -6,13 +6,14 @@
 set -euo pipefail
 
 packages=(
-  g++ cmake ninja-build pkg-config
+  g++ cmake ninja-build pkg-config python3
   libgtest-dev libgmock-dev libbenchmark-dev
   libjsoncpp-dev libpng-dev libcli11-dev libtbb-dev
   libfmt-dev libutfcpp-dev libhowardhinnant-date-dev
 )
 if [ "${1:-}" = lint ]; then
-  packages+=(clang-14 clang-format-14 clang-tidy-14 git jq libclang-rt-14-dev)
+  packages+=(clang-14 clang-format-14 clang-tidy-14 debootstrap dpkg-dev git jq libclang-rt-14-dev
+    python3-clang-14)
 fi
 
 if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then

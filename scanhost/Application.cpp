@@ -46,7 +46,6 @@ ProgramDeclaration declare(Request& request, const Commands& commands) {
     program.options.flag("--manual", request.manual, "Print the manual page, for man, and end");
     program.options.flag("--completion", request.completion,
                          "Print a script that completes command lines in bash, and end");
-    declareModule(program.options, request.common);
     for (const auto& command : commands) {
         CommandDeclaration declaration{command->name(), command->summary(), {}};
         command->declare(declaration.options);
@@ -66,7 +65,7 @@ void run(const std::vector<std::string>& arguments, Console& console) {
     if (line.help) {
         console.print(*line.help);
     } else if (request.version) {
-        const ModuleSession session(request.common.module);
+        const ModuleSession session;
         console.print(fmt::format("{} {}\n", session.moduleName(), session.moduleVersion()));
     } else if (request.manual) {
         console.print(manualPage(program));

@@ -49,11 +49,11 @@ class CommandsCommand final : public Command {
                             "Identifiers of commands, for example Plane:Create; without one, the "
                             "commands of this host");
     }
-    void run(const CommonOptions& common, Console& console) override {
+    void run(const CommonOptions& /*common*/, Console& console) override {
         if (commands_.empty()) {
             commands_.assign(kHostCommands.begin(), kHostCommands.end());
         }
-        ModuleSession session(common.module);
+        ModuleSession session;
         const auto project = openProject(session, console, project_);
         const Hx::StateContext state({project});
         const Hx::RestrictionManager& restrictions = *session.application().getRestrictionManager();

@@ -17,8 +17,7 @@ _{0}() {{
     COMPREPLY=()
     for ((i = 1; i < COMP_CWORD; ++i)); do
         case ${{COMP_WORDS[i]}} in
-            {1}) ((++i)) ;;
-            {2}) command=${{COMP_WORDS[i]}}; break ;;
+            {1}) command=${{COMP_WORDS[i]}}; break ;;
         esac
     done
     if [[ $current == = ]]; then
@@ -104,17 +103,6 @@ std::string otherwise(const CommandDeclaration& command) {
                        joined(optionNames(command.options), " "), files);
 }
 
-/// The options of the program that take a value: the word after one is no command.
-std::string valueOptions(const Options& options) {
-    std::vector<std::string> names;
-    for (const Option& option : options.all()) {
-        if (option.flag == nullptr) {
-            names.insert(names.end(), option.names.begin(), option.names.end());
-        }
-    }
-    return joined(names, " | ");
-}
-
 }  // namespace
 
 std::string bashCompletion(const ProgramDeclaration& program) {
@@ -122,9 +110,8 @@ std::string bashCompletion(const ProgramDeclaration& program) {
     for (const CommandDeclaration& command : program.commands) {
         commands.push_back(command.name);
     }
-    std::string script = fmt::format(kBeginning, program.name, valueOptions(program.options),
-                                     joined(commands, " | "));
-    script += branches("", program.options);
+    // The options of the program itself are flags: nothing follows them.
+    std::string script = fmt::format(kBeginning, program.name, joined(commands, " | "));
     for (const CommandDeclaration& command : program.commands) {
         script += branches(command.name, command.options) + otherwise(command);
     }

@@ -45,8 +45,8 @@ class InfoCommand final : public Command {
         options.file("--project-output", projectOutput_, "FILE",
                      "Write what the point sets give into the host's project output");
     }
-    void run(const CommonOptions& common, Console& console) override {
-        ModuleSession session(common.module);
+    void run(const CommonOptions& /*common*/, Console& console) override {
+        ModuleSession session;
         ScanImporter importer(session, console);
         Report report;
         Report& module = report.group("module", "module");

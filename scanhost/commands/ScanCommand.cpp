@@ -42,9 +42,9 @@ void ScanCommand::declare(Options& options) {
     declareMore(options);
 }
 
-void ScanCommand::run(const CommonOptions& common, Console& console) {
+void ScanCommand::run(const CommonOptions& /*common*/, Console& console) {
     checkOptions();
-    ModuleSession session(common.module);
+    ModuleSession session;
     const ImportedScan scan = importOne(session, console, scan_);
     OpenScan open{session, console, scan, {}};
     load(needs(), open);

@@ -34,12 +34,6 @@ void declareCommon(Options& options, CommonOptions& target) {
     options.choice("--progress", target.progress, kProgressModes,
                    "Progress as plain lines on standard error, or none; without this option it is "
                    "shown on a terminal only");
-    declareModule(options, target);
-}
-
-void declareModule(Options& options, CommonOptions& target) {
-    options.file("--module", target.module, "PATH",
-                 "The module to load instead of the one next to this program");
 }
 
 void declareScan(Options& options, ScanOptions& target) {

@@ -3,8 +3,6 @@
 
 #pragma once
 
-#include <filesystem>
-
 #include "commands/Options.h"
 #include "report/ProgressLine.h"
 #include "session/ScanOptions.h"
@@ -13,15 +11,12 @@ namespace ScanHost {
 
 /// What every command takes.
 struct CommonOptions {
-    std::filesystem::path module;  ///< empty: the one next to this program
     bool json = false;
     ProgressMode progress = ProgressMode::Automatic;
 };
 
 /// Declares what every command takes.
 void declareCommon(Options& options, CommonOptions& target);
-/// Declares the module's option alone.
-void declareModule(Options& options, CommonOptions& target);
 
 /// Declares a positional SCAN and the options that go with it.
 void declareScan(Options& options, ScanOptions& target);

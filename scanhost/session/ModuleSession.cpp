@@ -4,7 +4,6 @@
 #include "session/ModuleSession.h"
 
 #include <array>
-#include <system_error>
 
 #include <fmt/format.h>
 
@@ -20,14 +19,7 @@ namespace ScanHost {
 
 namespace {
 
-constexpr const char* kModuleFile = "VardexScandata.so";
 constexpr int kEntryPointSucceeded = 1;
-
-std::filesystem::path nextToProgram() {
-    std::error_code error;
-    const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
-    return error ? std::filesystem::path(kModuleFile) : program.parent_path() / kModuleFile;
-}
 
 template <typename Function>
 Function& entryPoint(const Platform::LoadedLibrary& library, const char* name) {
@@ -40,11 +32,10 @@ Function& entryPoint(const Platform::LoadedLibrary& library, const char* name) {
 
 }  // namespace
 
-ModuleSession::ModuleSession(const std::filesystem::path& module)
-    : application_(std::make_shared<Hx::Application>()) {
+ModuleSession::ModuleSession() : application_(std::make_shared<Hx::Application>()) {
     application_->setRestrictionManager(std::make_shared<Hx::RestrictionManager>());
     std::string error;
-    library_ = Platform::LoadedLibrary::open(module.empty() ? nextToProgram() : module, error);
+    library_ = Platform::LoadedLibrary::open(Platform::LoadedLibrary::linked(), error);
     if (!library_) {
         throw Failure(error);
     }

@@ -3,7 +3,6 @@
 
 #pragma once
 
-#include <filesystem>
 #include <memory>
 #include <string>
 
@@ -19,9 +18,9 @@ namespace ScanHost {
 /// destruction. Whoever holds objects of the module lets them go before the session ends.
 class ModuleSession {
   public:
-    /// Loads the module and calls its entry points. Throws a Failure when one refuses.
-    /// @param module  empty: VardexScandata.so next to this program
-    explicit ModuleSession(const std::filesystem::path& module);
+    /// Loads the module and calls its entry points. Throws a Failure when one refuses. It is the
+    /// copy that the program is linked with: the classes of another would be different ones.
+    ModuleSession();
     ModuleSession(const ModuleSession&) = delete;
     ModuleSession& operator=(const ModuleSession&) = delete;
     ~ModuleSession();

@@ -170,12 +170,28 @@ void describeMetadata(const ImportedScan& scan, Report& report) {
              session.isDefault() ? std::string() : utf8(session.toStr()));
 }
 
+/// An answer of the host's lists that is there or not; nothing is shown for a class that no entry
+/// serves.
+template <typename Operation, typename... Arguments>
+void addAnswer(Report& report, const std::string& key, const std::string& label,
+               Operation* operation, const Arguments&... arguments) {
+    if (operation != nullptr) {
+        report.addFlag(key, label, static_cast<bool>(operation(arguments...)));
+    } else {
+        report.addHidden(key, Json::Value());
+    }
+}
+
 void describeAnswers(const ImportedScan& scan, Report& report) {
-    const Hx::PointSet& points = *scan.pointSet;
+    Hx::PointSet& points = *scan.pointSet;
     const Tq_1_1::HxClass* type = points.getClassType();
     const auto settingsId = Hx::PointSetOps::PreProcess::htmlUISettingsId.find(type);
     addKnown(report, "settingsId", "settings page",
              settingsId != nullptr ? utf8(settingsId(&points)) : std::string());
+    addAnswer(report, "patchedSettings", "settings patched",
+              Hx::PointSetOps::PreProcess::patchPreProcessSettings.find(type), &points, nullptr);
+    addAnswer(report, "fullPanorama", "full panorama",
+              Hx::PointSetOps::OpenQuickView::isFullResPanoramaAvailable.find(type), &points);
     const auto reliable =
         Hx::SphericalCoordinateEstimation::Operations::hasReliableSphericalEstimation.find(type);
     report.addFlag("reliableSphericalEstimation", "reliable spherical grid",

@@ -8,6 +8,7 @@
 #include <cmath>
 #include <limits>
 #include <random>
+#include <type_traits>
 
 namespace Vardex {
 namespace {
@@ -38,6 +39,8 @@ TYPED_TEST(PolarMathTest, AxesAndPolesAreExactToTheSignOfZero) {
     const T half = static_cast<T>(kPi / 2);
     const T threeHalves = static_cast<T>(3 * kPi / 2);
     const T tiny = static_cast<T>(0.0000049);
+    const T trace = static_cast<T>(1e-30);
+    const T full = std::is_same_v<T, float> ? T{6.2831855F} : static_cast<T>(2 * kPi);
     for (const Case& c : {
              Case{"+x", {1, 0, 0}, {1, -T{0}, 0}, {1, 0, half}},
              Case{"-x", {-1, 0, 0}, {1, pi, 0}, {1, pi, half}},
@@ -46,6 +49,8 @@ TYPED_TEST(PolarMathTest, AxesAndPolesAreExactToTheSignOfZero) {
              Case{"+z", {0, 0, 2}, {2, 0, half}, {2, 0, 0}},
              Case{"-z", {0, 0, -3}, {3, 0, -half}, {3, 0, pi}},
              Case{"below -0", {1, 0, -T{0}}, {1, -T{0}, -T{0}}, {1, 0, half}},
+             Case{"a trace of +y", {1, trace, 0}, {1, full, 0}, {1, trace, half}},
+             Case{"a trace of -y", {1, -trace, 0}, {1, trace, 0}, {1, full, half}},
              Case{"origin", {0, 0, 0}, {0, 0, 0}, {0, 0, 0}},
              Case{"too close", {0, -tiny, 0}, {tiny, 0, 0}, {tiny, 0, 0}},
          }) {

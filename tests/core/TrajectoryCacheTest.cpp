@@ -41,6 +41,7 @@ TEST(TrajectoryCache, AnswersFromTheNearestBin) {
     const TimesAndXs ends = {{7, 1}, {107, 2}};
     const double kMost = std::numeric_limits<double>::max();
     for (const Case& c : {
+             Case{"half a bin before the front", ends, 100, -0.004, 1},
              Case{"before the front", ends, 100, -0.006, -1},
              Case{"end", ends, 100, 100, 2},
              Case{"after the end", ends, 100, 100.006, -1},

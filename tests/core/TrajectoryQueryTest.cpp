@@ -64,6 +64,8 @@ TEST(TrajectorySelection, StandingStillGivesOnePosition) {
              Case{"less than 1e-4 of the length", {p, {10000, 0.9999, 0}}, {p}},
              Case{"more", {p, {10000, 1.0001, 0}}, {p, {10000, 1.0001, 0}}},
              Case{"both sides exactly 1", {p, {10001, 0, 0}}, {p}},
+             // 1.00005 m is more than 1e-4 of 10000 m, and less than 1e-4 of 10001.00005 m.
+             Case{"by the shorter", {p, {10001.00005, 0, 0}}, {p, {10001.00005, 0, 0}}},
              Case{"crept away", {p, {10000.9, 0, 0}, {10001.8, 0, 0}}, {p, {10001.8, 0, 0}}},
              Case{"not a number", {p, {kNaN, 0, 0}, o}, {p, o}},
          }) {

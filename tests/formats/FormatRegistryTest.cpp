@@ -54,26 +54,6 @@ TEST(FormatRegistry, RecognisesFilesByContentFirstAndByNameSecond) {
     EXPECT_THAT(registry.knownExtensions(), testing::ContainsRegex("[.]las, .*[.]ptx"));
 }
 
-TEST(FormatRegistry, TellsUnreadableFilesApart) {
-    const Support::TempFolder folder;
-    const struct {
-        std::filesystem::path file;
-        Ovr::Interfaces::ErrorCode code;
-        const char* words;
-    } cases[] = {
-        {folder.path() / "none.las", FileNotFound, "no such file"},
-        {folder.path(), IsDirectory, "a directory"},
-        {folder.write("empty.las", ""), EmptyFile, "an empty file"},
-        {folder.write("scan.unknown", "1 2 3"), WrongFormat,
-         "the unknown extension '.unknown', expected .las, "},
-    };
-    for (const auto& c : cases) {
-        std::vector<Ovr::ScanListing> scans;
-        Support::expectError(Ovr::listScans(c.file, scans), c.code,
-                             c.file.string() + ": found " + c.words);
-    }
-}
-
 TEST(Origin, IsThatOfTheFirstScanWithAPlaceOrAPose) {
     const Support::TempFolder folder;
     folder.write("stance.ptx", kPtx);

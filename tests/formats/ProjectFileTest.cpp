@@ -18,7 +18,6 @@
 namespace Ovr::Formats {
 namespace {
 
-using Interfaces::ErrorCode;
 using testing::HasSubstr;
 using testing::StartsWith;
 
@@ -98,96 +97,6 @@ TEST(ProjectFile, GivesWhatItSaysOfAScan) {
     EXPECT_EQ(hall.source.line, 12U);
     EXPECT_EQ(project.scans[1].slamPose,
               (std::array<double, 16>{0, 1, 0, 0, -1, 0, 0, 0, 0, 0, 1, 0, 12.5, -3, 0.15, 1}));
-}
-
-TEST(ProjectFile, NamesUnknownFieldsInTheirOrder) {
-    const ProjectFolder folder;
-    const auto file = folder.write("{\"version\": 1, \"scans\": [{" + kMobile +
-                                   ",\n\"zoom\": 1, \"colour\": null, \"clock\": {\"leap\": 1}}],\n"
-                                   "\"author\": {\"deep\": [[[{}]]]}}");
-    ProjectFile project;
-    ASSERT_EQ(read(file, project), nullptr);
-    using testing::AllOf;
-    EXPECT_THAT(project.warnings,
-                testing::ElementsAre(AllOf(StartsWith(file.string()), HasSubstr("line 2, column 9"),
-                                           HasSubstr("'zoom'")),
-                                     AllOf(HasSubstr("line 2, column 22"), HasSubstr("'colour'")),
-                                     AllOf(HasSubstr("line 2, column 46"), HasSubstr("'leap'")),
-                                     AllOf(HasSubstr("line 3, column 11"), HasSubstr("'author'"))));
-}
-
-struct Refused {
-    const char* name;
-    std::string text;
-    ErrorCode code;
-    const char* place;  // "" where the whole file is meant
-    const char* words;
-};
-
-void expectRefused(const std::filesystem::path& file, const Refused& c) {
-    SCOPED_TRACE(c.name);
-    ProjectFile project;
-    project.warnings = {"kept"};
-    const ErrorPtr error = read(file, project);
-    Support::expectError(error, c.code, file.string() + ": " + c.place);
-    Support::expectError(error, c.code, c.words);
-    EXPECT_EQ(project.warnings, std::vector<std::string>{"kept"});
-    EXPECT_TRUE(project.scans.empty());
-}
-
-TEST(ProjectFile, RefusesWhatIsNoProject) {
-    const ProjectFolder folder;
-    using enum ErrorCode;
-    for (const Refused& c : {
-             Refused{"words", "\xEF\xBB\xBF{\n  scans", WrongFormat, "line 2, column 3",
-                     "malformed"},
-             Refused{"array", "\n []", WrongFormat, "line 2, column 2", "array"},
-             Refused{"deep", "\n" + std::string(5000, '['), WrongFormat, "line 2, column 65",
-                     "64 levels"},
-             Refused{"no version", "{}", InvalidValue, "line 1, column 1", "'version'"},
-             Refused{"newer", "\xEF\xBB\xBF{\"version\": 2, \"scans\": 3}", NewerVersion,
-                     "line 1, column 13", "version 2"},
-             Refused{"no scans", "{\"version\": 1}", InvalidValue, "line 1, column 1", "'scans'"},
-             Refused{"scan no object", "{\"version\": 1, \"scans\": [7]}", InvalidValue,
-                     "line 1, column 26", "'7'"},
-         }) {
-        expectRefused(folder.write(c.text), c);
-    }
-    expectRefused(folder.path("none.json"), {"missing", "", FileNotFound, "", "no such file"});
-}
-
-TEST(ProjectFile, RefusesScansThatMakeNoSense) {
-    const ProjectFolder folder;
-    const std::string named = R"("kind": "stance", "name": "A", "points": )";
-    const auto pose = [](const char* numbers) {
-        return kStance + ", \"slamPose\": [" + numbers + "]";
-    };
-    using enum ErrorCode;
-    for (const Refused& c : {
-             Refused{"unknown kind", R"("kind": "Stance")", InvalidValue, "", "'Stance'"},
-             Refused{"missing points", named + R"("none.ptx")", FileNotFound, "", "'none.ptx'"},
-             Refused{"points a number", named + "3", InvalidValue, "", "'3'"},
-             Refused{"points of the other kind", named + R"("walk.las")", InvalidValue, "", "walk"},
-             Refused{"no such scan", kStance + R"(, "index": 2)", InvalidValue, "", "hall.ptx"},
-             Refused{"broken points", named + R"("broken.ptx", "index": 1)", WrongFormat, "",
-                     "broken.ptx: line 1"},
-             Refused{"missing trajectory", kMobile + R"(, "trajectory": "none")", FileNotFound, "",
-                     "'none'"},
-             Refused{"model null", kStance + R"(, "scannerModel": null)", InvalidValue, "", "null"},
-             Refused{"session no UUID", kStance + R"(, "sessionId": "01234567")", InvalidValue, "",
-                     "'01234567'"},
-             Refused{"15 numbers", pose("1,0,0,0, 0,1,0,0, 0,0,1,0, 0,0,0"), InvalidValue, "",
-                     "15 values"},
-             Refused{"row by row", pose("1,0,0,5, 0,1,0,0, 0,0,1,0, 0,0,0,1"), InvalidValue, "",
-                     "3, 7, 11"},
-             Refused{"mirrored", pose("1,0,0,0, 0,1,0,0, 0,0,-1,0, 0,0,0,1"), InvalidValue, "",
-                     "mirrors"},
-             Refused{"name twice", std::string(kStance).append("}, {").append(kMobile),
-                     InvalidValue, "", "'A'"},
-         }) {
-        expectRefused(folder.writeScans("\n{" + c.text + "}"),
-                      {c.name, "", c.code, "line 2, column ", c.words});
-    }
 }
 
 // Through the object tree: nothing changes unless everything was read.

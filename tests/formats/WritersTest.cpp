@@ -8,6 +8,7 @@
 #include "kit/AtomicFile.h"
 #include "las/LasWriter.h"
 #include "support/ExpectError.h"
+#include "support/LasBytes.h"
 #include "support/LoadedScan.h"
 #include "support/TempFolder.h"
 
@@ -110,6 +111,10 @@ TEST(LasWriter, WritesWhatTheReaderReads) {
             const std::string bytes = TempFolder::read(file);
             EXPECT_EQ(bytes[25], announced == 3 ? 2 : 4);
             EXPECT_EQ(announced == 3 ? bytes[227 + 14] : bytes[375 + 14], announced == 3 ? 9 : 17);
+            EXPECT_EQ(Support::peek<double>(bytes, 179), 431003.125) << "largest x";
+            EXPECT_EQ(Support::peek<double>(bytes, 187), 431001.125) << "smallest x";
+            EXPECT_EQ(Support::peek<double>(bytes, 195), 2.5) << "largest y";
+            EXPECT_EQ(bytes[announced == 3 ? 111 : 255], 3) << "points that are first returns";
             EXPECT_EQ(scan.warnings(), "");
             EXPECT_EQ(scan.data.getNotes().size(), 1U);
         }

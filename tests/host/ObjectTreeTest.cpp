@@ -62,6 +62,18 @@ TEST(CalcTrafoTo, GoesUpToTheWorldAndDownToTheTarget) {
     }
 }
 
+TEST(Object, HasOneParentAndIsNotBelowItself) {
+    const auto root = makeNode<Object>();
+    const auto child = makeNode<Object>();
+    const auto other = makeNode<Object>();
+    ASSERT_TRUE(root->addChild(child));
+    EXPECT_FALSE(other->addChild(child)) << "has a parent";
+    EXPECT_EQ(child->getParent(), root.get());
+    EXPECT_FALSE(child->addChild(root)) << "above";
+    EXPECT_FALSE(root->addChild(root)) << "itself";
+    EXPECT_FALSE(root->addChild({}));
+}
+
 TEST(CalcTrafoTo, NeighboursFarFromTheOriginLoseNoDigits) {
     const auto root = makeNode(Matrix::translation({1e17, -1e17, 0}));
     const auto a = makeNode(Matrix::translation({0.25, 0, 0}));

@@ -2,11 +2,14 @@
 // SPDX-License-Identifier: MIT
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <cmath>
+#include <fstream>
 #include <future>
 #include <memory>
+#include <string>
 #include <thread>
 
 #include "Ovr/Errors.h"
@@ -38,13 +41,28 @@ TEST(PointDataLocks, AreReentrantOnOneThreadAndHeldUntilTheLastIsGone) {
     EXPECT_TRUE(othersGet(*locks, 0));
 }
 
+/// Returns when a thread of this process sleeps.
+void waitUntilAsleep(int thread) {
+    const std::string file = "/proc/self/task/" + std::to_string(thread) + "/stat";
+    for (std::string stat; stat.find(") S") == std::string::npos; std::this_thread::yield()) {
+        std::getline(std::ifstream(file), stat);
+    }
+}
+
 TEST(PointDataLocks, AreHandedOverToWhoeverWaits) {
     const auto locks = Ovr::makePointDataLocks();
     auto held = locks->getWriteLock(0);
     EXPECT_FALSE(othersGet(*locks, -5));
-    auto other = std::async(std::launch::async, [&] { return othersGet(*locks, 30000); });
+    std::promise<int> thread;
+    auto waiting = std::async(std::launch::async, [&] {
+        thread.set_value(gettid());
+        return locks->getWriteLock(60000) != nullptr;
+    });
+    waitUntilAsleep(thread.get_future().get());
     held.reset();
-    EXPECT_TRUE(other.get());
+    // Whoever is not woken gets the lock as well, but only when its time is up.
+    EXPECT_EQ(waiting.wait_for(std::chrono::seconds(20)), std::future_status::ready);
+    EXPECT_TRUE(waiting.get());
 }
 
 TEST(PointDataLocks, GiveExclusiveAccessOnceAndOnlyForTheirOwnLock) {

@@ -1,9 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The VardexScandata developers
 // SPDX-License-Identifier: MIT
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <iterator>
+#include <memory>
 #include <numbers>
 
 #include "Hx/ErrorConversion.h"
@@ -34,16 +37,43 @@ TEST(PackedNormal, StaysWithinADegreeAllAroundTheSphere) {
     EXPECT_FALSE(Normal::fromDirection({0.0, std::nan(""), 1.0}).isSet());
 }
 
-TEST(ErrorConversion, KnowsEveryCodeOfTheService) {
+TEST(ErrorConversion, GivesEachCodeOfTheServiceItsResultAndWords) {
+    using enum Ovr::Interfaces::ErrorCode;
     const Hx::SpecificErrorConverterBase converter;
-    for (int code = 2; code <= static_cast<int>(Ovr::Interfaces::ErrorCode::WriteFailed); ++code) {
-        const auto error = std::make_shared<const Ovr::ServiceError>(
-            static_cast<Ovr::Interfaces::ErrorCode>(code), "");
+    const struct {
+        Ovr::Interfaces::ErrorCode code;
+        int result;
+        const char* words;
+    } cases[] = {
+        {General, 1, "failed"},
+        {CannotRead, 2, "cannot be read"},
+        {WrongFormat, 3, "expected kind"},
+        {Truncated, 4, "ends too early"},
+        {Unsupported, 6, "not supported"},
+        {InvalidValue, 7, "makes no sense"},
+        {OutOfMemory, 8, "out of memory"},
+        {Cancelled, 9, "cancelled"},
+        {TimeRange, 10, "cannot be kept"},
+        {IsDirectory, 11, "directory"},
+        {EmptyFile, 13, "empty"},
+        {NewerVersion, 15, "newer version"},
+        {NoTimes, 16, "carry no time"},
+        {WriteFailed, 18, "writing failed"},
+        {FileNotFound, 171, "no such file"},
+        {NoTimeService, 248, "no time field"},
+    };
+    EXPECT_EQ(std::size(cases), static_cast<std::size_t>(WriteFailed)) << "codes count from 1";
+    for (const auto& c : cases) {
+        const auto error = std::make_shared<const Ovr::ServiceError>(c.code, "");
         const auto result = converter.convertError(error);
-        EXPECT_NE(result, Hx::IOMessages::IO_ERROR) << code;
-        EXPECT_TRUE(Hx::IOMessages::isKnownFailure(result)) << code;
+        EXPECT_EQ(result, c.result) << c.words;
+        EXPECT_TRUE(Hx::IOMessages::isKnownFailure(result)) << c.words;
+        EXPECT_THAT(Hx::IOMessages::describe(result), testing::HasSubstr(c.words));
     }
-    EXPECT_EQ(converter.convertError(nullptr), Hx::IOMessages::IO_ERROR);
+    EXPECT_EQ(converter.convertError(nullptr), 1);
+    EXPECT_FALSE(Hx::IOMessages::isKnownFailure(0));
+    EXPECT_FALSE(Hx::IOMessages::isKnownFailure(5)) << "fields that are not known";
+    EXPECT_TRUE(Hx::IOMessages::isKnownFailure(-1));
 }
 
 }  // namespace

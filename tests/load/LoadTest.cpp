@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The VardexScandata developers
 // SPDX-License-Identifier: MIT
 
+#include <dlfcn.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -9,6 +10,8 @@
 #include <memory>
 #include <numbers>
 #include <string>
+#include <thread>
+#include <utility>
 
 #include "Hx/IScanPointTimes.h"
 #include "Hx/ModuleInitInfo.h"
@@ -17,6 +20,7 @@
 #include "Tq/HxClass.h"
 
 #include "load/TinyFormat.h"
+#include "support/AllocationLimit.h"
 #include "support/HostRegistries.h"
 
 namespace LoadTests {
@@ -147,7 +151,7 @@ TEST(Module, CanBeLoadedUsedAndUnloadedAgainAndAgain) {
     const TinyFormat format;
     ASSERT_TRUE(format.isRegistered());
     const HostRegistries before = HostRegistries::now();
-    for (const char* round : {"first", "second", "third"}) {
+    for (int round = 1; round <= 30; ++round) {
         const std::size_t hostClasses = Tq_1_1::HxClass::all().size();
         {
             const auto library = openModule();
@@ -158,7 +162,26 @@ TEST(Module, CanBeLoadedUsedAndUnloadedAgainAndAgain) {
             useMobileScan(*library);
             useStationaryScan();
         }
-        expectNoTrace(round, before);
+        expectNoTrace("used", before);
+    }
+#if defined(VARDEX_SCHEDULER_FILE)
+    // Its idle threads wait in its code.
+    EXPECT_TRUE(LoadedLibrary::isMapped(VARDEX_SCHEDULER_FILE) ||
+                std::thread::hardware_concurrency() < 2);
+#endif
+}
+
+TEST(FailedLoad, SaysWhatIsWrongWithTheFile) {
+    EXPECT_EQ(LoadedLibrary::linked(), "");
+    const std::pair<const char*, const char*> cases[] = {
+        {"none.so", "none.so"},
+        {__FILE__, "LoadTest.cpp"},
+        {VARDEX_HOST_FILE, "exports no VardexLibraryEntry"},
+    };
+    for (const auto& [file, words] : cases) {
+        std::string error;
+        EXPECT_EQ(LoadedLibrary::open(file, error), nullptr) << file;
+        EXPECT_NE(error.find(words), std::string::npos) << error;
     }
 }
 
@@ -176,6 +199,12 @@ TEST(FailedLoad, LeavesNothingBehind) {
              Case{"no factory", true, true, nullptr},
              Case{"first registration refused", true, true, std::make_shared<PickyFactory>(1)},
              Case{"second registration refused", true, true, std::make_shared<PickyFactory>(2)},
+             Case{"first registration throws", true, true,
+                  std::make_shared<PickyFactory>(1, PickyFactory::Manner::Throws)},
+             Case{"second registration throws", true, true,
+                  std::make_shared<PickyFactory>(2, PickyFactory::Manner::Throws)},
+             Case{"first refused, unregistering throws", true, true,
+                  std::make_shared<PickyFactory>(1, PickyFactory::Manner::ThrowsWhenLeft)},
          }) {
         const FactoryChange change(c.factory);
         const HostRegistries before = HostRegistries::now();
@@ -189,6 +218,39 @@ TEST(FailedLoad, LeavesNothingBehind) {
         expectNoTrace(c.name, before);
     }
     EXPECT_NE(openModule(), nullptr);
+}
+
+TEST(Unloading, RunsEveryStepWhateverTheHostDoes) {
+    const ForeignEntries foreign;
+    const FactoryChange change(
+        std::make_shared<PickyFactory>(0, PickyFactory::Manner::ThrowsWhenLeft));
+    const HostRegistries before = HostRegistries::now();
+    openModule();
+    expectNoTrace("factory throws", before);
+}
+
+TEST(Unloading, NeedsNoMemory) {
+    const ForeignEntries foreign;
+    const HostRegistries before = HostRegistries::now();
+    for (const bool complete : {true, false}) {
+        const char* name = complete ? "after a load" : "after an early failure";
+        void* const library = dlopen(kModule.c_str(), RTLD_NOW | RTLD_LOCAL);
+        ASSERT_NE(library, nullptr);
+        const auto entry =
+            reinterpret_cast<Platform::LibraryEntry>(dlsym(library, Platform::kLibraryEntryName));
+        Tq_1_1::Module::setAccepting(complete);
+        EXPECT_EQ(entry(library, static_cast<int>(Platform::EntryReason::ProcessAttach)),
+                  complete ? 1 : 0);
+        Tq_1_1::Module::setAccepting(true);
+        {
+            const Vardex::Testing::AllocationFault everyOne(1, true);
+            const int result =
+                entry(library, static_cast<int>(Platform::EntryReason::ProcessDetach));
+            EXPECT_TRUE(result == 1 && !everyOne.hasFired()) << name;
+        }
+        dlclose(library);
+        expectNoTrace(name, before);
+    }
 }
 
 }  // namespace

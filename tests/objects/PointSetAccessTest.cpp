@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include "stance/CorvinStancePointSet.h"
-#include "support/AllocationLimit.h"
 
 namespace Vardex {
 namespace {
@@ -174,15 +173,25 @@ TEST_F(PointSetAccessTest, ItemsOutsideTheRecordsReadAsNothingAndTakeNothing) {
     EXPECT_EQ(Set::ScanPt::nullReference.position().x, 0.0F);
 }
 
-TEST_F(PointSetAccessTest, WhenMemoryRunsOutTheStorageIsPlainAndEmpty) {
-    const Testing::AllocationLimit limit(1000);
-    EXPECT_FALSE(set.resizePointStorage(100, 10, true, true));
+TEST_F(PointSetAccessTest, ResizingKeepsDataOnlyOfTheSameSizeAndLayout) {
+    EXPECT_FALSE(set.resize(-1, kCols));
+    EXPECT_FALSE(set.resize(1 << 16, 1 << 15));
+    EXPECT_EQ(set.getNumPoints(), kCells) << "nothing has changed";
+    EXPECT_TRUE(set.resize(kRows, kCols));
+    EXPECT_FALSE(set.hasValidData()) << "the reflection is gone";
     EXPECT_EQ(set.getRecordLayout(), PointRecordLayout::Plain);
-    EXPECT_EQ(&set.getScanPt(0, 0), &Set::ScanPt::nullReference);
-    EXPECT_EQ(set.getSize(), Pair(kCols, kRows));
+    set.setValidData(true);
+    EXPECT_TRUE(set.resize(kRows, kCols));
+    EXPECT_TRUE(set.hasValidData());
+    EXPECT_TRUE(set.resize(kCols, kRows));
+    EXPECT_FALSE(set.hasValidData());
+    EXPECT_EQ(set.getSize(), Pair(kRows, kCols));
+}
+
+TEST_F(PointSetAccessTest, SizingWithoutAllocationTakesTheSizeAndDropsTheRecords) {
     for (const bool separate : {false, true}) {
         EXPECT_TRUE(set.resizePointStorage(2, 5, false, separate));
-        EXPECT_EQ(set.getSize(), Pair(5, 2)) << "without allocation";
+        EXPECT_EQ(set.getSize(), Pair(5, 2));
         EXPECT_EQ(set.hasSeparateReflection(), separate);
     }
     EXPECT_EQ(&set.getScanPt(0, 0), &Set::ScanPt::nullReference);

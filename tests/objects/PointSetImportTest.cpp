@@ -71,8 +71,8 @@ class PointSetImportTest : public testing::Test {
 
 TEST_F(PointSetImportTest, LoadsInsideTheScopeUnderBothLocksAndRefreshesLast) {
     EXPECT_EQ(importFile(L"/data/site.ovr"), 0);
-    EXPECT_THAT(log, ElementsAre("lock 1", "lock 2", "scope", "load", "scope closed",
-                                 "lock 2 released", "lock 1 released", "refresh"));
+    EXPECT_THAT(log, ElementsAre("lock 1", "lock 2", "scope", "load all with lock 2",
+                                 "scope closed", "lock 2 released", "lock 1 released", "refresh"));
     EXPECT_EQ(set->getFileInfo().path, L"/data/site.ovr");
     EXPECT_EQ(set->scanData->modified, (Ovr::DataStructures::ScanDataModification{
                                            true, true, true, true, true, true, true, true}));
@@ -81,8 +81,8 @@ TEST_F(PointSetImportTest, LoadsInsideTheScopeUnderBothLocksAndRefreshesLast) {
         throw std::runtime_error("thrown by the load");
     };
     EXPECT_THROW(importFile(L"/data/site.ovr"), std::runtime_error);
-    EXPECT_THAT(log, ElementsAre("lock 3", "lock 4", "scope", "load", "scope closed",
-                                 "lock 4 released", "lock 3 released", "refresh"));
+    EXPECT_THAT(log, ElementsAre("lock 3", "lock 4", "scope", "load all with lock 4",
+                                 "scope closed", "lock 4 released", "lock 3 released", "refresh"));
 }
 
 TEST_F(PointSetImportTest, AFailedLoadIsConvertedUnderTheLocks) {
@@ -92,8 +92,8 @@ TEST_F(PointSetImportTest, AFailedLoadIsConvertedUnderTheLocks) {
     };
     EXPECT_EQ(importFile(L"/data/site.ovr"), Hx::IOMessages::IO_TRUNCATED);
     EXPECT_THAT(log,
-                ElementsAre("lock 1", "lock 2", "scope", "load", "scope closed", "error released",
-                            "lock 2 released", "lock 1 released", "refresh"));
+                ElementsAre("lock 1", "lock 2", "scope", "load all with lock 2", "scope closed",
+                            "error released", "lock 2 released", "lock 1 released", "refresh"));
     EXPECT_TRUE(set->getId().isNull());
     EXPECT_EQ(set->getReflStat(Hx::ReflStatType::AllPoints), nullptr);
 }
@@ -157,11 +157,11 @@ TEST_F(PointSetImportTest, StatisticsAreTakenUnlessValidOnesAreThere) {
 }
 
 TEST_F(PointSetImportTest, TheProjectOutputNamesTheScanDataAndTheId) {
-    set->setId(L"hall \"2\"");
+    set->setId(L"hall \"2\\1\"");
     std::ostringstream out;
     const auto context = std::make_shared<Hx::WriteContextBase>();
     EXPECT_EQ(set->writeScanDataId(out, context), 0);
-    EXPECT_EQ(out.str(), "  Fake.PointSet = \"hall \\\"2\\\"\"\n");
+    EXPECT_EQ(out.str(), "  Fake.PointSet = \"hall \\\"2\\\\1\\\"\"\n");
     EXPECT_EQ(out.precision(), 8);
     EXPECT_EQ(context->depth, 0);
 }

@@ -1,15 +1,19 @@
 // SPDX-FileCopyrightText: 2026 The VardexScandata developers
 // SPDX-License-Identifier: MIT
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <cmath>
 #include <functional>
+#include <thread>
 
 #include "Hx/PointSetIntegration.h"
 #include "Ovr/Vardex/CorvinStanceScanData.h"
 
 #include "stance/CorvinStancePointSet.h"
+#include "support/ScanFakes.h"
 
 namespace Vardex {
 namespace {
@@ -105,6 +109,33 @@ TEST(SlamPose, IsKeptValueForValueInTheStationaryRecordAlone) {
                   record == stationary ? pose : Tq_1_1::Mat4d<double>::identity());
     }
     EXPECT_EQ(stationary->SlamPose()[13], 1.0 / 16.0);
+}
+
+/// An import that is refused the lock refreshes the host's copy while the lock's holder writes.
+TEST(PointSetMetadata, MayBeRefreshedWhileAnotherThreadWrites) {
+    Testing::CallLog log;
+    CorvinStancePointSet set(L"scan");
+    const std::string texts[] = {"a model with a long name", "another one, whose name is longer"};
+    const auto record = scanDataOf(set).getMetaData();
+    record->ScannerModel(texts[0]);
+    std::atomic<bool> ended{false};
+    std::thread holder([&] {
+        for (int round = 0; round < 2000; ++round) {
+            record->ScannerModel(texts[round % 2]);
+            record->RecordingTime(round);
+        }
+        ended = true;
+    });
+    while (!ended) {
+        const auto locks = std::make_shared<Testing::FakeLocks>(log);
+        locks->refusedLock = 1;
+        set.getIntegration()->setPointDataLocks(locks);
+        Hx::FileInfo info;
+        Hx::AllocMain guard(true, nullptr);
+        EXPECT_EQ(set.import(info, guard), Hx::IOMessages::IO_LOCK_NOT_OBTAINED);
+        EXPECT_THAT(texts, testing::Contains(set.getCachedMetaData().ScannerModel()));
+    }
+    holder.join();
 }
 
 }  // namespace

@@ -3,11 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <regex>
 #include <set>
 #include <string>
-#include <vector>
 
 #include "Program.h"
 
@@ -61,38 +59,6 @@ TEST(GeneratedText, HelpManualAndCompletionNameEveryCommandAndOption) {
         options.erase("--help");
         EXPECT_EQ(found(section, R"(\n(?:\\fB-.\\fR, )?\\fB(--[a-z-]+))"), options) << command;
     }
-}
-
-// Bash itself splits no line here: the words are given as it hands them to a completion.
-TEST(GeneratedText, BashCompletesCommandsOptionsAndValues) {
-    const Folder folder;
-    folder.write("scan one.las", "");
-    ASSERT_EQ(runShell("scanhost --completion >script && bash -n script", folder.path()).out, "");
-    struct Case {
-        const char* words;  // the last one is completed
-        const char* expected;
-    };
-    for (const Case& c : {
-             Case{"scanhost wh", "where"},
-             Case{"scanhost --mod", "--module"},
-             Case{"scanhost --module point s", "sample sort"},
-             Case{"scanhost where --tr", "--trajectory"},
-             Case{"scanhost export a.las --out", "--output"},
-             Case{"scanhost times --time-unit ''", "ms ns s us"},
-             Case{"scanhost times --progress = pl", "plain"},
-             Case{"scanhost times --progress =", "none plain"},
-             Case{"scanhost info sca", "scan one.las"},
-             Case{"scanhost sort x.las -o sca", "scan one.las"},
-             Case{"scanhost where a.las --at ''", ""},
-             Case{"scanhost sample sca", ""},
-         }) {
-        const std::string line = "source ./script; COMP_WORDS=(" + std::string(c.words) +
-                                 "); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); _scanhost; "
-                                 "printf '%s\\n' \"${COMPREPLY[@]}\" | sort -u | paste -sd ' '";
-        EXPECT_EQ(runShell(line, folder.path()).out, c.expected + std::string("\n")) << c.words;
-    }
-    EXPECT_EQ(runShell("source ./script; complete -p scanhost", folder.path()).out,
-              "complete -F _scanhost scanhost\n");
 }
 
 }  // namespace

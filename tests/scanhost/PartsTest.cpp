@@ -6,11 +6,19 @@
 #include <limits>
 #include <sstream>
 #include <string>
+#include <vector>
+
+#include "RegisterFormats.h"
 
 #include "picture/Picture.h"
 #include "report/DateText.h"
+#include "report/Failure.h"
 #include "report/NumberText.h"
+#include "report/ProgressLine.h"
 #include "report/Report.h"
+#include "session/TrajectoryCheck.h"
+#include "support/TempFolder.h"
+#include "support/TestNodes.h"
 
 namespace ScanHost {
 namespace {
@@ -85,40 +93,63 @@ TEST(Picture, HoldsWhatLiesInItOfALine) {
     }
 }
 
-TEST(Report, TextAndJsonSayTheSame) {
+TEST(TrajectoryCheck, FindsEveryPoseThatIsNotTheSame) {
+    Ovr::Formats::registerFormats();
+    const Support::TempFolder folder;
+    const std::vector<Ovr::VardexLib::TrajectoryNode> nodes{
+        Vardex::Testing::nodeAt(7.0, {1, 2, 3}), Vardex::Testing::nodeAt(8.0, {4, 5, 6})};
+    struct Case {
+        const char* name;
+        const char* second;  // line of the copy
+        const char* words;   // of the refusal; empty for none
+    };
+    for (const Case& c : {
+             Case{"the same", "8 4 5 6 0 0 0 1", ""},
+             Case{"as good as the same", "8 4 5 6.0000000009 0 0 0 1", ""},
+             Case{"time", "8.25 4 5 6 0 0 0 1", "by up to 0.25 s, 0 m and 0 in"},
+             Case{"x", "8 3.5 5 6 0 0 0 1", "by up to 0 s, 0.5 m and 0 in"},
+             Case{"z", "8 4 5 6.00000001 0 0 0 1", "e-09 m and 0 in"},
+             Case{"turned by half", "8 4 5 6 1 0 0 0", "by up to 0 s, 0 m and 2 in the rotation"},
+             Case{"one pose", "", "found 1 poses, expected 2"},
+             Case{"three poses", "8 4 5 6 0 0 0 1\n9 4 5 6 0 0 0 1", "found 3 poses, expected 2"},
+         }) {
+        const auto file = folder.write("copy.tum", std::string("7 1 2 3 0 0 0 1\n") + c.second);
+        Report report;
+        std::string message;
+        try {
+            requireSameTrajectory(file, nullptr, nodes, report);
+        } catch (const Failure& failure) {
+            message = failure.what();
+        }
+        EXPECT_EQ(message.empty(), *c.words == '\0') << c.name << '\n' << message;
+        EXPECT_NE(message.find(c.words), std::string::npos) << c.name << '\n' << message;
+    }
+}
+
+TEST(ProgressLine, ShowsEachPercentOnce) {
+    std::ostringstream plain;
+    std::ostringstream inPlace;
+    for (const bool replacing : {false, true}) {
+        ProgressLine line(replacing ? inPlace : plain, replacing);
+        line.setFraction(0.25);
+        line.begin("walk");
+        for (const double fraction : {0.5, 0.5, 0.509, 0.25, 7.0}) {
+            line.setFraction(fraction);
+        }
+        line.end();
+    }
+    EXPECT_EQ(plain.str(), "scanhost: walk 50 %\nscanhost: walk 100 %\n");
+    EXPECT_EQ(inPlace.str(), "\r\033[Kwalk 50 %\r\033[Kwalk 100 %\r\033[K");
+}
+
+TEST(Report, WhatIsNoFiniteNumberIsWordsAndNull) {
     Report report("walk");
-    report.addNumber("length", "path length", 16.25, 2, " m");
     report.addNumber("speed", "speed", kInfinity, 2, " m/s");
-    report.addNone("color", "colour", "none");
-    Report& times = report.group("times", "times");
-    times.addCount("count", "points", 3);
-    report.item("scans", "scan 1").addText("name", "name", "a\tb");
-    report.item("scans", "scan 2").addFlag("cloud", "cloud", true);
-    report.addTable("path", "path",
-                    {{{"at", "at"}, {"x", "x [m]"}},
-                     {{{"a", "a"}, {1.5, "1.5"}}, {{"bcd", "bcd"}, {10.5, "10.5"}}}});
-    report.addHidden("raw", 7);
+    report.addText("name", "name", "a\tb");
     std::ostringstream text;
     report.print(text);
-    EXPECT_EQ(text.str(),
-              "walk\n"
-              "  path length  16.25 m\n"
-              "  speed        infinite\n"
-              "  colour       none\n"
-              "  times\n"
-              "    points  3\n"
-              "  scan 1\n"
-              "    name  a?b\n"
-              "  scan 2\n"
-              "    cloud  yes\n"
-              "  path\n"
-              "    at   x [m]\n"
-              "    a      1.5\n"
-              "    bcd   10.5\n");
-    EXPECT_EQ(jsonLine(report.json()),
-              R"({"color":null,"length":16.25,"path":[{"at":"a","x":1.5},{"at":"bcd","x":10.5}],)"
-              R"("raw":7,"scans":[{"name":"a?b"},{"cloud":true}],"speed":null,)"
-              R"("times":{"count":3}})");
+    EXPECT_EQ(text.str(), "walk\n  speed  infinite\n  name   a?b\n");
+    EXPECT_EQ(jsonLine(report.json()), R"({"name":"a?b","speed":null})");
     EXPECT_EQ(jsonLine(jsonNumber(1305031128.722976)), "1305031128.722976");
 }
 

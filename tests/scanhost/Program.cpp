@@ -118,20 +118,22 @@ Outcome runShell(const std::string& line, const std::filesystem::path& folder) {
     return {exitCode, readFile(outputs.file("out")), {}};
 }
 
-Json::Value runJson(std::vector<std::string> arguments) {
-    arguments.emplace_back("--json");
-    const Outcome outcome = run(arguments);
-    EXPECT_EQ(outcome.exitCode, 0) << joined(arguments) << '\n' << outcome.err;
+Json::Value parseJson(const std::string& text) {
     Json::CharReaderBuilder builder;
     Json::CharReaderBuilder::strictMode(&builder.settings_);
     const std::unique_ptr<Json::CharReader> reader(builder.newCharReader());
     Json::Value document;
     std::string errors;
-    const char* begin = outcome.out.data();
-    EXPECT_TRUE(reader->parse(begin, begin + outcome.out.size(), &document, &errors))
-        << joined(arguments) << '\n'
-        << errors << outcome.out;
+    EXPECT_TRUE(reader->parse(text.data(), text.data() + text.size(), &document, &errors))
+        << errors << text;
     return document;
+}
+
+Json::Value runJson(std::vector<std::string> arguments) {
+    arguments.emplace_back("--json");
+    const Outcome outcome = run(arguments);
+    EXPECT_EQ(outcome.exitCode, 0) << joined(arguments) << '\n' << outcome.err;
+    return parseJson(outcome.out);
 }
 
 int start(const std::vector<std::string>& arguments, const std::string& outFile, int& pipe) {

@@ -43,6 +43,9 @@ Outcome run(const std::vector<std::string>& arguments);
 /// @return its standard output and standard error, both in Outcome::out
 Outcome runShell(const std::string& line, const std::filesystem::path& folder);
 
+/// Fails the test unless the text is one strict JSON document.
+Json::Value parseJson(const std::string& text);
+
 /// Runs the program with --json and gives the document; fails the test unless the exit code is 0
 /// and standard output holds one strict JSON document and nothing else.
 Json::Value runJson(std::vector<std::string> arguments);

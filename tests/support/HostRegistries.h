@@ -4,6 +4,7 @@
 #pragma once
 
 #include <memory>
+#include <stdexcept>
 #include <utility>
 #include <vector>
 
@@ -81,20 +82,38 @@ class ForeignEntries {
     Tq_1_1::HxClass record_;
 };
 
-/// A factory that refuses one request.
+/// A factory that refuses one request, or throws.
 class PickyFactory final : public Hx::PointSetFactory {
   public:
+    enum class Manner { Refuses, Throws, ThrowsWhenLeft };
+
     /// @param refused  number of the request that is refused, from 1; 0 for none
-    explicit PickyFactory(int refused) : refused_(refused) {}
+    /// @param manner   how; ThrowsWhenLeft throws at each unregistration, which takes place
+    explicit PickyFactory(int refused, Manner manner = Manner::Refuses)
+        : refused_(refused), manner_(manner) {}
 
     bool registerPointSet(const Tq_1_1::String& identifier, Creator creator,
                           const Tq_1_1::String& further) override {
-        return ++asked_ != refused_ &&
-               PointSetFactory::registerPointSet(identifier, std::move(creator), further);
+        if (++asked_ != refused_) {
+            return PointSetFactory::registerPointSet(identifier, std::move(creator), further);
+        }
+        if (manner_ == Manner::Throws) {
+            throw std::runtime_error("refused");
+        }
+        return false;
+    }
+
+    bool unregisterPointSet(const Tq_1_1::String& identifier) override {
+        const bool known = PointSetFactory::unregisterPointSet(identifier);
+        if (manner_ == Manner::ThrowsWhenLeft) {
+            throw std::runtime_error("left");
+        }
+        return known;
     }
 
   private:
     int refused_;
+    Manner manner_;
     int asked_ = 0;
 };
 

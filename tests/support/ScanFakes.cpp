@@ -3,6 +3,9 @@
 
 #include "support/ScanFakes.h"
 
+#include <gtest/gtest.h>
+
+#include <limits>
 #include <utility>
 
 namespace Vardex::Testing {
@@ -12,20 +15,29 @@ namespace {
 class FakeLock final : public Ovr::IPointDataWriteLock {
   public:
     FakeLock(CallLog& log, int number, bool valid)
-        : span_(log, "lock " + std::to_string(number),
-                "lock " + std::to_string(number) + " released"),
+        : name_("lock " + std::to_string(number)),
+          span_(log, name_, name_ + " released"),
           valid_(valid) {}
 
     bool isValid() const override { return valid_; }
+    const std::string& name() const { return name_; }
 
   private:
+    std::string name_;
     LoggedSpan span_;
     bool valid_;
 };
 
+/// @return " with lock 2" for the second lock
+std::string with(const Ovr::IPointDataWriteLock& lock) {
+    const auto* own = dynamic_cast<const FakeLock*>(&lock);
+    return " with " + (own != nullptr ? own->name() : std::string("a foreign lock"));
+}
+
 class FakeAccess final : public Ovr::IPointDataExclusiveAccess {
   public:
-    explicit FakeAccess(CallLog& log) : span_(log, "access", "access released") {}
+    FakeAccess(CallLog& log, const Ovr::IPointDataWriteLock& lock)
+        : span_(log, "access" + with(lock), "access released") {}
 
   private:
     LoggedSpan span_;
@@ -46,23 +58,27 @@ std::unique_ptr<Ovr::IPointDataWriteLock> FakeLocks::getWriteLock(int timeout) {
 }
 
 std::unique_ptr<Ovr::IPointDataExclusiveAccess> FakeLocks::getExclusiveAccess(
-    const Ovr::IPointDataWriteLock& /*lock*/) {
+    const Ovr::IPointDataWriteLock& lock) {
     if (refuseAccess) {
         log_.push_back("access refused");
         return nullptr;
     }
-    return std::make_unique<FakeAccess>(log_);
+    return std::make_unique<FakeAccess>(log_, lock);
 }
 
 std::unique_ptr<Ovr::DataStructures::ScanDataModificationScope>
 FakeScanData::createModificationScope(const Ovr::DataStructures::ScanDataModification& what) {
-    return std::make_unique<Ovr::DataStructures::ScanDataModificationScope>(*this, what);
+    auto scope = std::make_unique<Ovr::DataStructures::ScanDataModificationScope>(*this, what);
+    scope_ = scope.get();
+    return scope;
 }
 
-Ovr::ErrorPtr FakeScanData::loadPoints(std::uint64_t /*count*/, Ovr::StatisticsReport& statistics,
-                                       Ovr::DataStructures::ScanDataModificationScope& /*scope*/,
-                                       const Ovr::IPointDataWriteLock& /*lock*/) {
-    log_.push_back("load");
+Ovr::ErrorPtr FakeScanData::loadPoints(std::uint64_t count, Ovr::StatisticsReport& statistics,
+                                       Ovr::DataStructures::ScanDataModificationScope& scope,
+                                       const Ovr::IPointDataWriteLock& lock) {
+    const bool all = count == std::numeric_limits<std::uint64_t>::max();
+    log_.push_back((all ? "load all" : "load some") + with(lock));
+    EXPECT_EQ(&scope, scope_) << "loads in another scope";
     return load ? load(statistics) : nullptr;
 }
 

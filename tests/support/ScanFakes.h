@@ -88,6 +88,7 @@ class FakeScanData final : public Ovr::Interfaces::IScanData,
     void modificationEnded(const Ovr::DataStructures::ScanDataModification& what) override;
 
     CallLog& log_;
+    const Ovr::DataStructures::ScanDataModificationScope* scope_ = nullptr;  ///< the last one
     Ovr::ServiceRegistry services_;
 };
 

@@ -54,6 +54,10 @@ const CorvinMobileScanData& CorvinMobilePointSet::getMobileScanData() const {
     return mobileScanData();
 }
 
+std::shared_ptr<Ovr::VardexLib::CorvinMetaData> CorvinMobilePointSet::metaData() const {
+    return mobileScanData().getMetaData();
+}
+
 std::shared_ptr<Hx::PointSet> CorvinMobilePointSet::createNewPointSet(
     int size1, int size2, const Tq_1_1::String& name) const {
     return createSizedPointSet<CorvinMobilePointSet>(size1, size2, name);

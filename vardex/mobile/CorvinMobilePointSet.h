@@ -43,7 +43,7 @@ class VARDEX_EXPORT CorvinMobilePointSet final : public CorvinPointSet, public H
         /// @return empty
         Hx::PointContainerBase::ClassPointer create() const override;
     };
-    class ScanPtTimes;
+    class VARDEX_INTERNAL ScanPtTimes;
 
     static const Tq_1_1::HxClass* Class();
     const Tq_1_1::HxClass* getClassType() const override;
@@ -162,15 +162,16 @@ class VARDEX_EXPORT CorvinMobilePointSet final : public CorvinPointSet, public H
 
   private:
     /// The scan data, which also a query changes when it loads the trajectory.
-    Ovr::VardexLib::CorvinMobileScanData& mobileScanData() const;
-    std::shared_ptr<Ovr::VardexLib::CorvinMobileMetaData> mobileMetaData() const;
+    VARDEX_INTERNAL Ovr::VardexLib::CorvinMobileScanData& mobileScanData() const;
+    VARDEX_INTERNAL std::shared_ptr<Ovr::VardexLib::CorvinMetaData> metaData() const override;
+    VARDEX_INTERNAL std::shared_ptr<Ovr::VardexLib::CorvinMobileMetaData> mobileMetaData() const;
     /// Registers the set's time service unless another one is there.
-    void lendScanPtTimes();
+    VARDEX_INTERNAL void lendScanPtTimes();
 
     /// The trajectory; read from the scan's streams and kept in the scan data when these hold none.
     /// @return empty when there is none or it cannot be read
-    std::vector<Ovr::VardexLib::TrajectoryNode> fetchTrajectoryNodes() const;
-    void buildTrajectoryCache() const;
+    VARDEX_INTERNAL std::vector<Ovr::VardexLib::TrajectoryNode> fetchTrajectoryNodes() const;
+    VARDEX_INTERNAL void buildTrajectoryCache() const;
 
     bool timeStampsEnabled_ = false;
     std::shared_ptr<ScanPtTimes> scanPtTimes_;

@@ -17,7 +17,8 @@ namespace Vardex {
 ///
 /// Threads: takes no lock; the caller holds what protects the points. The service calls it while it
 /// has exclusive access to them.
-class CorvinMobilePointSet::ScanPtTimes final : public Ovr::VardexLib::IScanPointTimes {
+class VARDEX_INTERNAL CorvinMobilePointSet::ScanPtTimes final
+    : public Ovr::VardexLib::IScanPointTimes {
   public:
     /// @param owner  keeps the times; must outlive every call but the destructor
     explicit ScanPtTimes(CorvinMobilePointSet& owner) : owner_(&owner) {}

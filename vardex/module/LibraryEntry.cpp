@@ -11,7 +11,7 @@ namespace {
 constexpr int kSuccess = 1;
 constexpr int kFailure = 0;
 
-// The platform knows numbers only: a load that runs out of memory has failed.
+// The platform knows numbers only: a load in which memory runs out or the host throws has failed.
 int attach(void* instance) {
     try {
         return Vardex::load(instance) ? kSuccess : kFailure;
@@ -26,7 +26,7 @@ int attach(void* instance) {
 /// it runs after all static initialisers and before all static destructors.
 /// @param reason  a Platform::EntryReason; threads that start and end are ignored
 /// @return 1 for success, 0 when the module cannot be loaded
-extern "C" VARDEX_EXPORT int VardexLibraryEntry(void* instance, int reason) {
+extern "C" VARDEX_EXPORT int VardexLibraryEntry(void* instance, int reason) noexcept {
     switch (static_cast<Platform::EntryReason>(reason)) {
         case Platform::EntryReason::ProcessAttach:
             return attach(instance);

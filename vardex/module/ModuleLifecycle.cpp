@@ -7,6 +7,7 @@
 
 #include "module/Registration.h"
 #include "module/frame/ModuleRecord.h"
+#include "module/frame/UnloadStep.h"
 
 namespace Vardex {
 
@@ -17,6 +18,7 @@ AFX_EXTENSION_MODULE extensionModule{};
 }  // namespace
 
 bool load(void* instance) {
+    prepareRegistration();
     if (!theModule().internalInit(instance)) {
         return false;
     }
@@ -24,10 +26,10 @@ bool load(void* instance) {
     return AfxInitExtensionModule(extensionModule, instance) != 0 && registerAll();
 }
 
-void unload() {
+void unload() noexcept {
     unregisterAll();
-    AfxTermExtensionModule(extensionModule, false);
-    theModule().internalTerm();
+    unloadStep([] { AfxTermExtensionModule(extensionModule, false); });
+    unloadStep([] { theModule().internalTerm(); });
 }
 
 }  // namespace Vardex

@@ -21,6 +21,7 @@
 #include "mobile/CorvinMobilePointSet.h"
 #include "module/RegisteredFunctions.h"
 #include "module/frame/OperationList.h"
+#include "module/frame/UnloadStep.h"
 #include "pointset/CorvinPointSet.h"
 #include "stance/CorvinStancePointSet.h"
 #include "stance/ScanPolarCreators.h"
@@ -51,16 +52,20 @@ auto& changeNotifications() {
     return Hx::PtSetObject::Operations::changedNotifyOperation.entries;
 }
 
-/// The key of a point-set class in the host's factory: the scan data name the class. Made once, so
-/// that unregistering does not need memory.
+/// The key of a point-set class in the host's factory: the scan data name the class. Null until it
+/// is made. Kept, so that unregistering needs no memory.
 template <typename ScanData>
-const Tq_1_1::String& identifierOf() {
-    static const Tq_1_1::String identifier = [] {
-        Tq_1_1::String converted;
-        Hx::TypeConversion::convert(ScanData::getStaticPointSetClassIdentifier(), converted);
-        return converted;
-    }();
+Tq_1_1::String& identifierOf() {
+    static Tq_1_1::String identifier;
     return identifier;
+}
+
+template <typename ScanData>
+void makeIdentifier() {
+    Tq_1_1::String& identifier = identifierOf<ScanData>();
+    if (identifier.isNull()) {
+        Hx::TypeConversion::convert(ScanData::getStaticPointSetClassIdentifier(), identifier);
+    }
 }
 
 template <typename PointSetClass>
@@ -70,16 +75,24 @@ std::shared_ptr<Hx::PointSet> createUnnamed() {
 
 template <typename ScanData, typename PointSetClass>
 bool registerWithFactory() {
+    makeIdentifier<ScanData>();
     const std::shared_ptr<Hx::PointSetFactory> factory = Hx::Models::the().getPointSetFactory();
     return factory != nullptr &&
            factory->registerPointSet(identifierOf<ScanData>(), &createUnnamed<PointSetClass>,
                                      Tq_1_1::String::EMPTY);
 }
 
+/// @return false also when the factory throws, and when nothing was registered for want of a name
 template <typename ScanData>
-bool unregisterFromFactory() {
-    const std::shared_ptr<Hx::PointSetFactory> factory = Hx::Models::the().getPointSetFactory();
-    return factory != nullptr && factory->unregisterPointSet(identifierOf<ScanData>());
+bool unregisterFromFactory() noexcept {
+    bool removed = false;
+    unloadStep([&removed] {
+        const auto factory = Hx::Models::the().getPointSetFactory();
+        const Tq_1_1::String& identifier = identifierOf<ScanData>();
+        removed =
+            factory != nullptr && !identifier.isNull() && factory->unregisterPointSet(identifier);
+    });
+    return removed;
 }
 
 template <typename T>
@@ -123,29 +136,34 @@ void registerScanPointTimesOperation() {
     insertOperation(scanPointTimes(), CorvinMobilePointSet::Class(), &scanPointTimesOf);
 }
 
-bool unregisterCorvinMobilePointSet() {
+bool unregisterCorvinMobilePointSet() noexcept {
     removeOperation(settingsIds(), CorvinMobilePointSet::Class());
     removeOperation(panoramas(), CorvinMobilePointSet::Class());
     return unregisterFromFactory<CorvinMobileScanData>();
 }
 
-bool unregisterCorvinStancePointSet() {
-    Hx::removeScanPolarType(CorvinStancePointSet::Class());
+bool unregisterCorvinStancePointSet() noexcept {
+    unloadStep([] { Hx::removeScanPolarType(CorvinStancePointSet::Class()); });
     removeOperation(settingsIds(), CorvinStancePointSet::Class());
     removeOperation(settingsPatches(), CorvinStancePointSet::Class());
     return unregisterFromFactory<CorvinStanceScanData>();
 }
 
-void unregisterSphericalEstimationOperation() {
+void unregisterSphericalEstimationOperation() noexcept {
     removeOperation(sphericalEstimations(), CorvinStancePointSet::Class());
 }
 
-void unregisterScanPointTimesOperation() {
+void unregisterScanPointTimesOperation() noexcept {
     removeOperation(scanPointTimes(), CorvinMobilePointSet::Class());
 }
 
-void unregisterChangedNotifyOperation() {
+void unregisterChangedNotifyOperation() noexcept {
     removeOperation(changeNotifications(), CorvinPointSet::Class());
+}
+
+void prepareRegistration() {
+    makeIdentifier<CorvinMobileScanData>();
+    makeIdentifier<CorvinStanceScanData>();
 }
 
 bool registerAll() {
@@ -158,7 +176,7 @@ bool registerAll() {
     return true;
 }
 
-void unregisterAll() {
+void unregisterAll() noexcept {
     unregisterCorvinMobilePointSet();
     unregisterCorvinStancePointSet();
     unregisterSphericalEstimationOperation();

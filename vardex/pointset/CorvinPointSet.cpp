@@ -9,7 +9,6 @@
 #include <utility>
 
 #include "Hx/PointSetIntegration.h"
-#include "Ovr/Vardex/CorvinScanData.h"
 
 #include "module/frame/ClassRecord.h"
 #include "module/frame/VardexErrorConverter.h"
@@ -69,8 +68,7 @@ Hx::IOMessages::IOResult CorvinPointSet::resultOf(const Ovr::ErrorPtr& error) co
 }
 
 std::shared_ptr<Ovr::VardexLib::CorvinMetaData> CorvinPointSet::metaData() const {
-    const auto* scanData = dynamic_cast<const Ovr::VardexLib::CorvinScanData*>(&getIScanData());
-    return scanData == nullptr ? nullptr : scanData->getMetaData();
+    return nullptr;
 }
 
 }  // namespace Vardex

@@ -200,23 +200,24 @@ class VARDEX_EXPORT CorvinPointSet : public Hx::OvrPointSet {
     /// What resizePointStorage does, for the layout that the set wants.
     bool sizeRecords(int rows, int cols, bool allocate, PointRecordLayout layout);
 
-    /// The metadata of the scan, shared; empty when it has none.
-    std::shared_ptr<Ovr::VardexLib::CorvinMetaData> metaData() const;
+    /// The metadata of the scan, shared; empty when it has none. The base gives none: a derived
+    /// class knows its kind of scan data.
+    virtual std::shared_ptr<Ovr::VardexLib::CorvinMetaData> metaData() const;
 
     /// The outcome of a service call.
     /// @throw std::runtime_error  an error without a code of the service
     Hx::IOMessages::IOResult resultOf(const Ovr::ErrorPtr& error) const;
 
   private:
-    std::uint64_t guardedIndex(int row, int col) const;
-    std::uint64_t boundedIndex(std::uint64_t index) const;
+    VARDEX_INTERNAL std::uint64_t guardedIndex(int row, int col) const;
+    VARDEX_INTERNAL std::uint64_t boundedIndex(std::uint64_t index) const;
 
     using TextSetter = void (Ovr::VardexLib::CorvinMetaData::*)(const std::string&);
-    void setMetaDataText(TextSetter set, const Tq_1_1::String& text);
+    VARDEX_INTERNAL void setMetaDataText(TextSetter set, const Tq_1_1::String& text);
 
-    int importPoints(const Hx::FileInfo& fileInfo);
-    void takeStatistics(const Ovr::StatisticsReport& report);
-    int nameAfterFile(const Tq_1_1::String& path);
+    VARDEX_INTERNAL int importPoints(const Hx::FileInfo& fileInfo);
+    VARDEX_INTERNAL void takeStatistics(const Ovr::StatisticsReport& report);
+    VARDEX_INTERNAL int nameAfterFile(const Tq_1_1::String& path);
 
     PointRecordStore records_;
 };

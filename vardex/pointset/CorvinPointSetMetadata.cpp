@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The VardexScandata developers
 // SPDX-License-Identifier: MIT
 
+#include <cstdint>
+
 #include "Hx/TypeConversion.h"
 
 #include "pointset/CorvinPointSet.h"
@@ -50,11 +52,12 @@ void CorvinPointSet::setRecordingTime(double seconds) {
 
 std::unique_ptr<Hx::Time> CorvinPointSet::getScanRecordingTime() const {
     const auto record = metaData();
-    if (record == nullptr || record->RecordingTime() == 0) {
+    const std::int64_t microseconds = record != nullptr ? record->RecordingTime() : 0;
+    if (microseconds == 0) {
         return nullptr;
     }
     auto time = std::make_unique<Hx::Time>();
-    time->setTime(RecordingTime::secondsOf(record->RecordingTime()));
+    time->setTime(RecordingTime::secondsOf(microseconds));
     return time;
 }
 

@@ -42,6 +42,10 @@ CorvinStancePointSet::CorvinStancePointSet(const Tq_1_1::String& name)
 
 CorvinStancePointSet::~CorvinStancePointSet() = default;
 
+std::shared_ptr<Ovr::VardexLib::CorvinMetaData> CorvinStancePointSet::metaData() const {
+    return static_cast<const CorvinStanceScanData&>(getIScanData()).getMetaData();
+}
+
 Tq_1_1::Mat4d<double> CorvinStancePointSet::getSlamPose() const {
     const auto record = std::dynamic_pointer_cast<const CorvinStanceMetaData>(metaData());
     return record != nullptr ? Tq_1_1::Mat4d<double>{record->SlamPose()} : kDefaultPose;

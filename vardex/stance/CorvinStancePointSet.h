@@ -55,6 +55,9 @@ class VARDEX_EXPORT CorvinStancePointSet final : public CorvinPointSet {
     bool isPointCloud() const override { return false; }
     /// 5 mm.
     std::optional<double> getPointAccuracy() const override { return 0.005; }
+
+  private:
+    VARDEX_INTERNAL std::shared_ptr<Ovr::VardexLib::CorvinMetaData> metaData() const override;
 };
 
 }  // namespace Vardex

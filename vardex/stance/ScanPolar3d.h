@@ -7,17 +7,20 @@
 
 #include "Hx/Polar3d.h"
 
+#include "module/frame/VardexExport.h"
 #include "stance/UnifiedPolar3d.h"
 
 namespace Vardex {
 
 /// The scanner's polar convention: the horizontal angle counts from +x towards -y, that is
-/// clockwise seen from above, [0, 2 pi); the vertical angle is the elevation above the x-y plane,
-/// [-pi/2, pi/2]. There are a float and a double instance.
+/// clockwise seen from above, [0, 2 pi]; the vertical angle is the elevation above the x-y plane,
+/// [-pi/2, pi/2]. There are a float and a double instance, both of which the module provides.
+/// A direction a trace left of +x has the horizontal angle 2 pi, not 0: the difference is rounded
+/// away. As a float it is 6.2831855, the next value above 2 pi.
 /// Points closer than 0.000005 to the origin get both angles 0, points on the vertical axis the
 /// horizontal angle 0.
 template <typename T>
-class ScanPolar3d final : public Hx::Polar3d<T> {
+class VARDEX_EXPORT ScanPolar3d final : public Hx::Polar3d<T> {
   public:
     ScanPolar3d() = default;  ///< all components 0
     ScanPolar3d(T r, T horizontal, T vertical) : Hx::Polar3d<T>(r, horizontal, vertical) {}

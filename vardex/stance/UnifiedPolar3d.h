@@ -11,8 +11,10 @@
 
 namespace Hx {
 
-/// The host's unified polar form: the horizontal angle counts from +x towards +y, [0, 2 pi), the
+/// The host's unified polar form: the horizontal angle counts from +x towards +y, [0, 2 pi], the
 /// vertical angle from +z, [0, pi]. The module provides the float and the double instance.
+/// A direction a trace right of +x has the horizontal angle 2 pi, not 0: the difference is rounded
+/// away. As a float it is 6.2831855, the next value above 2 pi.
 /// Points closer than 0.000005 to the origin get both angles 0, points on the vertical axis the
 /// horizontal angle 0.
 template <typename T>

@@ -55,9 +55,7 @@ void ModelOutFormat::endValue() {
 }
 
 WriteToScope::WriteToScope(std::ostream& out, std::shared_ptr<WriteContextBase> context)
-    : context_(std::move(context)), mof_(out, *context_) {
-    ++context_->depth;
-}
+    : context_(std::move(context)), mof_(out, *context_), depthBefore_(context_->depth++) {}
 
 WriteToScope::~WriteToScope() {
     close();
@@ -65,7 +63,7 @@ WriteToScope::~WriteToScope() {
 
 void WriteToScope::close() {
     if (open_) {
-        --context_->depth;
+        context_->depth = depthBefore_;
         open_ = false;
     }
 }

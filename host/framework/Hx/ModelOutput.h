@@ -42,7 +42,8 @@ class HOST_EXPORT ModelOutFormat {
     WriteContextBase& context_;
 };
 
-/// A stretch of the project output. Ends with the object or with close().
+/// A stretch of the project output. Ends with the object or with close(), and gives the context the
+/// depth that it had before, also when a value was left half written by an exception.
 class HOST_EXPORT WriteToScope {
   public:
     /// Requires: @p context is not empty.
@@ -58,6 +59,7 @@ class HOST_EXPORT WriteToScope {
   private:
     std::shared_ptr<WriteContextBase> context_;
     ModelOutFormat mof_;
+    int depthBefore_;
     bool open_ = true;
 };
 

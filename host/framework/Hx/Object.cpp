@@ -104,8 +104,9 @@ const Matrix& Object::calcTrafoTo(const Object* target) const {
     return trafo_;
 }
 
-Action::ExecReturn Object::changedNotify(const Tq_1_1::SmartPtr<Observer>& /*observer*/,
+Action::ExecReturn Object::changedNotify(const Tq_1_1::SmartPtr<Observer>& observer,
                                          const Tq_1_1::SmartPtr<Observer>& source) {
+    AttrContainer::changedNotify(observer, source);
     return source ? Action::EXEC_DONE : Action::EXEC_IGNORED;
 }
 

@@ -57,7 +57,7 @@ class HOST_EXPORT Object : public AttrContainer, public Tq_1_1::VisitorCore {
   protected:
     ~Object() override;
 
-    /// The base keeps no record of changes.
+    /// Tells the listeners. The base keeps no record of changes.
     /// @return EXEC_DONE; EXEC_IGNORED without a source
     Action::ExecReturn changedNotify(const Tq_1_1::SmartPtr<Observer>& observer,
                                      const Tq_1_1::SmartPtr<Observer>& source) override;

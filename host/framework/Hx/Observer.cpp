@@ -13,8 +13,21 @@ Action::ExecReturn Observer::notify(const Tq_1_1::SmartPtr<Observer>& observer,
     return changedNotify(observer, source);
 }
 
+int Observer::addListener(Listener listener) {
+    listeners_.emplace(++lastListener_, std::move(listener));
+    return lastListener_;
+}
+
+bool Observer::removeListener(int number) {
+    return listeners_.erase(number) != 0;
+}
+
 Action::ExecReturn Observer::changedNotify(const Tq_1_1::SmartPtr<Observer>& /*observer*/,
-                                           const Tq_1_1::SmartPtr<Observer>& /*source*/) {
+                                           const Tq_1_1::SmartPtr<Observer>& source) {
+    const std::map<int, Listener> listeners = listeners_;  // one of them may remove itself
+    for (const auto& [number, listener] : listeners) {
+        listener(source);
+    }
     return Action::EXEC_IGNORED;
 }
 

@@ -37,7 +37,7 @@ class HOST_EXPORT OvrPointSet : public PointSet {
     /// @return false when memory runs out; the storage is empty then
     [[nodiscard]] virtual bool resizePointStorage(int rows, int cols, bool allocate,
                                                   bool withReflection) = 0;
-    /// Refreshes the host's copy of the scan's metadata.
+    /// Refreshes the host's copy of the scan's metadata. Threads: any; no lock is needed.
     virtual void updateCachedMetaData();
 
     Ovr::Interfaces::IScanIntegration& getIScanIntegration() const;
@@ -61,7 +61,7 @@ class HOST_EXPORT OvrPointSet : public PointSet {
     const FileInfo& getFileInfo() const { return fileInfo_; }
     void setFileInfo(const FileInfo& info) { fileInfo_ = info; }
 
-    /// The host's copy of the metadata, as of the last updateCachedMetaData.
+    /// The host's copy of the metadata, as of the last updateCachedMetaData. Threads: any.
     const Ovr::VardexLib::CorvinMetaData& getCachedMetaData() const { return cachedMetaData_; }
 
     /// Tells a container's point set of a change: marks its info as modified.

@@ -89,6 +89,12 @@ LoadedLibrary::~LoadedLibrary() {
     dlclose(handle_);
 }
 
+std::filesystem::path LoadedLibrary::linked() {
+    Dl_info library{};
+    void* const entry = dlsym(RTLD_DEFAULT, kLibraryEntryName);
+    return entry != nullptr && dladdr(entry, &library) != 0 ? library.dli_fname : "";
+}
+
 void* LoadedLibrary::find(const char* name) const {
     return dlsym(handle_, name);
 }

@@ -33,6 +33,10 @@ class HOST_EXPORT LoadedLibrary {
     /// @param error  filled with one line when the result is empty
     [[nodiscard]] static std::unique_ptr<LoadedLibrary> open(const std::filesystem::path& path,
                                                              std::string& error);
+    /// The file of the library with an entry point that the program is linked with. To open it is
+    /// to attach the copy that the program uses.
+    /// @return empty without such a library
+    static std::filesystem::path linked();
     LoadedLibrary(const LoadedLibrary&) = delete;
     LoadedLibrary& operator=(const LoadedLibrary&) = delete;
     ~LoadedLibrary();

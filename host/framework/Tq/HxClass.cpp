@@ -46,6 +46,18 @@ void HxClass::initClassStatics() const {}
 
 void HxClass::clearClassStatics() const {}
 
+const HxClass* HxClass::nextOf(const Module& module, std::size_t& from) {
+    const std::lock_guard lock(registry().mutex);
+    const std::vector<const HxClass*>& records = registry().records;
+    while (from < records.size()) {
+        const HxClass* const type = records[from++];
+        if (&type->module_ == &module) {
+            return type;
+        }
+    }
+    return nullptr;
+}
+
 std::vector<const HxClass*> HxClass::all() {
     const std::lock_guard lock(registry().mutex);
     return registry().records;

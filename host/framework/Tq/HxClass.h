@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -46,6 +47,10 @@ class HOST_EXPORT HxClass {
 
     /// All records, in the order in which they were built.
     static std::vector<const HxClass*> all();
+    /// The next record of a module in that order, for a walk that needs no memory.
+    /// @param from  in and out: the place to go on from, 0 at first
+    /// @return null after the last
+    static const HxClass* nextOf(const Module& module, std::size_t& from);
 
   private:
     String name_;

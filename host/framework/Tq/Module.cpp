@@ -4,6 +4,7 @@
 #include "Tq/Module.h"
 
 #include <atomic>
+#include <cstddef>
 
 #include "Tq/HxClass.h"
 
@@ -29,9 +30,7 @@ bool Module::internalInit(void* instanceHandle) {
         return false;
     }
     initialised_ = true;
-    for (const HxClass* type : classes()) {
-        type->initClassStatics();
-    }
+    forEachClass(&HxClass::initClassStatics);
     return true;
 }
 
@@ -39,16 +38,15 @@ void Module::internalTerm() {
     if (!initialised_) {
         return;
     }
-    for (const HxClass* type : classes()) {
-        type->clearClassStatics();
-    }
+    forEachClass(&HxClass::clearClassStatics);
     initialised_ = false;
 }
 
-std::vector<const HxClass*> Module::classes() const {
-    std::vector<const HxClass*> own = HxClass::all();
-    std::erase_if(own, [this](const HxClass* type) { return &type->getModule() != this; });
-    return own;
+void Module::forEachClass(void (HxClass::*visit)() const) const {
+    std::size_t from = 0;
+    while (const HxClass* type = HxClass::nextOf(*this, from)) {
+        (type->*visit)();
+    }
 }
 
 void Module::setAccepting(bool value) {

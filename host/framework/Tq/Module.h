@@ -3,8 +3,6 @@
 
 #pragma once
 
-#include <vector>
-
 #include "HostExport.h"
 
 namespace Tq_1_1 {
@@ -26,15 +24,16 @@ class HOST_EXPORT Module {
     ///         already, or the host accepts no modules
     [[nodiscard]] bool internalInit(void* instanceHandle);
     /// Clears the statics of the module's classes and leaves the host. Does nothing when the record
-    /// is not initialised.
+    /// is not initialised. Needs no memory.
     void internalTerm();
 
     /// Whether the host accepts modules. It does from the start, and not while it shuts down.
     static void setAccepting(bool accepting);
 
   private:
-    /// The class records that name this module, in the order in which they were built.
-    std::vector<const HxClass*> classes() const;
+    /// Calls an operation of each class record that names this module, in the order in which they
+    /// were built. Needs no memory.
+    void forEachClass(void (HxClass::*visit)() const) const;
 
     bool initialised_ = false;
 };

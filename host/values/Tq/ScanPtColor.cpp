@@ -5,6 +5,16 @@
 
 namespace Tq_1_1 {
 
-constinit const ScanPtColor<Vec3d<float>> ScanPtColor<Vec3d<float>>::nullReference{};
+namespace {
+
+constinit ScanPtColor<Vec3d<float>> nullPoint{};
+
+}  // namespace
+
+constinit const ScanPtColor<Vec3d<float>>& ScanPtColor<Vec3d<float>>::nullReference = nullPoint;
+
+void setNullPoint(const ScanPtColor<Vec3d<float>>& point) {
+    nullPoint = point;
+}
 
 }  // namespace Tq_1_1

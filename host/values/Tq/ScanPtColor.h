@@ -46,11 +46,14 @@ struct HOST_EXPORT ScanPtColor<Vec3d<float>> {
     }
     bool hasColor() const { return (color[3] & kColorFlag) != 0; }
 
-    /// The null point: a cell without a return. All fields are zero.
-    static const ScanPtColor nullReference;
+    /// The null point: a cell without a return. All fields are zero unless the host chose another.
+    static const ScanPtColor& nullReference;
 };
 
 #pragma pack(pop)
+
+/// Chooses the null point of this host. Requires: no scan has points yet.
+HOST_EXPORT void setNullPoint(const ScanPtColor<Vec3d<float>>& point);
 
 static_assert(sizeof(ScanPtColor<Vec3d<float>>) == 18);
 static_assert(alignof(ScanPtColor<Vec3d<float>>) <= 2);

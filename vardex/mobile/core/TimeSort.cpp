@@ -7,11 +7,11 @@
 #include <cstddef>
 #include <new>
 #include <span>
-#include <thread>
 #if defined(VARDEX_PARALLEL_SORT)
-#include <execution>
+#include <oneapi/tbb/parallel_sort.h>
+#include <oneapi/tbb/task_arena.h>
 
-#include <oneapi/tbb/global_control.h>
+#include "mobile/core/ResidentScheduler.h"
 #endif
 
 namespace Vardex::TimeSort {
@@ -63,41 +63,19 @@ bool sortNearlySorted(std::span<Record> records) {
 }
 
 #if defined(VARDEX_PARALLEL_SORT)
-/// Ends the helper threads of oneTBB when it is destroyed, unless others still use them. oneTBB is
-/// unloaded with the module: a thread that still waited in its code would crash the host.
-class HelperThreads {
-  public:
-    HelperThreads() = default;
-    HelperThreads(const HelperThreads&) = delete;
-    HelperThreads& operator=(const HelperThreads&) = delete;
-    ~HelperThreads() { tbb::finalize(handle_, std::nothrow); }
-
-  private:
-    tbb::task_scheduler_handle handle_{tbb::attach{}};
-};
-
-/// Whether there is memory for the merge sort's spare records and for threads with their stacks.
-/// oneTBB does not survive running out of memory while it starts its threads, so it is used only
-/// when there is plenty. The memory is given back untouched, which costs almost nothing.
-bool hasMemoryToSpare(std::size_t recordBytes, unsigned threads) {
-    constexpr std::size_t kPerThread = std::size_t{16} << 20;
-    constexpr std::size_t kForOneTbb = std::size_t{64} << 20;
-    const std::size_t needed = recordBytes + kForOneTbb + kPerThread * threads;
-    void* const probe = ::operator new(needed, std::nothrow);  // a new-expression may be left out
-    ::operator delete(probe);
-    return probe != nullptr;
-}
-
-/// @return false when one thread must sort in place; no record has moved then
+/// @return false when one thread must sort; the records are complete then, in any order
 template <typename Record>
 bool sortOnSeveralThreads(std::span<Record> records) {
-    const unsigned threads = std::thread::hardware_concurrency();
-    if (threads < 2 || !hasMemoryToSpare(records.size_bytes(), threads)) {
-        return false;  // on one core the merge sort is slower than the sort in place
+    if (!ResidentScheduler::isReady(0)) {
+        return false;
     }
     try {
-        const HelperThreads helpers;
-        std::sort(std::execution::par, records.begin(), records.end(), earlier);
+        // Alone: while this thread waits for its helpers it runs no job of the host. It holds the
+        // re-entrant write lock, and the job would see half-sorted records.
+        // Not std::sort with std::execution::par: that of libstdc++ never gives back most of its
+        // tasks' memory, about 1.7 MB for each million records, and wants spare records.
+        oneapi::tbb::this_task_arena::isolate(
+            [records] { oneapi::tbb::parallel_sort(records.begin(), records.end(), earlier); });
         return true;
     } catch (const std::bad_alloc&) {
         return false;

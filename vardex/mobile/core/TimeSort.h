@@ -13,10 +13,9 @@ namespace Vardex::TimeSort {
 /// changes.
 ///
 /// Scans arrive in order or nearly so: one pass with a bounded amount of work settles those in
-/// place. Any other scan goes to the standard library's parallel sort, which wants spare memory of
-/// the size of the records. Where there is no such memory, one thread sorts in place.
-/// Threads: one caller, who keeps all others away from the records until the call returns. The
-/// helper threads have ended by then.
+/// place. Any other scan is sorted in place by several threads; where they cannot be had, by one.
+/// Threads: one caller, who keeps all others away from the records until the call returns. No other
+/// work runs on the calling thread meanwhile.
 void sortByTime(PointRecordStore& store);
 
 }  // namespace Vardex::TimeSort

@@ -13,7 +13,7 @@ namespace Vardex::TimedRecords {
 /// same fields and a time. In a layout with times, and in None, nothing changes.
 ///
 /// The new store has rows x cols records. Records of another grid size have no place in it: the new
-/// records are then null points. While it runs the old and the new records exist, and no third
+/// records are then all zeros. While it runs the old and the new records exist, and no third
 /// copy.
 /// @throw std::bad_alloc, std::length_error  the store is as it was before
 void addPointTimes(PointRecordStore& store, std::uint32_t rows, std::uint32_t cols);

@@ -62,6 +62,16 @@ struct PointRecord : PointField, Fields... {
     using Timed =
         std::conditional_t<has<TimeField>, PointRecord, PointRecord<Fields..., TimeField>>;
 
+    /// What the store puts into a new cell: the host's null point with the other fields new. In a
+    /// layout with times all zeros: whoever grows it gives the points and their times afterwards.
+    static PointRecord ofNewCell() {
+        PointRecord record;
+        if constexpr (!has<TimeField>) {
+            record.point = ScanPoint::nullReference;
+        }
+        return record;
+    }
+
     void replacePoint(const ScanPoint& replacement) {
         point = replacement;
         (Fields::pointReplaced(), ...);

@@ -3,6 +3,7 @@
 
 #include "pointset/core/PointRecordStore.h"
 
+#include <cstring>
 #include <stdexcept>
 #include <type_traits>
 
@@ -18,7 +19,13 @@ template <typename Record>
 void resizeExactly(std::vector<Record>& records, std::size_t n) {
     if (n > records.size()) {
         records.reserve(n);  // exact, where a growing resize would take up to twice as much
-        records.resize(n);
+        const Record fresh = Record::ofNewCell();
+        const Record zeros;
+        if (std::memcmp(&fresh, &zeros, sizeof(Record)) == 0) {
+            records.resize(n);  // several times as fast as copies of a record
+        } else {
+            records.resize(n, fresh);
+        }
     } else if (n < records.size()) {
         // Where shrink_to_fit would keep the memory and say nothing when there is none to copy to.
         const auto end = records.begin() + static_cast<std::ptrdiff_t>(n);

@@ -38,8 +38,8 @@ class PointRecordStore {
 
     /// Sizes the store to rows x cols records of a layout (the signed 32-bit product).
     /// Records that stay in the same layout are kept as far as the new count reaches; new ones are
-    /// null points with reflection 0 and time 0. A change of layout first releases the old
-    /// records, so that old and new ones never exist together.
+    /// the host's null point with reflection 0, in a layout with times all zeros. A change of
+    /// layout first releases the old records, so that old and new ones never exist together.
     /// @return true
     /// @throw std::length_error  negative product; the store is unchanged
     /// @throw std::bad_alloc     the layout and the counts are the new ones, but the records are

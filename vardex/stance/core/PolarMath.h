@@ -12,8 +12,8 @@
 ///
 /// | convention | horizontal angle h | vertical angle v |
 /// |---|---|---|
-/// | scan | from +x clockwise seen from +z, [0, 2 pi) | elevation, [-pi/2, pi/2] |
-/// | unified | from +x counter-clockwise, [0, 2 pi) | from +z, [0, pi] |
+/// | scan | from +x clockwise seen from +z, [0, 2 pi] | elevation, [-pi/2, pi/2] |
+/// | unified | from +x counter-clockwise, [0, 2 pi] | from +z, [0, pi] |
 ///
 /// | convention | x | y | z |
 /// |---|---|---|---|
@@ -23,6 +23,8 @@
 /// The order of the operations, their precision and the sign of zero are part of the result: the
 /// angles are compared with grids that the scanner's own software computed. Points closer than
 /// 0.000005 to the origin have both angles 0, points on the vertical axis the horizontal angle 0.
+/// A horizontal angle a trace below 2 pi is rounded to 2 pi and not brought back to 0. As a float
+/// it is 6.2831855, the next value above 2 pi.
 /// Components that are not finite are not tested for; the angles are then not numbers or
 /// meaningless.
 ///

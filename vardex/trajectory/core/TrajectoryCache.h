@@ -35,11 +35,14 @@ class TrajectoryCache {
     /// @param build  calls fill() once
     template <typename Build>
     void buildOnce(const Build& build) {
-        if (!built_.load(std::memory_order_acquire)) {
-            std::call_once(once_, [&] {
-                build();
-                built_.store(true, std::memory_order_release);
-            });
+        if (built_.load(std::memory_order_acquire)) {
+            return;
+        }
+        // Not std::call_once: after an exception it leaves its waiters waiting in some libraries.
+        const std::lock_guard lock(building_);
+        if (!built_.load(std::memory_order_relaxed)) {
+            build();
+            built_.store(true, std::memory_order_release);
         }
     }
 
@@ -57,8 +60,8 @@ class TrajectoryCache {
     std::optional<Tq_1_1::Vec3d<double>> positionAt(double seconds) const;
 
   private:
-    std::once_flag once_;
-    std::atomic<bool> built_ = false;               // asked first, because asking once_ is slow
+    std::mutex building_;                           // held while the bins are computed
+    std::atomic<bool> built_ = false;               // asked first, so that answers take no lock
     std::vector<Tq_1_1::Vec3d<double>> positions_;  // kBinCount once filled and available
     bool unavailable_ = false;                      // filled, but there is no answer for any time
     double binWidth_ = 0.0;                         // [s]

@@ -8,12 +8,15 @@
 #include <string>
 
 #include "HostExport.h"
+#include "Ovr/Guarded.h"
 
 namespace Ovr::VardexLib {
 
 /// What is known about a scan apart from its points. Each value has a getter and a setter of one
 /// name.
-/// Threads: not synchronised.
+/// Threads: any, also while another one writes: whoever was refused the points' lock reads the
+/// record of a scan that is being loaded. Each value guards itself; a copy of the record takes one
+/// value after the other.
 class HOST_EXPORT CorvinMetaData {
   public:
     CorvinMetaData() = default;
@@ -21,33 +24,35 @@ class HOST_EXPORT CorvinMetaData {
     CorvinMetaData& operator=(const CorvinMetaData&) = default;
     virtual ~CorvinMetaData();
 
-    const std::string& ScannerModel() const { return scannerModel_; }
-    void ScannerModel(const std::string& value) { scannerModel_ = value; }
-    const std::string& ScannerSerialNumber() const { return scannerSerialNumber_; }
-    void ScannerSerialNumber(const std::string& value) { scannerSerialNumber_ = value; }
-    const std::string& ScannerFirmwareVersion() const { return scannerFirmwareVersion_; }
-    void ScannerFirmwareVersion(const std::string& value) { scannerFirmwareVersion_ = value; }
-    const std::string& ProcessingSoftwareVersion() const { return processingSoftwareVersion_; }
-    void ProcessingSoftwareVersion(const std::string& value) { processingSoftwareVersion_ = value; }
-    const std::string& ScannerVendor() const { return scannerVendor_; }
-    void ScannerVendor(const std::string& value) { scannerVendor_ = value; }
+    std::string ScannerModel() const { return scannerModel_.get(); }
+    void ScannerModel(const std::string& value) { scannerModel_.set(value); }
+    std::string ScannerSerialNumber() const { return scannerSerialNumber_.get(); }
+    void ScannerSerialNumber(const std::string& value) { scannerSerialNumber_.set(value); }
+    std::string ScannerFirmwareVersion() const { return scannerFirmwareVersion_.get(); }
+    void ScannerFirmwareVersion(const std::string& value) { scannerFirmwareVersion_.set(value); }
+    std::string ProcessingSoftwareVersion() const { return processingSoftwareVersion_.get(); }
+    void ProcessingSoftwareVersion(const std::string& value) {
+        processingSoftwareVersion_.set(value);
+    }
+    std::string ScannerVendor() const { return scannerVendor_.get(); }
+    void ScannerVendor(const std::string& value) { scannerVendor_.set(value); }
 
     /// [us] since 1970-01-01 UTC; 0 when unknown.
-    std::int64_t RecordingTime() const { return recordingTime_; }
-    void RecordingTime(std::int64_t value) { recordingTime_ = value; }
+    std::int64_t RecordingTime() const { return recordingTime_.get(); }
+    void RecordingTime(std::int64_t value) { recordingTime_.set(value); }
 
     /// Text form of a UUID; empty when unknown.
-    const std::string& RecordingSessionID() const { return recordingSessionId_; }
-    void RecordingSessionID(const std::string& value) { recordingSessionId_ = value; }
+    std::string RecordingSessionID() const { return recordingSessionId_.get(); }
+    void RecordingSessionID(const std::string& value) { recordingSessionId_.set(value); }
 
   private:
-    std::string scannerModel_;
-    std::string scannerSerialNumber_;
-    std::string scannerFirmwareVersion_;
-    std::string processingSoftwareVersion_;
-    std::string scannerVendor_;
-    std::int64_t recordingTime_ = 0;
-    std::string recordingSessionId_;
+    Guarded<std::string> scannerModel_;
+    Guarded<std::string> scannerSerialNumber_;
+    Guarded<std::string> scannerFirmwareVersion_;
+    Guarded<std::string> processingSoftwareVersion_;
+    Guarded<std::string> scannerVendor_;
+    Guarded<std::int64_t> recordingTime_;
+    Guarded<std::string> recordingSessionId_;
 };
 
 /// The record of a stationary scan.
@@ -58,11 +63,11 @@ class HOST_EXPORT CorvinStanceMetaData final : public CorvinMetaData {
 
     ~CorvinStanceMetaData() override;
 
-    const Matrix& SlamPose() const { return slamPose_; }
-    void SlamPose(const Matrix& value) { slamPose_ = value; }
+    Matrix SlamPose() const { return slamPose_.get(); }
+    void SlamPose(const Matrix& value) { slamPose_.set(value); }
 
   private:
-    Matrix slamPose_{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+    Guarded<Matrix> slamPose_{Matrix{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1}};
 };
 
 /// The record of a mobile scan.
@@ -71,11 +76,11 @@ class HOST_EXPORT CorvinMobileMetaData final : public CorvinMetaData {
     ~CorvinMobileMetaData() override;
 
     /// [s]; 0 until known. Covers the points' times and the trajectory.
-    double ScanDuration() const { return scanDuration_; }
-    void ScanDuration(const double& value) { scanDuration_ = value; }
+    double ScanDuration() const { return scanDuration_.get(); }
+    void ScanDuration(const double& value) { scanDuration_.set(value); }
 
   private:
-    double scanDuration_ = 0.0;
+    Guarded<double> scanDuration_;
 };
 
 }  // namespace Ovr::VardexLib

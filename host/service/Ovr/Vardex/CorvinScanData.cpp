@@ -42,7 +42,9 @@ ErrorPtr CorvinScanData::loadPoints(std::uint64_t count, StatisticsReport& stati
         readersSource_ = source;
         error = readPoints(source, count, statistics);
     } catch (const std::bad_alloc&) {
-        error = makeError(ErrorCode::OutOfMemory, {source.file.string(), "", "", "more memory"});
+        // First the points: there may be no memory for the message either.
+        integration_.setNewSize(0, 0, false, false);
+        return makeError(ErrorCode::OutOfMemory, {source.file.string(), "", "", "more memory"});
     } catch (...) {
         integration_.setNewSize(0, 0, false, false);
         throw;
@@ -56,7 +58,7 @@ ErrorPtr CorvinScanData::loadPoints(std::uint64_t count, StatisticsReport& stati
 ErrorPtr CorvinScanData::readPoints(const ScanSource& source, std::uint64_t count,
                                     StatisticsReport& statistics) {
     chooseOrigin({getPointSetClassIdentifier(), {}, source}, *reader_, remarks_);
-    const auto metaData = metaData_;
+    const auto metaData = getMetaData();
     StatisticsReport found;
     ErrorPtr error = reader_->loadPoints({integration_,
                                           metaData.get(),
@@ -86,7 +88,7 @@ ErrorPtr CorvinScanData::fetchReader(const ScanSource& source,
 }
 
 void CorvinScanData::setMetaData(std::shared_ptr<CorvinMetaData> metaData) {
-    metaData_ = std::move(metaData);
+    metaData_.set(std::move(metaData));
 }
 
 }  // namespace Ovr::VardexLib

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "HostExport.h"
+#include "Ovr/Guarded.h"
 #include "Ovr/IScanData.h"
 #include "Ovr/IScanIntegration.h"
 #include "Ovr/Remarks.h"
@@ -36,7 +37,8 @@ class HOST_EXPORT CorvinScanData : public Interfaces::IScanData {
     std::vector<std::string> getNotes() const { return remarks_.notes(); }
 
     /// Shared with the caller; empty only after setMetaData with an empty pointer.
-    std::shared_ptr<CorvinMetaData> getMetaData() const { return metaData_; }
+    /// Threads: any.
+    std::shared_ptr<CorvinMetaData> getMetaData() const { return metaData_.get(); }
     void setMetaData(std::shared_ptr<CorvinMetaData> metaData);
 
     Interfaces::IScanIntegration& getIntegration() const { return integration_; }
@@ -63,7 +65,7 @@ class HOST_EXPORT CorvinScanData : public Interfaces::IScanData {
                                       StatisticsReport& statistics);
 
     Interfaces::IScanIntegration& integration_;
-    std::shared_ptr<CorvinMetaData> metaData_;
+    Guarded<std::shared_ptr<CorvinMetaData>> metaData_;
     ServiceRegistry services_;
     Remarks remarks_;
     ScanSource readersSource_;
