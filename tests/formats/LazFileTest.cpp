@@ -129,12 +129,8 @@ TEST_F(LazFile, RefusesByNameWhatItCannotRead) {
         Ovr::Interfaces::ErrorCode code;
         const char* message;
     } cases[] = {
-        {set(104, '\x41'), Unsupported,
-         "byte 104: found points of an experimental compression (format byte 65)"},
         {set(104, '\x01'), InvalidValue,
          "byte 281: found a record on the compression of points that are not compressed"},
-        {set(227 + 18, std::uint16_t{22205}), InvalidValue,
-         "byte 104: found compressed points without a record on the compression"},
         {set(kPayload, '\0'), Unsupported,
          "byte 281: found compressor 0, expected 1 or 2 for point format 1"},
         {set(kPayload, '\x03'), Unsupported, "found compressor 3"},

@@ -27,7 +27,9 @@ std::uint32_t longer(std::uint32_t cycle, std::uint32_t longest) {
 
 void SymbolModel::make(bool searched) {
     if (searched) {
-        const unsigned bits = std::max(3U, static_cast<unsigned>(std::bit_width(symbols_ - 1U)));
+        // Twice as many starts as symbols: most searches end at once.
+        const unsigned bits =
+            std::max(3U, static_cast<unsigned>(std::bit_width(symbols_ - 1U))) + 1U;
         shift_ = static_cast<std::uint8_t>(SHARE_BITS - bits);
         starts_ = static_cast<std::uint16_t>((kLargestShare >> shift_) + 1);
     }
