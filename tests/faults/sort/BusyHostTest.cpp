@@ -22,7 +22,7 @@
 namespace SortFaults {
 namespace {
 
-constexpr int kSizes[] = {20'000, 1'000'000};
+constexpr int kSizes[] = {kFewPoints, kManyPoints};
 
 /// Waits for a condition of another thread. @return false when it did not come true in time
 bool waitFor(const std::function<bool()>& condition) {
@@ -184,8 +184,8 @@ TEST_F(BusyHost, SeesNoJobOfItsOwnRunOnTheSortingThread) {
 }
 
 TEST_F(BusyHost, MaySortSeveralScansAtOnce) {
-    std::array<ShuffledScan, 4> scans{ShuffledScan(200'000), ShuffledScan(200'000),
-                                      ShuffledScan(200'000), ShuffledScan(200'000)};
+    std::array<ShuffledScan, 4> scans{ShuffledScan(kManyPoints / 5), ShuffledScan(kManyPoints / 5),
+                                      ShuffledScan(kManyPoints / 5), ShuffledScan(kManyPoints / 5)};
     oneapi::tbb::parallel_for(0, 4, [&](int i) { scans[static_cast<std::size_t>(i)].sort(); });
     for (ShuffledScan& scan : scans) {
         EXPECT_TRUE(scan.isSorted());

@@ -15,6 +15,16 @@
 
 namespace SortFaults {
 
+/// Points of a small and of a large scan. The thread sanitizer remembers only so many steps of a thread: of a large
+/// sort it could not say any more which of them were oneTBB's.
+#if defined(__SANITIZE_THREAD__)
+inline constexpr int kFewPoints = 1'000;
+inline constexpr int kManyPoints = 3'000;
+#else
+inline constexpr int kFewPoints = 20'000;
+inline constexpr int kManyPoints = 1'000'000;
+#endif
+
 /// A mobile scan whose points come in random order of time. Each point's x is its number before the
 /// sort.
 class ShuffledScan {
