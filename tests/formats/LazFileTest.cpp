@@ -129,7 +129,11 @@ TEST_F(LazFile, RefusesByNameWhatItCannotRead) {
         Ovr::Interfaces::ErrorCode code;
         const char* message;
     } cases[] = {
-        {set(104, '\x01'), InvalidValue,
+        {[](std::string& b) {
+             b[104] = 1;
+             poke(b, 107, std::uint32_t{1});
+         },
+         InvalidValue,
          "byte 281: found a record on the compression of points that are not compressed"},
         {set(kPayload, '\0'), Unsupported,
          "byte 281: found compressor 0, expected 1 or 2 for point format 1"},
