@@ -33,7 +33,8 @@ vardex_check_headers(core
 vardex_check_headers(module FOLDERS vardex LIBRARIES vardex_objects)
 vardex_check_headers(formats FOLDERS formats LIBRARIES formats)
 vardex_check_headers(scanhost FOLDERS scanhost LIBRARIES scanhost_lib PNG::PNG)
-vardex_check_headers(tests FOLDERS tests ROOTS tests LIBRARIES vardex_objects GTest::gmock)
+vardex_check_headers(tests FOLDERS tests ROOTS tests LIBRARIES vardex_objects formats
+  GTest::gmock)
 
 add_test(NAME headers_stand_alone COMMAND
   ${CMAKE_COMMAND} --build ${PROJECT_BINARY_DIR} --target header_check)

@@ -14,6 +14,7 @@
 #include "kit/PointPlacer.h"
 #include "kit/TextFields.h"
 #include "las/LasVlrs.h"
+#include "las/laz/ChunkFinder.h"
 #include "las/laz/SchemaRecord.h"
 
 namespace Ovr::Formats {
@@ -89,8 +90,8 @@ class HeaderParser {
 ErrorPtr HeaderParser::parse() {
     for (const auto step :
          {&HeaderParser::readBytes, &HeaderParser::checkSizes, &HeaderParser::checkFormat,
-          &HeaderParser::walkVariableLengthRecords, &HeaderParser::checkCount,
-          &HeaderParser::checkCoordinates, &HeaderParser::readCompression}) {
+          &HeaderParser::checkCount, &HeaderParser::checkCoordinates,
+          &HeaderParser::walkVariableLengthRecords, &HeaderParser::readCompression}) {
         if (ErrorPtr error = (this->*step)()) {
             return error;
         }

@@ -13,7 +13,7 @@
 #include "Ovr/Errors.h"
 #include "Ovr/Remarks.h"
 #include "kit/InputFile.h"
-#include "las/laz/ChunkTable.h"
+#include "las/laz/ChunkList.h"
 #include "las/laz/Schema.h"
 
 namespace Ovr::Formats {

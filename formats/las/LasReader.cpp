@@ -43,7 +43,8 @@ Position middleOf(const LasHeader& header, const Position& first) {
     return middle;
 }
 
-/// Keeps the header and the range of the times between its operations, as long as the file is the same.
+/// Keeps the header and the range of the times between its operations, as long as the file is the
+/// same.
 class LasReader final : public IScanReader {
   public:
     explicit LasReader(const ScanSource& source) : IScanReader(source) {}

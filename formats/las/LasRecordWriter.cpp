@@ -122,7 +122,7 @@ ErrorPtr LasRecordWriter::putChunkTable() {
         }
     }
     const std::uint64_t table = place_;
-    if (ErrorPtr error = put(Laz::encodeChunkTable(chunkSizes_))) {
+    if (ErrorPtr error = put(Laz::ChunkTable::encode(chunkSizes_))) {
         return error;
     }
     const std::uint64_t end = place_;

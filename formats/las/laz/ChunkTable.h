@@ -7,61 +7,34 @@
 #include <string>
 #include <vector>
 
-#include "Ovr/Errors.h"
-#include "Ovr/Remarks.h"
 #include "kit/InputFile.h"
+#include "las/laz/ChunkList.h"
 #include "las/laz/Schema.h"
 
 namespace Ovr::Formats::Laz {
 
-/// A chunk of a file.
-struct ChunkPlace {
-    std::uint64_t begin = 0;  ///< in the file [bytes]
-    std::uint64_t end = 0;    ///< in the file [bytes]
-    std::uint64_t first = 0;  ///< number of its first point
-    std::uint64_t count = 0;  ///< of its points
-};
-
-/// Where a compressed file's chunks are.
-struct ChunkList {
-    /// All of them, in file order. Where ends are not known: the first one alone, up to the end of
-    /// the point data, with all points of the file.
-    std::vector<ChunkPlace> chunks;
-    /// Otherwise each chunk begins where the decoding of the one before ended, and has as many
-    /// points as the schema says.
-    bool endsAreKnown = true;
-};
-
-/// The part of a file in which its points are, and how many the header counts.
-struct PointData {
-    std::uint64_t begin = 0;  ///< in the file [bytes]
-    std::uint64_t end = 0;    ///< in the file [bytes]: extended records or the end
-    std::uint64_t count = 0;
-};
-
-/// Finds the chunks of a file: by the chunk table at the place that the file names, else by walking
-/// over the chunks, of which layered ones say how long they are.
+/// The table of a file's chunks: 32 bits of version, which is 0, 32 bits of number, and a stream.
 ///
-/// | coded in the table, 32 bits | context of 2 | predicted from |
+/// | coded for each chunk, 32 bits | context of 2 | predicted from |
 /// |---|---|---|
 /// | number of points, only where chunks vary | 0 | that of the chunk before, at first 0 |
 /// | number of bytes | 1 | that of the chunk before, at first 0 |
-///
-/// Nothing that the table says is taken before it fits between the points' begin and the table.
-/// @param remarks  hears of a table that is missing
-/// @return empty on success
-[[nodiscard]] ErrorPtr findChunks(InputFile& file, const Schema& schema, const PointData& data,
-                                  ChunkList& list, Remarks& remarks);
+namespace ChunkTable {
 
-/// Sizes of the chunks of one file, for its table.
-/// @return the table, without chunks if there are none
-std::string encodeChunkTable(const std::vector<std::uint32_t>& sizes);
+/// Of version and number [bytes].
+inline constexpr std::uint64_t HEAD_SIZE = 8;
 
-/// An error at a chunk of a file.
-/// @param chunk  its number, from 0
-/// @param point  of the file, from 0
-[[nodiscard]] ErrorPtr chunkFault(const InputFile& file, Interfaces::ErrorCode code,
-                                  std::uint64_t chunk, std::uint64_t point, std::uint64_t byte,
-                                  std::string found, std::string expected);
+/// Reads a table. Nothing that it says is taken before it fits between the first chunk and the
+/// table.
+/// @param place  of the table in the file [bytes]
+/// @param data   begins with the first chunk; its end is not looked at
+/// @return what is wrong with the table; empty if nothing is
+std::string read(InputFile& file, const Schema& schema, const PointData& data, std::uint64_t place,
+                 std::vector<ChunkPlace>& chunks);
+
+/// @param sizes  of the chunks [bytes], all with the same number of points
+std::string encode(const std::vector<std::uint32_t>& sizes);
+
+}  // namespace ChunkTable
 
 }  // namespace Ovr::Formats::Laz

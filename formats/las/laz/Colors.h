@@ -48,8 +48,8 @@ inline unsigned colorDifferences(const Color& now, const Color& last) {
 /// | low byte of blue | 256 symbols | the last one + half the steps of red and green |
 /// | high byte of green, high byte of blue | 256 symbols each | in the same way |
 ///
-/// A byte is coded only where the mask says so, those of green and blue only with bit 6. Predictions
-/// are kept within 0 to 255.
+/// A byte is coded only where the mask says so, those of green and blue only with bit 6.
+/// Predictions are kept within 0 to 255.
 class ColorModels {
   public:
     /// @param now   what an encoder writes; receives the value

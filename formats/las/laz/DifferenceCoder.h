@@ -18,7 +18,7 @@ namespace Ovr::Formats::Laz {
 /// |---|---|---|---|
 /// | interval: the number of bits k | one per context | Bits + 1 | the caller's context |
 /// | bit: 0 or 1, for k = 0 | 1 | 2 | - |
-/// | corrector: the upper 8 bits of the difference | one for each k from 1 to min(Bits, 31) | 2^min(k, 8) | k |
+/// | corrector: the upper 8 bits | one for each k, 1 to min(Bits, 31) | 2^min(k, 8) | k |
 ///
 /// The bits of a difference below its upper 8 are coded without a model.
 /// @tparam Bits  8, 16 or 32

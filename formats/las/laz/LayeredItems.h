@@ -20,8 +20,8 @@
 namespace Ovr::Formats::Laz {
 
 // What records of formats 6 to 10 hold beyond the first 30 bytes. Every item has models and a last
-// value for each scanner channel, see ChannelStates, and one layer or more, left out when nothing in
-// them changes.
+// value for each scanner channel, see ChannelStates, and one layer or more, each left out when
+// nothing in it changes.
 
 /// The colour of formats 7, 8 and 10, coded like that of format 3: one layer. It is needed when
 /// the mask of some point is not 0, so also for a colour that stays and is not grey.

@@ -3,7 +3,8 @@
 
 #pragma once
 
-#include "las/laz/ChunkTable.h"
+#include "las/laz/ChunkList.h"
+#include "las/laz/Schema.h"
 
 namespace Ovr::Formats::Laz {
 

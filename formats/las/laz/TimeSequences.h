@@ -37,7 +37,7 @@ inline std::int32_t multipleOf(std::int32_t step, std::int32_t delta) {
 /// | model | symbols | meaning |
 /// |---|---|---|
 /// | zero, while delta is 0 | 6 (or 5) | [stays,] a step, new sequence, switch by 1 to 3 |
-/// | multi, else | 516 (or 515) | 0 to 510 a multiple of delta, [stays,] new sequence, switch by 1 to 3 |
+/// | multi, else | 516 (or 515) | 0 to 510 a step near a multiple of delta, then as above |
 /// | difference, 32 bits | 9 contexts | the step, or the upper half of a new sequence's time |
 ///
 /// The steps of the multi model:

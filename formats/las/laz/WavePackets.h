@@ -47,11 +47,13 @@ struct WavePacket {
 /// | value, in order | coded by | context | predicted from | at first |
 /// |---|---|---|---|---|
 /// | index | 256 symbols | - | - | |
-/// | kind of step of the offset: 0 none, 1 the last length, 2 near, 3 far | 4 symbols | the last kind of 4 | - | 0 |
-/// | near: the step | difference, 32 bits | - | the last near step | 0 |
-/// | far: the offset | 64 bits as they are | - | - | |
+/// | kind of step of the offset | 4 symbols | the last kind of 4 | - | 0: no step |
+/// | kind 2: the step | difference, 32 bits | - | the last near step | 0 |
+/// | kind 3: the offset | 64 bits as they are | - | - | |
 /// | length, location | difference, 32 bits, one each | - | the last one | |
 /// | x, y, z | difference, 32 bits | 3, one each | the last one | |
+///
+/// Kind 1 is a step by the last length, as when wave forms stand one after another.
 class WavePacketModels {
   public:
     /// @param now  what an encoder writes; receives the value
