@@ -15,8 +15,8 @@
 
 namespace SortFaults {
 
-/// Points of a small and of a large scan. The thread sanitizer remembers only so many steps of a thread: of a large
-/// sort it could not say any more which of them were oneTBB's.
+/// Points of a small and of a large scan. The thread sanitizer remembers only so many steps of a
+/// thread: of a large sort it could not say any more which of them were oneTBB's.
 #if defined(__SANITIZE_THREAD__)
 inline constexpr int kFewPoints = 1'000;
 inline constexpr int kManyPoints = 3'000;
