@@ -19,14 +19,16 @@ namespace Ovr::Formats {
 /// Walks over the point records of a LAS file in blocks of about a mebibyte.
 class LasBlocks {
   public:
-    /// @param count  records to walk over, from the first on; at most those of the header
-    LasBlocks(InputFile& file, const LasHeader& header, std::uint64_t count);
+    /// @param end    number of the record to end before; at most those of the header
+    /// @param first  number of the record to begin with
+    LasBlocks(InputFile& file, const LasHeader& header, std::uint64_t end,
+              std::uint64_t first = 0);
 
     /// Reads the next block. @return empty on success; Truncated when the file has shrunk
     /// meanwhile.
     [[nodiscard]] ErrorPtr next();
 
-    bool atEnd() const { return first_ + records_ == count_; }
+    bool atEnd() const { return first_ + records_ == end_; }
     /// Number of the block's first record.
     std::uint64_t first() const { return first_; }
     /// Number of records in the block; 0 before the first next().
@@ -42,8 +44,8 @@ class LasBlocks {
     InputFile& file_;
     std::uint64_t begin_;   ///< of the first record in the file [bytes]
     std::uint64_t length_;  ///< of a record [bytes]
-    std::uint64_t count_;
-    std::uint64_t first_ = 0;
+    std::uint64_t end_;
+    std::uint64_t first_;
     std::uint64_t records_ = 0;
     std::vector<char> buffer_;
 };

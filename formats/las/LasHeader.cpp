@@ -24,24 +24,9 @@ constexpr std::string_view kSignature = "LASF";
 constexpr unsigned kHighestMinorVersion = 4;
 /// Of LAS 1.0 to 1.4 [bytes].
 constexpr std::array<std::size_t, kHighestMinorVersion + 1> kHeaderSizes{227, 227, 227, 235, 375};
-constexpr std::size_t kVlrHeaderSize = 54;
-constexpr std::size_t kVlrLengthOffset = 20;
 constexpr unsigned kCompressionBits = 0xC0;  // of the format byte, set by compressors
 constexpr unsigned kAdjustedTimeBit = 1;     // of the global encoding
-
-constexpr std::array<LasRecordLayout, kLasHighestFormat + 1> kLayouts{{
-    {20, {}, {}},
-    {28, 20, {}},
-    {26, {}, 20},
-    {34, 20, 28},
-    {57, 20, {}},
-    {63, 20, 28},
-    {30, 22, {}},
-    {36, 22, 30},
-    {38, 22, 30},
-    {59, 22, {}},
-    {67, 22, 30},
-}};
+constexpr unsigned kWktBit = 16;             // of the global encoding, since LAS 1.4
 
 /// A text field of fixed length: up to the first zero byte, printable ASCII, no blanks at its end.
 std::string identifier(const char* field) {
@@ -73,7 +58,10 @@ class HeaderParser {
     [[nodiscard]] ErrorPtr checkFormat();
     [[nodiscard]] ErrorPtr checkCount();
     [[nodiscard]] ErrorPtr checkCoordinates();
-    void walkVariableLengthRecords();
+    void readFacts();
+    void remarkOnCounts(std::uint64_t wide, std::uint64_t narrow) const;
+    void walkRecords();
+    void remarkOnRest() const;
 
     InputFile& file_;
     LasHeader& header_;
@@ -89,13 +77,27 @@ ErrorPtr HeaderParser::parse() {
             return error;
         }
     }
+    readFacts();
+    walkRecords();
+    remarkOnRest();
+    return nullptr;
+}
+
+/// What needs no check: nothing is placed or sized by it.
+void HeaderParser::readFacts() {
+    const unsigned encoding = at<std::uint16_t>(LasField::kEncoding);
     // LAS 1.0 and 1.1 know only week seconds and keep other things in these bits.
-    header_.adjustedTime = header_.minorVersion >= 2 &&
-                           (at<std::uint16_t>(LasField::kEncoding) & kAdjustedTimeBit) != 0;
+    header_.adjustedTime = header_.minorVersion >= 2 && (encoding & kAdjustedTimeBit) != 0;
+    header_.saysWkt = header_.minorVersion >= 4 && (encoding & kWktBit) != 0;
     header_.systemIdentifier = identifier(bytes_.data() + LasField::kSystem);
     header_.generatingSoftware = identifier(bytes_.data() + LasField::kSoftware);
-    walkVariableLengthRecords();
-    return nullptr;
+    header_.creationDay = at<std::uint16_t>(LasField::kCreationDay);
+    header_.creationYear = at<std::uint16_t>(LasField::kCreationYear);
+    const bool isWide = header_.minorVersion >= 4 && at<std::uint64_t>(LasField::kWideCount) != 0;
+    for (std::size_t i = 0; i < (isWide ? kLasReturns : kLasOldReturns); ++i) {
+        header_.returns[i] = isWide ? at<std::uint64_t>(LasField::kWideCount + 8 * (i + 1))
+                                    : at<std::uint32_t>(LasField::kCount + 4 * (i + 1));
+    }
 }
 
 ErrorPtr HeaderParser::readBytes() {
@@ -187,15 +189,25 @@ ErrorPtr HeaderParser::checkCount() {
                            fmt::format("a count of {}", countText(header_.count, "point")),
                            fmt::format("at most {}, for which the file has room", fitting));
     }
+    remarkOnCounts(wide, narrow);
+    return nullptr;
+}
+
+void HeaderParser::remarkOnCounts(std::uint64_t wide, std::uint64_t narrow) const {
     if (wide != 0 && narrow != 0 && wide != narrow) {
         remarks_.warn(fmt::format(
             "{}: the header counts {} points in 64 bits and {} in 32 bits; the first is taken",
             file_.name(), wide, narrow));
     }
+    if (header_.minorVersion >= 4 && wide == 0 && narrow != 0) {
+        remarks_.warn(fmt::format(
+            "{}: the header counts no point in 64 bits, where LAS 1.4 counts them, and {} in 32 "
+            "bits; the second is taken",
+            file_.name(), narrow));
+    }
     if (header_.count == 0) {
         remarks_.warn(fmt::format("{}: no point in the file", file_.name()));
     }
-    return nullptr;
 }
 
 ErrorPtr HeaderParser::checkCoordinates() {
@@ -216,7 +228,13 @@ ErrorPtr HeaderParser::checkCoordinates() {
             return file_.fault(ErrorCode::InvalidValue, offsetAt,
                                fmt::format("an offset of {:.9g} and a scale of {:.9g} for {}",
                                            offset, scale, kAxes[axis]),
-                               fmt::format("coordinates within {:.9g} m", kLargestCoordinate));
+                               fmt::format("coordinates within {:.9g}", kLargestCoordinate));
+        }
+        if (scale < 0.0) {
+            remarks_.warn(fmt::format(
+                "{}: byte {}: a scale of {:.9g} for {}: coordinates fall as the stored numbers "
+                "rise",
+                file_.name(), scaleAt, scale, kAxes[axis]));
         }
         header_.scale[axis] = scale;
         header_.offset[axis] = offset;
@@ -228,31 +246,43 @@ ErrorPtr HeaderParser::checkCoordinates() {
 
 /// Nothing in the variable-length records is needed to place the points, so a broken chain only
 /// earns a warning: the point offset stands on its own.
-void HeaderParser::walkVariableLengthRecords() {
-    const auto count = at<std::uint32_t>(LasField::kVlrCount);
-    std::uint64_t place = at<std::uint16_t>(LasField::kHeaderSize);
-    std::array<char, kVlrHeaderSize> record{};
-    for (std::uint32_t i = 0; i < count; ++i) {
-        const std::uint64_t begin = place;
-        place += kVlrHeaderSize;
-        if (place <= header_.pointOffset && file_.readAt(begin, record) == record.size()) {
-            place += loadLittle<std::uint16_t>(record.data() + kVlrLengthOffset);
-        }
-        if (place > header_.pointOffset) {
-            remarks_.warn(fmt::format(
-                "{}: byte {}: variable-length record {} of {} reaches into the points; skipped "
-                "with those after it",
-                file_.name(), begin, i + 1, count));
-            return;
-        }
+void HeaderParser::walkRecords() {
+    walkLasRecords(file_,
+                   {at<std::uint16_t>(LasField::kHeaderSize), header_.pointOffset,
+                    at<std::uint32_t>(LasField::kVlrCount), false},
+                   header_.records, remarks_);
+    if (header_.minorVersion >= 4) {
+        walkLasRecords(file_,
+                       {at<std::uint64_t>(LasField::kExtendedStart), file_.size(),
+                        at<std::uint32_t>(LasField::kExtendedCount), true},
+                       header_.records, remarks_);
+    }
+}
+
+/// Waveforms and extended records may stand behind the points. What else is there may be points
+/// that a writer did not count before it broke off.
+void HeaderParser::remarkOnRest() const {
+    const std::uint64_t begin = header_.pointOffset + header_.count * header_.recordLength;
+    std::uint64_t end = file_.size();
+    const auto stopAt = [&](std::uint64_t place) {
+        end = place >= begin ? std::min(end, place) : end;
+    };
+    if (header_.minorVersion >= 3) {
+        stopAt(at<std::uint64_t>(LasField::kWaveformStart));
+    }
+    if (header_.minorVersion >= 4 && at<std::uint32_t>(LasField::kExtendedCount) != 0) {
+        stopAt(at<std::uint64_t>(LasField::kExtendedStart));
+    }
+    if (const std::uint64_t more = (end - begin) / header_.recordLength; more != 0) {
+        remarks_.warn(fmt::format(
+            "{}: byte {}: {} behind the last counted point, room for {} more than the header's "
+            "{}; they are not read",
+            file_.name(), begin, countText(end - begin, "byte"), countText(more, "point"),
+            header_.count));
     }
 }
 
 }  // namespace
-
-const LasRecordLayout& lasRecordLayout(unsigned format) {
-    return kLayouts[format];
-}
 
 ErrorPtr readLasHeader(InputFile& file, LasHeader& header, Remarks& remarks) {
     return HeaderParser(file, header, remarks).parse();

@@ -8,10 +8,12 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "Ovr/Errors.h"
 #include "Ovr/Remarks.h"
 #include "kit/InputFile.h"
+#include "las/LasRecords.h"
 
 namespace Ovr::Formats {
 
@@ -43,12 +45,18 @@ inline constexpr std::size_t kRecordLength = 105;
 inline constexpr std::size_t kCount = 107;  ///< 32 bits; by return after it
 inline constexpr std::size_t kScale = 131;
 inline constexpr std::size_t kOffset = 155;
-inline constexpr std::size_t kBounds = 179;     ///< maximum x, minimum x, maximum y, ...
+inline constexpr std::size_t kBounds = 179;         ///< maximum x, minimum x, maximum y, ...
+inline constexpr std::size_t kWaveformStart = 227;  ///< since LAS 1.3
+inline constexpr std::size_t kExtendedStart = 235;  ///< of the records behind the points, LAS 1.4
+inline constexpr std::size_t kExtendedCount = 243;
 inline constexpr std::size_t kWideCount = 247;  ///< 64 bits, since LAS 1.4; by return after it
 }  // namespace LasField
 
 /// Length of the two text fields of the header [bytes].
 inline constexpr std::size_t kLasIdentifierLength = 32;
+/// Returns of a pulse that the header counts: five before LAS 1.4.
+inline constexpr std::size_t kLasReturns = 15;
+inline constexpr std::size_t kLasOldReturns = 5;
 
 /// @param format  0 to kLasHighestFormat
 const LasRecordLayout& lasRecordLayout(unsigned format);
@@ -59,14 +67,20 @@ struct LasHeader {
     bool adjustedTime = false;  ///< the file says: GPS time minus 1e9 s; else GPS week seconds
     std::string systemIdentifier;
     std::string generatingSoftware;
-    std::uint32_t pointOffset = 0;  ///< [bytes]
+    std::uint16_t creationDay = 0;   ///< of the year, from 1; 0: not said
+    std::uint16_t creationYear = 0;  ///< 0: not said
+    std::uint32_t pointOffset = 0;   ///< [bytes]
     unsigned format = 0;
     std::uint16_t recordLength = 0;  ///< [bytes], at least what the format needs
     std::uint64_t count = 0;
-    std::array<double, 3> scale{};    ///< [m], finite, not 0
-    std::array<double, 3> offset{};   ///< [m], finite
-    std::array<double, 3> minimum{};  ///< [m], as the file says; not checked
-    std::array<double, 3> maximum{};  ///< [m], as the file says; not checked
+    /// Points by return as the file says, from return 1 on; not checked.
+    std::array<std::uint64_t, kLasReturns> returns{};
+    std::array<double, 3> scale{};    ///< finite, not 0
+    std::array<double, 3> offset{};   ///< finite
+    std::array<double, 3> minimum{};  ///< as the file says; not checked
+    std::array<double, 3> maximum{};  ///< as the file says; not checked
+    bool saysWkt = false;             ///< the file says: the coordinate system is a well-known text
+    std::vector<LasRecord> records{};  ///< of the standard's users, also those behind the points
 };
 
 /// Reads and checks the header of a LAS 1.0 to 1.4 file, and walks its variable-length records.
@@ -74,5 +88,8 @@ struct LasHeader {
 ///                  differ
 /// @return empty on success
 [[nodiscard]] ErrorPtr readLasHeader(InputFile& file, LasHeader& header, Remarks& remarks);
+
+/// The error for a file whose points carry no time.
+[[nodiscard]] ErrorPtr noLasTimes(const std::string& file, const LasHeader& header);
 
 }  // namespace Ovr::Formats

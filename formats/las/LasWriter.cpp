@@ -50,7 +50,7 @@ std::size_t LasWriter::recordLength() const {
 }
 
 ErrorPtr LasWriter::open(const std::filesystem::path& file, const LasWriterSettings& settings) {
-    if (ErrorPtr error = file_.open(file)) {
+    if (ErrorPtr error = file_.open(file, settings.existing)) {
         return error;
     }
     name_ = file.string();
@@ -109,9 +109,7 @@ ErrorPtr LasWriter::setCoordinates(const LasPoint& point, char* record) {
 ErrorPtr LasWriter::flush() {
     file_.stream().write(buffer_.data(), static_cast<std::streamsize>(buffer_.size()));
     buffer_.clear();
-    return file_.stream()
-               ? nullptr
-               : makeError(ErrorCode::WriteFailed, {name_, "", "a write that failed", ""});
+    return file_.failure();
 }
 
 ErrorPtr LasWriter::finish() {

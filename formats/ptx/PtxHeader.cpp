@@ -41,12 +41,11 @@ constexpr std::size_t kPlacementLines = 4;
 }
 
 [[nodiscard]] ErrorPtr readPlacement(TextLines& lines, PtxHeader& header) {
-    std::array<double, 3> unused{};
     for (std::size_t i = 0; i < kPlacementLines; ++i) {
         if (ErrorPtr error = lines.require("a line of the scanner's placement")) {
             return error;
         }
-        if (ErrorPtr error = readNumbers(lines, unused)) {
+        if (ErrorPtr error = readNumbers(lines, std::span(header.placement).subspan(3 * i, 3))) {
             return error;
         }
     }
