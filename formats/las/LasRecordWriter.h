@@ -22,7 +22,7 @@ namespace Ovr::Formats {
 /// leaves no trace when it is not.
 ///
 /// Header and records are those of the plain file: what compression changes in the header (format
-/// byte, offset to the points, number of variable-length records, places behind the points) is
+/// byte, offset to the points, number of variable-length records, places after the points) is
 /// changed here, and the record on the compression is put in front of the others. Chunks have
 /// 50,000 points and are encoded on the cores that there are.
 class LasRecordWriter {

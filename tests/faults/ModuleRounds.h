@@ -19,7 +19,7 @@ std::filesystem::path moduleFile();
 /// the one and sorts by them, makes a data object whose filter the host takes back afterwards.
 void useModule(const Platform::LoadedLibrary& library);
 
-/// What the process holds of everything that a module might leave behind.
+/// What the process holds of everything that a module might leave in it.
 struct Holdings {
     std::ptrdiff_t allocations = 0;  ///< by `new`
     std::size_t mallocBytes = 0;     ///< in use

@@ -26,7 +26,7 @@ struct LazBytes {
     std::string records;                   ///< as they are when they are not compressed
     std::vector<std::uint64_t> varying{};  ///< points of each chunk; empty for a fixed size
     Table table = Table::InPlace;
-    std::string extended{};  ///< behind everything
+    std::string extended{};  ///< after everything
 
     LazBytes(unsigned pointFormat, std::string plain)
         : schema(Ovr::Formats::Laz::schemaFor(pointFormat, LasBytes::kLength[pointFormat])),

@@ -40,7 +40,7 @@ class ByteStream {
     std::uint64_t position() const { return windowBegin_ + at_; }
     bool isAtEnd() const { return position() == end_; }
 
-    /// Whether 4 bytes are at hand.
+    /// Whether there are 4 more bytes.
     bool hasWord() const { return size_ - at_ >= 4 && size_ >= at_; }
     /// Shifts bytes into a value, 0 to 3 of them. Requires: hasWord().
     std::uint32_t shiftIn(std::uint32_t value, unsigned bits) {

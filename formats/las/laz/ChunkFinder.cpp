@@ -54,7 +54,7 @@ ErrorPtr Finder::find(Remarks& remarks) {
     return why.empty() ? checkCounts() : goWithoutTable(why, remarks);
 }
 
-/// A writer that could not go back leaves -1 and puts the place behind everything.
+/// A writer that could not go back leaves -1 and puts the place after everything.
 std::optional<std::uint64_t> Finder::tablePlace() {
     const auto positionAt = [this](std::uint64_t place) -> std::int64_t {
         std::array<char, kPositionSize> bytes{};
