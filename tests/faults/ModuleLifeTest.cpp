@@ -122,7 +122,8 @@ TEST(ModuleLife, LeavesNothingBehindHoweverOftenItIsLoadedUsedAndUnloaded) {
     !defined(__SANITIZE_THREAD__)  // they keep what was given back
     EXPECT_LE(after.mallocBytes, before.mallocBytes + 10'000);
     EXPECT_LE(after.mappings, before.mappings + 5);
-    EXPECT_LE(after.residentBytes, before.residentBytes + 2'000'000);
+    // Every thread may be given another of the C library's heaps, which keep what was freed last.
+    EXPECT_LE(after.residentBytes, before.residentBytes + 16'000'000);
 #endif
 }
 
