@@ -47,6 +47,7 @@ class InfoCommand final : public Command {
                      "to it");
         options.file("--project-output", projectOutput_, "FILE",
                      "Write what the point sets give into the host's project output");
+        declareHost(options, host_);
         declareForce(options, rules_);
     }
     void run(const CommonOptions& /*common*/, Console& console) override {
@@ -56,9 +57,6 @@ class InfoCommand final : public Command {
         ModuleSession session;
         ScanImporter importer(session, console);
         Report report;
-        Report& module = report.group("module", "module");
-        module.addText("name", "name", session.moduleName());
-        module.addText("version", "version", session.moduleVersion());
         std::vector<ImportedScan> scans;
         for (const std::string& file : scan_.files) {
             importFile(session, importer, file, scans, report, console);
@@ -70,10 +68,15 @@ class InfoCommand final : public Command {
         warnOfUnits(scans, console);
         describeOrigin(*importer.project(), scans, report);
         for (const ImportedScan& scan : scans) {
-            describeScan(scan, report.item("scans", "scan " + scan.name), console);
+            describeScan(scan, host_, report.item("scans", "scan " + scan.name), console);
             Interrupt::check();
         }
         writeOutputs(scans, report);
+        if (host_) {
+            Report& module = report.group("module", "module");
+            module.addText("name", "name", session.moduleName());
+            module.addText("version", "version", session.moduleVersion());
+        }
         console.show(report);
     }
 
@@ -116,7 +119,7 @@ class InfoCommand final : public Command {
             for (ImportedScan& scan : importProject(*project, importer, scan_, console)) {
                 scans.push_back(std::move(scan));
             }
-            describeProject(*project, report.item("projects", "project " + file));
+            describeProject(*project, host_, report.item("projects", "project " + file));
             return;
         }
         for (const Ovr::ScanListing& listing : importer.list(file, scan_)) {
@@ -166,6 +169,7 @@ class InfoCommand final : public Command {
     OutputRules rules_;
     std::optional<std::filesystem::path> picture_;
     std::optional<std::filesystem::path> projectOutput_;
+    bool host_ = false;
 };
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <fmt/format.h>
 
 #include "report/Failure.h"
+#include "session/Box.h"
 #include "session/ProjectImport.h"
 #include "session/SpooledInput.h"
 
@@ -55,6 +56,7 @@ void load(const ScanNeeds& needs, OpenScan& open) {
     if (needs.trajectory == Need::Required) {
         requireOneUnit(open.scan);
         mobile.requireTrajectory();
+        remarkOnFarPath(open.scan, headerBounds(open.scan), mobile.nodes(), open.console);
     } else if (needs.trajectory == Need::IfThere) {
         const bool asked = open.scan.trajectoryNamed || needs.times == Need::Required;
         complete = tryTo(open, asked, [&] { mobile.loadTrajectory(); });
