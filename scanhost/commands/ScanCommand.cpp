@@ -18,6 +18,12 @@ bool takesStances(const ScanNeeds& needs) {
     return needs.trajectory != Need::Required && needs.times != Need::Required && !needs.duration;
 }
 
+Content contentFor(const ScanNeeds& needs) {
+    const bool asksThePath =
+        needs.trajectory == Need::Required && needs.times == Need::Nothing;
+    return asksThePath ? Content::PathOnly : Content::Points;
+}
+
 /// Calls @p load. What stands in its way is a warning, unless the user has asked for it by name.
 /// @return whether it was done
 template <typename Load>
@@ -87,7 +93,7 @@ void ScanCommand::run(const CommonOptions& /*common*/, Console& console) {
     rules_.protect(scan_);
     rules_.check(outputs());
     ModuleSession session;
-    const ImportedScan scan = importOne(session, console, scan_);
+    const ImportedScan scan = importOne(session, console, scan_, contentFor(needs()));
     rules_.protect(scan);
     rules_.check(outputs());
     OpenScan open{session, console, scan};

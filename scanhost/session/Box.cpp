@@ -15,6 +15,7 @@
 
 #include "report/NumberText.h"
 #include "session/NodePose.h"
+#include "session/Require.h"
 
 namespace ScanHost {
 
@@ -56,10 +57,11 @@ Box headerBounds(const ImportedScan& scan) {
     Ovr::Formats::LasHeader header;
     Ovr::Remarks remarks;
     Box box;
-    if (!format || format->name() != "LAS" || file.open(scan.source.file) ||
-        readLasHeader(file, header, remarks, true)) {
-        return box;  // what is wrong with the file is said when the points are read
+    if (!format || format->name() != "LAS") {
+        return box;
     }
+    requireOk(file.open(scan.source.file));
+    requireOk(readLasHeader(file, header, remarks, scan.source.lenient));
     // Writers that do not know the bounds leave zeros.
     const bool isLeftOut = header.minimum == header.maximum;
     for (std::size_t axis = 0; axis < 3 && !isLeftOut; ++axis) {

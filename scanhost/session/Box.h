@@ -22,7 +22,8 @@ using Box = std::array<Range<double>, 3>;
 /// Shortest distance between two boxes; 0 when they touch or one is empty.
 double gapBetween(const Box& a, const Box& b);
 
-/// The bounds that the header of a scan's file names [world]; empty when there are none.
+/// The bounds that the header of a scan's file names [world]; empty when there are none. Throws a
+/// Failure when the header cannot be read.
 Box headerBounds(const ImportedScan& scan);
 
 /// Warns of a trajectory further from the points than any hand-held scanner sees.

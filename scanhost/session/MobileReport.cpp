@@ -5,6 +5,9 @@
 
 #include <fmt/format.h>
 
+#include "kit/ClockGuess.h"
+#include "kit/PointClock.h"
+
 #include "report/Failure.h"
 #include "report/NumberText.h"
 #include "session/PointSummary.h"
@@ -44,9 +47,16 @@ void MobileReport::loadTimes() {
     }
 }
 
-void MobileReport::describeClock(Report& report) const {
+void MobileReport::describeClock(std::optional<Ovr::Clock> said, Report& report) const {
     if (hasTimes_) {
-        describeZero(mobile_.clock({}), report);
+        ScanClock clock = mobile_.clock({});
+        Ovr::Formats::TimeRange times;
+        times.add(clock.zero());
+        times.add(clock.zero() + mobile_.duration());
+        if (said && Ovr::Formats::guessClock(times).isOnly(*said)) {
+            clock.assume(*said);
+        }
+        describeZero(clock, report);
     } else {
         report.addHidden("timeZero", Json::Value());
     }

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "report/Console.h"
@@ -23,7 +24,8 @@ class MobileReport {
     MobileReport(const ImportedScan& scan, Console& console);
 
     /// Adds scan time 0 on the clock of the points file.
-    void describeClock(Report& report) const;
+    /// @param said  the clock that the file says it has; it gives dates when the times look like it
+    void describeClock(std::optional<Ovr::Clock> said, Report& report) const;
     /// Adds duration, earliest and latest point.
     void describeTimes(Report& report) const;
     /// Adds the trajectory; warns when it lies far from the points.

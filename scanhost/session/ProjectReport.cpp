@@ -27,12 +27,12 @@ Json::Value jsonOf(const Hx::AttrValue& value) {
 }  // namespace
 
 void describeProject(const Vardex::VardexDataObj& project, bool forHost, Report& report) {
-    report.addText("name", "name", project.getName().toUtf8());
     report.addText("file", "file", project.getFilePath().toUtf8());
     if (!forHost) {
         return;
     }
     Report& host = report.group("host", "what the module says to a host");
+    host.addText("name", "name", project.getName().toUtf8());
     host.addText("class", "class", project.getClassType()->getName().toUtf8());
     Report& attributes = host.group("attributes", "attributes");
     for (const auto& attribute : project.getAttributes()) {

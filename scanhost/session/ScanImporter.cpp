@@ -15,6 +15,7 @@
 #include "report/Failure.h"
 #include "report/NumberText.h"
 #include "session/Interrupt.h"
+#include "session/MobileScan.h"
 #include "session/Require.h"
 
 namespace ScanHost {
@@ -53,7 +54,7 @@ std::vector<Ovr::ScanListing> ScanImporter::list(const std::string& file,
 }
 
 ImportedScan ScanImporter::import(const Ovr::ScanListing& listing, const ScanOptions& options,
-                                  Hx::Object& parent) {
+                                  Hx::Object& parent, Content content) {
     ImportedScan scan;
     scan.name = listing.name;
     scan.classIdentifier = listing.classIdentifier;
@@ -68,8 +69,13 @@ ImportedScan ScanImporter::import(const Ovr::ScanListing& listing, const ScanOpt
     scan.container = Tq_1_1::SmartPtr<Hx::PtSetObject>(new Hx::PtSetObject);
     scan.container->init(Tq_1_1::BaseNode::CREATE_NEW, nullptr);
     scan.container->setName(name);
-    readPoints(scan);
-    console_.warn(scan.pointSet->getIScanData().getWarnings());
+    if (content == Content::PathOnly && MobileScan::isMobile(scan)) {
+        Ovr::chooseOrigin({{listing.classIdentifier, listing.name, scan.source}});
+        scan.pointSet->setFileInfo(fileInfoOf(scan.source));
+    } else {
+        readPoints(scan);
+        console_.warn(scan.pointSet->getIScanData().getWarnings());
+    }
     if (!scan.container->setPointSet(scan.pointSet) || !parent.addChild(scan.container)) {
         throw Failure(listing.name + ": the scan cannot be put into the tree");
     }

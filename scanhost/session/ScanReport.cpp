@@ -233,7 +233,9 @@ void describeScan(const ImportedScan& scan, bool forHost, Report& report, Consol
     std::optional<MobileReport> mobile;
     if (isMobile) {
         mobile.emplace(scan, console);
-        mobile->describeClock(report);
+        const bool saysAdjusted = las && las->header.adjustedTime;
+        mobile->describeClock(
+            saysAdjusted ? std::optional(Ovr::Clock::AdjustedGps) : std::nullopt, report);
     } else {
         remarkOnStance(scan, console);
     }
