@@ -116,14 +116,16 @@ class InfoCommand final : public Command {
                     std::vector<ImportedScan>& scans, Report& report, Console& console) const {
         if (Ovr::FormatRegistry::the().isProject(file)) {
             const auto project = openProject(session, console, file);
-            for (ImportedScan& scan : importProject(*project, importer, scan_, console)) {
+            for (ImportedScan& scan :
+                 importProject(*project, importer, scan_, console, Content::PointsForTimes)) {
                 scans.push_back(std::move(scan));
             }
             describeProject(*project, host_, report.item("projects", "project " + file));
             return;
         }
         for (const Ovr::ScanListing& listing : importer.list(file, scan_)) {
-            scans.push_back(importer.import(listing, scan_, session.root()));
+            scans.push_back(
+                importer.import(listing, scan_, session.root(), Content::PointsForTimes));
         }
     }
 
