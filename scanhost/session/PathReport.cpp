@@ -114,7 +114,7 @@ Table tableOf(const std::vector<PathStretch>& stretches, const PathPlaces& path)
 
 /// Adds how many stretches there are and how long they last together, and lists the longest.
 /// @param name  of the stretches, "gaps"
-/// @param what  they are
+/// @param what  makes them so, "above 10 x the median step"
 void describeStretches(const std::string& name, const std::string& what,
                        const std::vector<PathStretch>& stretches, const PathPlaces& path,
                        Report& report) {
@@ -127,13 +127,13 @@ void describeStretches(const std::string& name, const std::string& what,
     value["duration"] = jsonNumber(together);
     const std::string listKey = name + "Listed";
     if (stretches.empty()) {
-        report.add(name, name, value, fmt::format("none, {}", what));
+        report.add(name, name, value, "none " + what);
         report.addHidden(listKey, Json::Value(Json::arrayValue));
         return;
     }
     report.add(name, name, value,
-               fmt::format("{}, together {} s, {}", stretches.size(),
-                           fixedText(together, kSecondDigits), what));
+               fmt::format("{} {}, together {} s", stretches.size(), what,
+                           fixedText(together, kSecondDigits)));
     const bool isWhole = stretches.size() <= kMostListed;
     report.addTable(listKey, isWhole ? name : fmt::format("the {} longest {}", kMostListed, name),
                     tableOf(longestOf(stretches, path), path));
@@ -147,14 +147,13 @@ void describePath(const PathStats& stats, const PathPlaces& path, Report& report
     addDistance(path.units, group, "length", "length", stats.length, kMetreDigits);
     describeHeights(stats, path, group);
     describeRates(stats, path, group);
-    group.addCount("timelessSteps", "steps without time", stats.timelessSteps);
+    group.addCountIfAny("timelessSteps", "steps without time", stats.timelessSteps);
     if (stats.medianStep) {
         group.addSeconds("medianStep", "median step", *stats.medianStep);
     } else {
         group.addNone("medianStep", "median step", "none");
     }
-    describeStretches("gaps",
-                      fmt::format("steps above {} x the median step", PathStats::kGapFactor),
+    describeStretches("gaps", fmt::format("above {} x the median step", PathStats::kGapFactor),
                       stats.gaps, path, group);
     if (path.units.hasDistances()) {
         describeStretches("stops", "longer than 1 s within 5 cm", stats.stops, path, group);

@@ -25,61 +25,65 @@ constexpr std::uint64_t kPointsBetweenChecks = std::uint64_t{1} << 20;
 /// Where the scanner was, and whether it stood still.
 class ScannerPlace {
   public:
-    explicit ScannerPlace(const ScanPath& path) : path_(path) {}
+    explicit ScannerPlace(const ScanPath& path) : nodes_(path.nodes) {
+        for (const PathStretch& stop : path.stops) {
+            stops_.push_back({scanTimeOf(nodes_[stop.first]), scanTimeOf(nodes_[stop.last])});
+        }
+    }
 
     /// Goes to a scan time, not before the first node.
     /// @return false after the last node; the place stays then
     bool moveTo(double scanTime) {
-        const auto& nodes = path_.nodes;
-        const double end = nodes.back().time - nodes.front().time;
+        const double end = scanTimeOf(nodes_.back());
         if (scanTime > end + kTimeStep) {
             return false;
         }
-        // On the nodes' clock the sum would be rounded to what its large numbers can hold.
         scanTime_ = std::min(scanTime, end);
-        if (!isBetween(next_)) {
-            const auto later = [this](double time, const Ovr::VardexLib::TrajectoryNode& node) {
+        if (!isNext(next_)) {
+            const auto isBefore = [this](double time, const Node& node) {
                 return time < scanTimeOf(node);
             };
             next_ = static_cast<std::size_t>(
-                std::upper_bound(nodes.begin(), nodes.end(), scanTime_, later) - nodes.begin());
+                std::upper_bound(nodes_.begin(), nodes_.end(), scanTime_, isBefore) -
+                nodes_.begin());
         }
         return true;
     }
 
     Tq_1_1::Vec3d<double> position() const {
-        if (next_ == path_.nodes.size()) {
-            return positionOf(path_.nodes.back());
+        if (next_ == nodes_.size()) {
+            return positionOf(nodes_.back());
         }
-        const auto& before = path_.nodes[next_ - 1];
-        const auto& after = path_.nodes[next_];
+        const Node& before = nodes_[next_ - 1];
+        const Node& after = nodes_[next_];
         const double fraction = (scanTime_ - scanTimeOf(before)) / (after.time - before.time);
         const Tq_1_1::Vec3d<double> start = positionOf(before);
         return start + (positionOf(after) - start) * fraction;
     }
 
     bool isStill() const {
-        const auto ends = [this](const PathStretch& stop, double time) {
-            return scanTimeOf(path_.nodes[stop.last]) < time;
-        };
-        const auto stop = std::lower_bound(path_.stops.begin(), path_.stops.end(), scanTime_, ends);
-        return stop != path_.stops.end() && scanTimeOf(path_.nodes[stop->first]) <= scanTime_;
+        const auto stop = std::lower_bound(
+            stops_.begin(), stops_.end(), scanTime_,
+            [](const Range<double>& range, double time) { return range.high < time; });
+        return stop != stops_.end() && stop->low <= scanTime_;
     }
 
   private:
-    double scanTimeOf(const Ovr::VardexLib::TrajectoryNode& node) const {
-        return node.time - path_.nodes.front().time;
-    }
-    /// Whether the time lies after a node's predecessor, or at it, and before the node.
-    bool isBetween(std::size_t next) const {
-        return next > 0 && next < path_.nodes.size() &&
-               scanTimeOf(path_.nodes[next - 1]) <= scanTime_ &&
-               scanTime_ < scanTimeOf(path_.nodes[next]);
+    using Node = Ovr::VardexLib::TrajectoryNode;
+
+    double scanTimeOf(const Node& node) const { return node.time - nodes_.front().time; }
+    /// Whether a node is the first after the time. Points mostly come in the order of time, and
+    /// then the node of the last one often still is.
+    bool isNext(std::size_t next) const {
+        return next > 0 && next < nodes_.size() && scanTimeOf(nodes_[next - 1]) <= scanTime_ &&
+               scanTime_ < scanTimeOf(nodes_[next]);
     }
 
-    const ScanPath& path_;
+    std::span<const Node> nodes_;
+    std::vector<Range<double>> stops_;  ///< [s, scan time]
     double scanTime_ = 0.0;
-    std::size_t next_ = 0;  ///< number of the first node after the time; behind the last at the end
+    std::size_t next_ =
+        0;  ///< number of the first node after the time; that of the nodes at the end
 };
 
 /// Counts points by the second of scan time.

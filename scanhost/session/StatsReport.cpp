@@ -89,8 +89,8 @@ void describePoints(const ImportedScan& scan, const MobileScan& mobile,
     describePerSecond(stats, group);
     describeDistances(stats, scan.units, group);
     group.addCount("still", "while it stood still", stats.still);
-    group.addCount("atZero", "not counted, at scan time 0", stats.atZero);
-    group.addCount("outside", "after the last pose", stats.outside);
+    group.addCountIfAny("atZero", "not counted, at scan time 0", stats.atZero);
+    group.addCountIfAny("outside", "after the last pose", stats.outside);
 }
 
 PathStats describeOwnPath(const ImportedScan& scan, const MobileScan& mobile, Report& report) {
