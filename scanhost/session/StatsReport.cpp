@@ -67,6 +67,11 @@ void describeDistances(const ScanStats& stats, const ScanUnits& units, Report& r
     report.add("distances", "from the scanner", value, text);
 }
 
+/// Where it does not fit the points, a trajectory is taken to be in metres.
+ScanUnits pathUnits(const ImportedScan& scan) {
+    return scan.units.fitTrajectory() ? scan.units : ScanUnits();
+}
+
 void describePoints(const ImportedScan& scan, const MobileScan& mobile,
                     const std::optional<PathStats>& path, Report& report) {
     if (!mobile.points().getMobileScanData().getTimeZero()) {
@@ -88,15 +93,17 @@ void describePoints(const ImportedScan& scan, const MobileScan& mobile,
     const ScanStats stats = scanStats(mobile.points(), {mobile.nodes(), path->stops, hasDistances});
     describePerSecond(stats, group);
     describeDistances(stats, scan.units, group);
-    group.addCount("still", "while it stood still", stats.still);
+    if (pathUnits(scan).hasDistances()) {
+        group.addCount("still", "while it stood still", stats.still);
+    } else {
+        group.addNone("still", "while it stood still", "not known, see the stops");
+    }
     group.addCountIfAny("atZero", "not counted, at scan time 0", stats.atZero);
     group.addCountIfAny("outside", "after the last pose", stats.outside);
 }
 
 PathStats describeOwnPath(const ImportedScan& scan, const MobileScan& mobile, Report& report) {
-    // Where it does not fit the points, a trajectory is taken to be in metres.
-    const PathPlaces path{mobile.nodes(), scan.units.fitTrajectory() ? scan.units : ScanUnits(),
-                          scan.toWorld()};
+    const PathPlaces path{mobile.nodes(), pathUnits(scan), scan.toWorld()};
     const PathStats stats =
         pathStats(path.nodes, path.units.hasDistances()
                                   ? std::optional(kStopRadius / path.units.horizontal.factor)
