@@ -25,6 +25,7 @@
 #include "session/Require.h"
 #include "session/ScanReport.h"
 #include "session/SpooledInput.h"
+#include "session/StatsReport.h"
 
 namespace ScanHost {
 
@@ -42,6 +43,9 @@ class InfoCommand final : public Command {
                             pointsFileText("Points files"), projectFileText("scanner projects")))
             .required();
         declareScanSettings(options, scan_);
+        options.flag("--stats", stats_,
+                     "Also tell figures of the path, of the points' times and distances, and of "
+                     "what only LAS files hold");
         options.file("--picture", picture_, "FILE",
                      "Draw the scans from above, and each stance as a panorama into a file next "
                      "to it");
@@ -68,7 +72,11 @@ class InfoCommand final : public Command {
         warnOfUnits(scans, console);
         describeOrigin(*importer.project(), scans, report);
         for (const ImportedScan& scan : scans) {
-            describeScan(scan, host_, report.item("scans", "scan " + scan.name), console);
+            Report& item = report.item("scans", "scan " + scan.name);
+            describeScan(scan, host_, item, console);
+            if (stats_) {
+                describeStats(scan, item, console);
+            }
             Interrupt::check();
         }
         writeOutputs(scans, report);
@@ -169,6 +177,7 @@ class InfoCommand final : public Command {
 
     ScanOptions scan_;
     OutputRules rules_;
+    bool stats_ = false;
     std::optional<std::filesystem::path> picture_;
     std::optional<std::filesystem::path> projectOutput_;
     bool host_ = false;
