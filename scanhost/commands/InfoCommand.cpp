@@ -51,6 +51,7 @@ class InfoCommand final : public Command {
                      "to it");
         options.file("--project-output", projectOutput_, "FILE",
                      "Write what the point sets give into the host's project output");
+        declareHost(options, host_);
         declareForce(options, rules_);
     }
     void run(const CommonOptions& /*common*/, Console& console) override {
@@ -60,9 +61,6 @@ class InfoCommand final : public Command {
         ModuleSession session;
         ScanImporter importer(session, console);
         Report report;
-        Report& module = report.group("module", "module");
-        module.addText("name", "name", session.moduleName());
-        module.addText("version", "version", session.moduleVersion());
         std::vector<ImportedScan> scans;
         for (const std::string& file : scan_.files) {
             importFile(session, importer, file, scans, report, console);
@@ -75,13 +73,18 @@ class InfoCommand final : public Command {
         describeOrigin(*importer.project(), scans, report);
         for (const ImportedScan& scan : scans) {
             Report& item = report.item("scans", "scan " + scan.name);
-            describeScan(scan, item, console);
+            describeScan(scan, host_, item, console);
             if (stats_) {
                 describeStats(scan, item, console);
             }
             Interrupt::check();
         }
         writeOutputs(scans, report);
+        if (host_) {
+            Report& module = report.group("module", "module");
+            module.addText("name", "name", session.moduleName());
+            module.addText("version", "version", session.moduleVersion());
+        }
         console.show(report);
     }
 
@@ -121,14 +124,16 @@ class InfoCommand final : public Command {
                     std::vector<ImportedScan>& scans, Report& report, Console& console) const {
         if (Ovr::FormatRegistry::the().isProject(file)) {
             const auto project = openProject(session, console, file);
-            for (ImportedScan& scan : importProject(*project, importer, scan_, console)) {
+            for (ImportedScan& scan :
+                 importProject(*project, importer, scan_, console, Content::PointsForTimes)) {
                 scans.push_back(std::move(scan));
             }
-            describeProject(*project, report.item("projects", "project " + file));
+            describeProject(*project, host_, report.item("projects", "project " + file));
             return;
         }
         for (const Ovr::ScanListing& listing : importer.list(file, scan_)) {
-            scans.push_back(importer.import(listing, scan_, session.root()));
+            scans.push_back(
+                importer.import(listing, scan_, session.root(), Content::PointsForTimes));
         }
     }
 
@@ -175,6 +180,7 @@ class InfoCommand final : public Command {
     bool stats_ = false;
     std::optional<std::filesystem::path> picture_;
     std::optional<std::filesystem::path> projectOutput_;
+    bool host_ = false;
 };
 
 }  // namespace

@@ -206,7 +206,7 @@ TEST_F(LasFile, SaysWhatTheHeaderDoesNotCount) {
     } cases[] = {
         {"part of a record", 2, [](std::string& b) { b += std::string(27, 'x'); }, ""},
         {"two records more", 2, [](std::string& b) { b += std::string(60, 'x'); },
-         "60 bytes behind the last counted point, room for 2 points more than the header's 2"},
+         "60 bytes after the last counted point, room for 2 points more than the header's 2"},
         {"waveforms", 3,
          [](std::string& b) {
              poke(b, 227, static_cast<std::uint64_t>(b.size()));
