@@ -222,8 +222,9 @@ void Report::print(std::ostream& out, std::size_t indent) const {
         out << blanks(indent) << printable(title_) << '\n';
         indent += kIndent;
     }
+    const std::size_t width = labelWidth();
     for (const Entry& entry : entries_) {
-        printEntry(out, entry, indent, labelWidth());
+        printEntry(out, entry, indent, width);
     }
 }
 
