@@ -42,6 +42,7 @@ class InfoCommand final : public Command {
                 fmt::format("{} and {}, all of one project with one origin",
                             pointsFileText("Points files"), projectFileText("scanner projects")))
             .required();
+        declareLenient(options, scan_);
         declareScanSettings(options, scan_);
         options.flag("--stats", stats_,
                      "Also tell figures of the path, of the points' times and distances, and of "

@@ -202,9 +202,10 @@ class SortCommand final : public Command {
         } else {
             report.addSeconds("timeZero", "earliest time in the file", spans.range.first);
         }
-        report.addText("order", "order",
-                       "by time, to the microsecond; points of one time keep their order; nothing "
-                       "else in the file has changed");
+        report.addText(
+            "order", "order",
+            "by time, to the microsecond; points of one time keep their order" +
+                std::string(scan_.lenient ? "" : "; nothing else in the file has changed"));
         console.show(report);
     }
 
