@@ -41,6 +41,7 @@ class InfoCommand final : public Command {
                 fmt::format("{} and {}, all of one project with one origin",
                             pointsFileText("Points files"), projectFileText("scanner projects")))
             .required();
+        declareLenient(options, scan_);
         declareScanSettings(options, scan_);
         options.file("--picture", picture_, "FILE",
                      "Draw the scans from above, and each stance as a panorama into a file next "

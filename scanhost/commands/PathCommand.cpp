@@ -110,7 +110,7 @@ class PathCommand final : public ScanCommand {
         std::optional<Tq_1_1::Vec3d<double>> last;
         for (const Ovr::VardexLib::TrajectoryNode& node : nodes) {
             const double time = node.time - nodes.front().time;
-            if (!(time >= from && time <= to)) {
+            if (!isInStretch(time, from, to)) {
                 continue;
             }
             const Tq_1_1::Vec3d<double> position = toWorld.transform(positionOf(node));
