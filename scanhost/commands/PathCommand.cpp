@@ -98,6 +98,14 @@ class PathCommand final : public ScanCommand {
                                       shortText(stretch.start), shortText(stretch.end)),
                           ExitCode::WrongUsage);
         }
+        if (stretch.start > 1.0 || stretch.end < 0.0) {
+            throw unexpected(open.scan.source.file.string(),
+                             fmt::format("a stretch from {} to {} of the scan",
+                                         shortText(stretch.start), shortText(stretch.end)),
+                             fmt::format("one that meets the scan, which goes from {} to {} s",
+                                         fixedText(open.clock.shown(0.0), kSecondDigits),
+                                         fixedText(open.clock.shown(duration), kSecondDigits)));
+        }
         return stretch;
     }
 
