@@ -92,10 +92,9 @@ void MobileScan::cutTrajectory(double from, double to) {
         }
     }
     if (kept.empty()) {
-        throw unexpected(
-            scan_.source.file.string(),
-            fmt::format("no node from scan time {} to {} s", shortText(from), shortText(to)),
-            fmt::format("some, the trajectory lasts {} s", shortText(nodes().back().time - zero)));
+        throw unexpected(scan_.source.file.string(), "no node between the times asked for",
+                         fmt::format("some of the scan times 0 .. {} s",
+                                     fixedText(nodes().back().time - zero, kSecondDigits)));
     }
     points_->getMobileScanData().setTrajectoryNodes(std::move(kept));
     loadTrajectory();

@@ -222,7 +222,8 @@ void writeLasFiles(const Folder& folder) {
 TEST(Replay, SessionsWorkedByHandPrintWhatWasWorkedOut) {
     const std::filesystem::path room =
         std::filesystem::path(SCANHOST_DOCUMENTS) / "tests" / "scanhost";
-    for (const auto& [document, steps] : {std::pair{"by-hand.md", 45U}, {"refusals.md", 40U}}) {
+    for (const auto& [document, steps] :
+         {std::pair{"by-hand.md", 45U}, {"refusals.md", 40U}, {"told.md", 60U}}) {
         const Folder folder;
         writeLasFiles(folder);
         EXPECT_GT(replay(room / document, folder), steps) << document;
