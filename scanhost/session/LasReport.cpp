@@ -11,13 +11,13 @@
 #include <date/date.h>
 #include <fmt/format.h>
 
-#include "Ovr/FormatRegistry.h"
 #include "kit/InputFile.h"
 #include "las/LasDamage.h"
 #include "las/LasNames.h"
 
 #include "report/NumberText.h"
 #include "session/Interrupt.h"
+#include "session/LasFile.h"
 #include "session/Require.h"
 
 namespace ScanHost {
@@ -204,8 +204,7 @@ void describeDifferences(const LasHeader& header, const LasFacts& facts, const S
 }  // namespace
 
 std::optional<LasDescription> readLas(const ImportedScan& scan, Console& console) {
-    const auto format = Ovr::FormatRegistry::the().find(scan.source.file);
-    if (!format || format->name() != "LAS") {
+    if (!isLas(scan.source)) {
         return std::nullopt;
     }
     Ovr::Formats::InputFile file;

@@ -15,6 +15,7 @@
 #include "report/Failure.h"
 #include "report/NumberText.h"
 #include "session/Interrupt.h"
+#include "session/LasFile.h"
 #include "session/MobileScan.h"
 #include "session/Require.h"
 
@@ -73,6 +74,9 @@ ImportedScan ScanImporter::import(const Ovr::ScanListing& listing, const ScanOpt
         Ovr::chooseOrigin({{listing.classIdentifier, listing.name, scan.source}});
         scan.pointSet->setFileInfo(fileInfoOf(scan.source));
     } else {
+        if (content == Content::PointsForTimes) {
+            makeRoomForTimes(scan);
+        }
         readPoints(scan);
         console_.warn(scan.pointSet->getIScanData().getWarnings());
     }
@@ -92,6 +96,15 @@ std::shared_ptr<Vardex::CorvinPointSet> ScanImporter::createPointSet(
         throw Failure(listing.classIdentifier + ": the class is none of the module's");
     }
     return points;
+}
+
+/// Records that have room for times from the start need not be converted when times are loaded.
+void ScanImporter::makeRoomForTimes(const ImportedScan& scan) {
+    const auto mobile = std::dynamic_pointer_cast<Vardex::CorvinMobilePointSet>(scan.pointSet);
+    const auto header = lasHeaderOf(scan.source);
+    if (mobile && header && Ovr::Formats::lasRecordLayout(header->format).time) {
+        requireOk(mobile->enableTimeStamps(true), scan.name);
+    }
 }
 
 void ScanImporter::readPoints(const ImportedScan& scan) const {

@@ -19,7 +19,11 @@
 namespace ScanHost {
 
 /// What of a scan is read when it is imported. Questions about the path never touch the points.
-enum class Content { Points, PathOnly };
+enum class Content {
+    PathOnly,
+    Points,
+    PointsForTimes,  ///< with room for times in their records, where the file has times
+};
 
 /// Imports scans through the module into one project: they share one origin.
 class ScanImporter {
@@ -41,6 +45,7 @@ class ScanImporter {
 
   private:
     std::shared_ptr<Vardex::CorvinPointSet> createPointSet(const Ovr::ScanListing& listing) const;
+    static void makeRoomForTimes(const ImportedScan& scan);
     void readPoints(const ImportedScan& scan) const;
 
     ModuleSession& session_;
