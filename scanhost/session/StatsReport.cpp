@@ -59,7 +59,7 @@ void describeDistances(const ScanStats& stats, const ScanUnits& units, Report& r
     const auto add = [&](const char* name, double distance) {
         value[name] = jsonNumber(distance);
         text += fmt::format("{}{} {}{}", text.empty() ? "" : ", ", name,
-                            fixedText(distance, kMetreDigits), units.behind());
+                            fixedText(distance, kMetreDigits), units.suffix());
     };
     add("least", stats.distances->least);
     add("median", stats.distances->median);
