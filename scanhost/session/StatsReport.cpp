@@ -104,7 +104,7 @@ void describePoints(const ImportedScan& scan, const MobileScan& mobile,
 
 PathStats describeOwnPath(const ImportedScan& scan, const MobileScan& mobile, Report& report) {
     const PathPlaces path{mobile.nodes(), pathUnits(scan), scan.toWorld()};
-    const PathStats stats =
+    PathStats stats =
         pathStats(path.nodes, path.units.hasDistances()
                                   ? std::optional(kStopRadius / path.units.horizontal.factor)
                                   : std::nullopt);
