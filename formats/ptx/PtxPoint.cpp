@@ -92,8 +92,8 @@ void PtxPointParser::remark(Remarks& remarks, const std::string& file) const {
             oddIntensity_.first));
     }
     if (oddColor_.count != 0) {
-        remarks.warn(fmt::format("{}: {} outside 0 .. {:.9g} were cut to that, first at line {}",
-                                 file, countText(oddColor_.count, "colour channel"),
+        remarks.warn(fmt::format("{}: {} outside 0 .. {:.9g}, cut to that, first at line {}", file,
+                                 countText(oddColor_.count, "colour channel"),
                                  kLargestChannel / channelScale_, oddColor_.first));
     }
     placer_.report(remarks, file, {kResolution, kResolution, kResolution}, "the scanner", " m");

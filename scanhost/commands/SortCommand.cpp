@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <limits>
 #include <map>
+#include <string>
 #include <vector>
 
 #include <fmt/format.h>
@@ -71,7 +72,9 @@ class SortCommand final : public Command {
         rules_.protect(scan_);
         rules_.check(output);
         ModuleSession session;
-        source_ = findOne(session, console, scan_).source;
+        const Ovr::ScanListing scan = findOne(session, console, scan_);
+        name_ = scan.name;
+        source_ = scan.source;
         rules_.protect(source_.file);
         rules_.check(output);
         requireLas();
@@ -123,7 +126,7 @@ class SortCommand final : public Command {
             work_));
         if (spans.withoutTime > 0) {
             console.warn(
-                fmt::format("{}: {} of {} have a time that is no finite number; they go to the end",
+                fmt::format("{}: {} of {} with a time that is no finite number; they go to the end",
                             source_.file.string(), spans.withoutTime,
                             countText(file_.count(), "point", "points")));
         }
@@ -192,8 +195,8 @@ class SortCommand final : public Command {
     }
 
     void describe(const Spans& spans, std::uint64_t sharing, Console& console) const {
-        Report report(source_.file.filename().string());
-        report.addHidden("scan", printable(source_.file.filename().string()));
+        Report report(name_);
+        report.addHidden("scan", printable(name_));
         report.addText("file", "written to", output_.string());
         report.addCount("points", "points", file_.count());
         report.addCount("sharingTime", "sharing their time with another", sharing);
@@ -212,6 +215,7 @@ class SortCommand final : public Command {
     ScanOptions scan_;
     OutputRules rules_;
     std::filesystem::path output_;
+    std::string name_;
     Ovr::ScanSource source_;
     Ovr::Formats::LasReorder file_;
     Interrupt interrupt_;

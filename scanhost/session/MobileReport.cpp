@@ -29,10 +29,14 @@ void MobileReport::loadTrajectory() {
         }
         console_.warn(failure.what());
         noPath_ = "not readable, see the warning";
+        noTimes_ = "not loaded, see the warning";
     }
 }
 
 void MobileReport::loadTimes() {
+    if (!noTimes_.empty()) {
+        return;  // they count from the trajectory's first node
+    }
     try {
         hasTimes_ = mobile_.loadTimes();
         noTimes_ = "none in the file";
