@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 // Single-point access through the host's interface, per layout and form of address, against a raw
-// loop over the same records and against one virtual call without any test.
+// loop over records of the same size and against one virtual call to them without any test.
 
 #include <benchmark/benchmark.h>
 
@@ -72,10 +72,10 @@ void readRaw(benchmark::State& state) {
     finish(state);
 }
 
+template <typename Record>
 void readOpaque(benchmark::State& state) {
     const auto count = static_cast<std::uint64_t>(state.range(0));
-    const auto points =
-        Vardex::Bench::makeOpaquePoints(recordsOf<PlainRecord>(randomPoints(count)));
+    const auto points = Vardex::Bench::makeOpaquePoints(recordsOf<Record>(randomPoints(count)));
     for (auto _ : state) {
         std::uint64_t sum = 0;
         for (std::uint64_t i = 0; i < count; ++i) {
@@ -173,7 +173,7 @@ void writeRaw(benchmark::State& state) {
 /// Writes points that lie in an array, as a reader that decodes in blocks does.
 void writeByItem(benchmark::State& state, PointRecordLayout layout) {
     const auto points = randomPoints(static_cast<std::size_t>(state.range(0)));
-    const auto set = Vardex::Bench::makePointSet(layout, kRows, colsOf(state));
+    const auto set = filledSet(state, layout);  // no page of it is new
     for (auto _ : state) {
         for (std::uint64_t i = 0; i < points.size(); ++i) {
             set->setScanPt(SelectItem{i, 0, 0, 0}, points[i]);
@@ -184,29 +184,33 @@ void writeByItem(benchmark::State& state, PointRecordLayout layout) {
 }
 
 void sizes(benchmark::internal::Benchmark* bench) {
-    bench->Arg(10'000)->Arg(1'000'000)->Arg(10'000'000)->Unit(benchmark::kMillisecond);
+    bench->Arg(10'000)->Arg(10'000'000)->Unit(benchmark::kMillisecond);
+}
+void sizesAndGrowth(benchmark::internal::Benchmark* bench) {
+    bench->Apply(sizes)->Arg(50'000'000)->Arg(100'000'000);
 }
 
-BENCHMARK(readRaw<PlainRecord>)->Apply(sizes);
-BENCHMARK(readRaw<ReflectionRecord>)->Apply(sizes);
-BENCHMARK(readRaw<TimeRecord>)->Apply(sizes);
-BENCHMARK(readRaw<ReflectionTimeRecord>)->Apply(sizes);
-BENCHMARK(readOpaque)->Apply(sizes);
-BENCHMARK_CAPTURE(readByItem, Plain, PointRecordLayout::Plain)->Apply(sizes);
-BENCHMARK_CAPTURE(readByItem, WithReflection, PointRecordLayout::WithReflection)->Apply(sizes);
-BENCHMARK_CAPTURE(readByItem, WithTime, PointRecordLayout::WithTime)->Apply(sizes);
-BENCHMARK_CAPTURE(readByItem, WithReflectionAndTime, PointRecordLayout::WithReflectionAndTime)
-    ->Apply(sizes);
-BENCHMARK_CAPTURE(readByCell, Plain, PointRecordLayout::Plain)->Apply(sizes);
-BENCHMARK_CAPTURE(readByIndex, Plain, PointRecordLayout::Plain)->Apply(sizes);
-BENCHMARK_CAPTURE(colorByCell, Plain, PointRecordLayout::Plain)->Apply(sizes);
-BENCHMARK_CAPTURE(reflectionByCell, Plain, PointRecordLayout::Plain)->Apply(sizes);
-BENCHMARK_CAPTURE(reflectionByCell, WithReflection, PointRecordLayout::WithReflection)
-    ->Apply(sizes);
-BENCHMARK(writeRaw<PlainRecord>)->Apply(sizes);
-BENCHMARK(writeRaw<ReflectionTimeRecord>)->Apply(sizes);
-BENCHMARK_CAPTURE(writeByItem, Plain, PointRecordLayout::Plain)->Apply(sizes);
-BENCHMARK_CAPTURE(writeByItem, WithReflectionAndTime, PointRecordLayout::WithReflectionAndTime)
-    ->Apply(sizes);
+#define BENCHMARK_EACH_RECORD(function, arguments)           \
+    BENCHMARK(function<PlainRecord>)->Apply(arguments);      \
+    BENCHMARK(function<ReflectionRecord>)->Apply(arguments); \
+    BENCHMARK(function<TimeRecord>)->Apply(arguments);       \
+    BENCHMARK(function<ReflectionTimeRecord>)->Apply(arguments)
+#define BENCHMARK_EACH_LAYOUT(function, arguments)                                               \
+    BENCHMARK_CAPTURE(function, Plain, PointRecordLayout::Plain)->Apply(arguments);              \
+    BENCHMARK_CAPTURE(function, WithReflection, PointRecordLayout::WithReflection)               \
+        ->Apply(arguments);                                                                      \
+    BENCHMARK_CAPTURE(function, WithTime, PointRecordLayout::WithTime)->Apply(arguments);        \
+    BENCHMARK_CAPTURE(function, WithReflectionAndTime, PointRecordLayout::WithReflectionAndTime) \
+        ->Apply(arguments)
+
+BENCHMARK_EACH_RECORD(readRaw, sizes);
+BENCHMARK_EACH_RECORD(readOpaque, sizesAndGrowth);
+BENCHMARK_EACH_LAYOUT(readByItem, sizesAndGrowth);
+BENCHMARK_EACH_LAYOUT(readByIndex, sizes);
+BENCHMARK_EACH_LAYOUT(readByCell, sizes);
+BENCHMARK_EACH_LAYOUT(colorByCell, sizes);
+BENCHMARK_EACH_LAYOUT(reflectionByCell, sizes);
+BENCHMARK_EACH_RECORD(writeRaw, sizesAndGrowth);
+BENCHMARK_EACH_LAYOUT(writeByItem, sizesAndGrowth);
 
 }  // namespace
