@@ -8,7 +8,6 @@
 
 #include <bit>
 #include <cstdint>
-#include <random>
 #include <vector>
 
 #include "BenchPointSets.h"
@@ -35,13 +34,13 @@ std::uint64_t bitsOf(const ScanPoint& point) {
            std::bit_cast<std::uint32_t>(point.y) + std::bit_cast<std::uint32_t>(point.z);
 }
 
-std::vector<ScanPoint> randomPoints(std::size_t count) {
-    std::mt19937 random(20260417);
-    std::uniform_real_distribution<float> coordinate(-30.0F, 30.0F);
+/// Made anew for each run: it must not take longer than what is measured.
+std::vector<ScanPoint> makePoints(std::size_t count) {
     std::vector<ScanPoint> points(count);
-    for (ScanPoint& point : points) {
-        point.setPosition({coordinate(random), coordinate(random), coordinate(random)});
-        point.color = {{1, 2, 3, 1}};
+    for (std::size_t i = 0; i < count; ++i) {
+        const float along = static_cast<float>(i % 60000) * 0.001F - 30.0F;
+        points[i].setPosition({along, -along, 0.5F * along});
+        points[i].color = {{1, 2, 3, 1}};
     }
     return points;
 }
@@ -61,7 +60,7 @@ void finish(benchmark::State& state) {
 
 template <typename Record>
 void readRaw(benchmark::State& state) {
-    const auto records = recordsOf<Record>(randomPoints(static_cast<std::size_t>(state.range(0))));
+    const auto records = recordsOf<Record>(makePoints(static_cast<std::size_t>(state.range(0))));
     for (auto _ : state) {
         std::uint64_t sum = 0;
         for (const Record& record : records) {
@@ -75,7 +74,7 @@ void readRaw(benchmark::State& state) {
 template <typename Record>
 void readOpaque(benchmark::State& state) {
     const auto count = static_cast<std::uint64_t>(state.range(0));
-    const auto points = Vardex::Bench::makeOpaquePoints(recordsOf<Record>(randomPoints(count)));
+    const auto points = Vardex::Bench::makeOpaquePoints(recordsOf<Record>(makePoints(count)));
     for (auto _ : state) {
         std::uint64_t sum = 0;
         for (std::uint64_t i = 0; i < count; ++i) {
@@ -88,7 +87,7 @@ void readOpaque(benchmark::State& state) {
 
 std::shared_ptr<PointSet> filledSet(const benchmark::State& state, PointRecordLayout layout) {
     auto set = Vardex::Bench::makePointSet(layout, kRows, colsOf(state));
-    const auto points = randomPoints(static_cast<std::size_t>(state.range(0)));
+    const auto points = makePoints(static_cast<std::size_t>(state.range(0)));
     for (std::uint64_t i = 0; i < points.size(); ++i) {
         set->setScanPt(i, points[i]);
     }
@@ -159,7 +158,7 @@ void reflectionByCell(benchmark::State& state, PointRecordLayout layout) {
 
 template <typename Record>
 void writeRaw(benchmark::State& state) {
-    const auto points = randomPoints(static_cast<std::size_t>(state.range(0)));
+    const auto points = makePoints(static_cast<std::size_t>(state.range(0)));
     auto records = recordsOf<Record>(points);
     for (auto _ : state) {
         for (std::size_t i = 0; i < points.size(); ++i) {
@@ -172,7 +171,7 @@ void writeRaw(benchmark::State& state) {
 
 /// Writes points that lie in an array, as a reader that decodes in blocks does.
 void writeByItem(benchmark::State& state, PointRecordLayout layout) {
-    const auto points = randomPoints(static_cast<std::size_t>(state.range(0)));
+    const auto points = makePoints(static_cast<std::size_t>(state.range(0)));
     const auto set = filledSet(state, layout);  // no page of it is new
     for (auto _ : state) {
         for (std::uint64_t i = 0; i < points.size(); ++i) {

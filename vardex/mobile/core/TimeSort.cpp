@@ -84,8 +84,6 @@ bool sortOnSeveralThreads(std::span<Record> records) {
     try {
         // Alone: while this thread waits for its helpers it runs no job of the host. It holds the
         // re-entrant write lock, and the job would see half-sorted records.
-        // Not std::sort with std::execution::par: that of libstdc++ never gives back most of its
-        // tasks' memory, about 1.7 MB for each million records, and wants spare records.
         oneapi::tbb::this_task_arena::isolate(
             [records] { TimeBuckets::sort(records, onSeveralThreads); });
         return true;
