@@ -189,11 +189,6 @@ void growth(benchmark::internal::Benchmark* bench) {
     bench->Arg(50'000'000)->Arg(100'000'000)->Unit(benchmark::kMillisecond);
 }
 
-#define BENCHMARK_EACH_RECORD(function)                  \
-    BENCHMARK(function<PlainRecord>)->Apply(sizes);      \
-    BENCHMARK(function<ReflectionRecord>)->Apply(sizes); \
-    BENCHMARK(function<TimeRecord>)->Apply(sizes);       \
-    BENCHMARK(function<ReflectionTimeRecord>)->Apply(sizes)
 #define BENCHMARK_EACH_LAYOUT(function)                                                           \
     BENCHMARK_CAPTURE(function, Plain, PointRecordLayout::Plain)->Apply(sizes);                   \
     BENCHMARK_CAPTURE(function, WithReflection, PointRecordLayout::WithReflection)->Apply(sizes); \
@@ -201,14 +196,23 @@ void growth(benchmark::internal::Benchmark* bench) {
     BENCHMARK_CAPTURE(function, WithReflectionAndTime, PointRecordLayout::WithReflectionAndTime)  \
         ->Apply(sizes)
 
-BENCHMARK_EACH_RECORD(readRaw);
-BENCHMARK_EACH_RECORD(readOpaque);
+BENCHMARK(readRaw<PlainRecord>)->Apply(sizes);
+BENCHMARK(readRaw<ReflectionRecord>)->Apply(sizes);
+BENCHMARK(readRaw<TimeRecord>)->Apply(sizes);
+BENCHMARK(readRaw<ReflectionTimeRecord>)->Apply(sizes);
+BENCHMARK(readOpaque<PlainRecord>)->Apply(sizes);
+BENCHMARK(readOpaque<ReflectionRecord>)->Apply(sizes);
+BENCHMARK(readOpaque<TimeRecord>)->Apply(sizes);
+BENCHMARK(readOpaque<ReflectionTimeRecord>)->Apply(sizes);
 BENCHMARK_EACH_LAYOUT(readByItem);
 BENCHMARK_EACH_LAYOUT(readByIndex);
 BENCHMARK_EACH_LAYOUT(readByCell);
 BENCHMARK_EACH_LAYOUT(colorByCell);
 BENCHMARK_EACH_LAYOUT(reflectionByCell);
-BENCHMARK_EACH_RECORD(writeRaw);
+BENCHMARK(writeRaw<PlainRecord>)->Apply(sizes);
+BENCHMARK(writeRaw<ReflectionRecord>)->Apply(sizes);
+BENCHMARK(writeRaw<TimeRecord>)->Apply(sizes);
+BENCHMARK(writeRaw<ReflectionTimeRecord>)->Apply(sizes);
 BENCHMARK_EACH_LAYOUT(writeByItem);
 BENCHMARK_CAPTURE(readByItem, WithTime, PointRecordLayout::WithTime)->Apply(growth);
 BENCHMARK_CAPTURE(writeByItem, WithTime, PointRecordLayout::WithTime)->Apply(growth);

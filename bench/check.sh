@@ -23,7 +23,7 @@ noted=$(awk -F' *[|] *' 'NF == 7 && $3 ~ /^`.*`$/ && $4 ~ /^`.*`$/ && $5 ~ /^`.*
 medians() {
   local program=$1 names
   shift
-  names=$(printf '%s\n' "$@" | sed 's/[][.*+?(){}^$|\\]/\\&/g' | paste -sd '|')
+  names=$(printf '%s\n' "$@" | sed 's/[][\.*+?(){}^$|]/\\&/g' | paste -sd '|')
   "$programs/$program" --benchmark_filter="^($names)\$" --benchmark_format=csv \
     --benchmark_repetitions="$repetitions" --benchmark_enable_random_interleaving=true \
     --benchmark_report_aggregates_only=true 2>/dev/null |
