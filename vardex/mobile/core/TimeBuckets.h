@@ -79,7 +79,7 @@ void fillBuckets(std::span<Record> records, const Digit& digit, const Starts& st
     }
 }
 
-/// @param forEach  forEach(count, visit) calls visit(0) to visit(count - 1), in any order and on any
+/// @param forEach  forEach(count, visit) calls visit(0) to visit(count - 1), in any order, on any
 ///                 threads
 template <typename Record, typename ForEach>
 void sort(std::span<Record> records, const ForEach& forEach) {
