@@ -61,7 +61,7 @@ Starts startsOf(std::span<const Record> records, const Digit& digit) {
 }
 
 /// Swaps records into their buckets. In each round the record at every place that is not settled
-/// goes to the end of what its bucket has; the swaps do not wait for each other, as they would along
+/// goes to the end of what its bucket has; the swaps do not wait for each other, as they would on
 /// a cycle of the permutation.
 template <typename Record>
 void fillBuckets(std::span<Record> records, const Digit& digit, const Starts& starts) {
