@@ -11,20 +11,27 @@ namespace Vardex::Bench {
 
 namespace {
 
+template <typename Record>
 class VectorPoints final : public OpaquePoints {
   public:
-    explicit VectorPoints(std::vector<PlainRecord> records) : records_(std::move(records)) {}
+    explicit VectorPoints(std::vector<Record> records) : records_(std::move(records)) {}
     const ScanPoint& pointAt(std::uint64_t index) const override { return records_[index].point; }
 
   private:
-    std::vector<PlainRecord> records_;
+    std::vector<Record> records_;
 };
 
 }  // namespace
 
-std::unique_ptr<OpaquePoints> makeOpaquePoints(std::vector<PlainRecord> records) {
-    return std::make_unique<VectorPoints>(std::move(records));
+template <typename Record>
+std::unique_ptr<OpaquePoints> makeOpaquePoints(std::vector<Record> records) {
+    return std::make_unique<VectorPoints<Record>>(std::move(records));
 }
+
+template std::unique_ptr<OpaquePoints> makeOpaquePoints(std::vector<PlainRecord>);
+template std::unique_ptr<OpaquePoints> makeOpaquePoints(std::vector<ReflectionRecord>);
+template std::unique_ptr<OpaquePoints> makeOpaquePoints(std::vector<TimeRecord>);
+template std::unique_ptr<OpaquePoints> makeOpaquePoints(std::vector<ReflectionTimeRecord>);
 
 std::shared_ptr<Hx::PointSet> makePointSet(PointRecordLayout layout, int rows, int cols) {
     auto set = std::make_shared<CorvinMobilePointSet>(L"bench");

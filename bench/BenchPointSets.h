@@ -21,7 +21,9 @@ class OpaquePoints {
     virtual const ScanPoint& pointAt(std::uint64_t index) const = 0;
 };
 
-std::unique_ptr<OpaquePoints> makeOpaquePoints(std::vector<PlainRecord> records);
+/// @tparam Record  of any layout
+template <typename Record>
+std::unique_ptr<OpaquePoints> makeOpaquePoints(std::vector<Record> records);
 
 /// A point set of one layout with valid data.
 std::shared_ptr<Hx::PointSet> makePointSet(PointRecordLayout layout, int rows, int cols);

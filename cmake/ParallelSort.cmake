@@ -1,4 +1,4 @@
-# The parallel sort is that of oneTBB. Without it, points are sorted on one thread.
+# The parallel sort runs on oneTBB. Without it, points are sorted on one thread.
 
 # Looks for oneTBB unless the serial sort is asked for; TBB_FOUND says whether it is used.
 macro(vardex_find_one_tbb)

@@ -4,11 +4,17 @@
 #include "pointset/core/PointRecordStore.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <unistd.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
+#include <fstream>
 #include <iterator>
+#include <new>
 #include <stdexcept>
+#include <string>
 
 namespace Vardex {
 namespace {
@@ -143,6 +149,64 @@ TEST(PointRecordStore, ReflectionAndColourExcludeEachOtherOnlyWhereTheyShareByte
         EXPECT_EQ(store.pointAt(0).color, separate ? kept : replaced);
         EXPECT_EQ(store.pointAt(0).position().x, 7.0F);
     }
+}
+
+/// Points are numbered from 0 on, in x and in the reflection.
+void expectNumbers(const PointRecordStore& store, std::size_t count) {
+    for (std::size_t i = 0; i < count; ++i) {
+        ASSERT_EQ(store.pointAt(i).position().x, static_cast<float>(i));
+        ASSERT_EQ(store.reflectionAt(i), static_cast<std::uint16_t>(i));
+    }
+}
+
+PointRecordStore numberedPoints(std::uint32_t count, PointRecordLayout layout) {
+    PointRecordStore store;
+    store.resetRecords(1, count, layout);
+    for (std::uint32_t i = 0; i < count; ++i) {
+        store.setPointAt(i, makePoint(static_cast<float>(i), 10, 0));
+        store.setReflectionAt(i, static_cast<std::uint16_t>(i));
+    }
+    return store;
+}
+
+/// Large blocks of memory move otherwise than small ones.
+TEST(PointRecordStore, KeepsEveryRecordOfSmallAndLargeScans) {
+    for (const std::uint32_t count : {7U, 100000U}) {
+        for (const PointRecordLayout layout : kLayouts) {
+            SCOPED_TRACE(std::to_string(count) + " in " + std::string(layoutName(layout)));
+            PointRecordStore store = numberedPoints(count, layout);
+            store.addTimes();
+            ASSERT_EQ(store.layout(), RecordLayouts::timed(layout));
+            EXPECT_EQ(store.bytesHeld(), count * RecordLayouts::recordSize(store.layout()));
+            expectNumbers(store, count);
+            std::uint32_t kept = count;
+            for (const std::uint32_t size : {2 * count, count - 2, 5U, 3 * count}) {
+                store.resetRecords(size, 1, store.layout());
+                kept = std::min(kept, size);
+                expectNumbers(store, kept);
+            }
+            expectSamePoint(store.pointAt(3 * count - 1), ScanPoint{});
+        }
+    }
+}
+
+TEST(PointRecordStore, IsUnchangedWhenThereIsNoMemoryForTheTimes) {
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    GTEST_SKIP() << "sanitizers need the address space";
+#endif
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const auto addTimesAndExit = [] {
+        PointRecordStore store = numberedPoints(4'000'000, Plain);
+        std::size_t pages = 0;
+        std::ifstream("/proc/self/statm") >> pages;
+        const rlimit limit{pages * static_cast<rlim_t>(getpagesize()) + 8'000'000, RLIM_INFINITY};
+        ASSERT_EQ(setrlimit(RLIMIT_AS, &limit), 0);
+        EXPECT_THROW(store.addTimes(), std::bad_alloc);
+        EXPECT_EQ(store.layout(), Plain);
+        expectNumbers(store, store.size());
+        std::_Exit(testing::Test::HasFailure() || store.size() != 4'000'000 ? 1 : 0);
+    };
+    EXPECT_EXIT(addTimesAndExit(), testing::ExitedWithCode(0), "");
 }
 
 TEST(PointRecordStore, AnImpossibleSizingThrowsAndChangesNothing) {

@@ -38,6 +38,18 @@ Times ascendingTimes(std::size_t count, std::size_t swapDistance, std::size_t ro
     return times;
 }
 
+Times timesBelow(std::uint32_t limit) {
+    Times times = randomTimes(kCount);
+    std::for_each(times.begin(), times.end(), [limit](std::uint32_t& time) { time %= limit; });
+    return times;
+}
+
+Times oneFarLater() {
+    Times times = timesBelow(70000);
+    times[kCount / 3] = 4294967295U;
+    return times;
+}
+
 /// Sorts records that know their own number and compares them with the times they started with.
 /// @param prepare  called directly before the sort
 template <typename Record>
@@ -67,6 +79,8 @@ TEST(TimeSort, OrdersWholeRecords) {
         {"none", {}},
         {"largest time", {4294967295, 0, 2147483648, 2147483647}},
         {"random", randomTimes(kCount)},
+        {"four times", timesBelow(4)},
+        {"one far later", oneFarLater()},
         {"in order", ascendingTimes(kCount, 0, 0)},
         {"swapped near by", ascendingTimes(kCount, 40, 0)},
         {"first comes last", ascendingTimes(kCount, 0, 1)},

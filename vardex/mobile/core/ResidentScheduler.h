@@ -5,9 +5,9 @@
 
 #include <cstddef>
 
-/// The scheduler under the standard library's parallel sort: oneTBB, which the process may share
-/// with the host and with other modules. The module starts it and ends nothing: its threads, tasks
-/// and observers may be somebody else's.
+/// The scheduler under the parallel sort: oneTBB, which the process may share with the host and
+/// with other modules. The module starts it and ends nothing: its threads, tasks and observers may
+/// be somebody else's.
 namespace Vardex::ResidentScheduler {
 
 /// Makes sure that work may be given to oneTBB from this thread now.

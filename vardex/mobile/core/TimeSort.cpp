@@ -3,14 +3,16 @@
 
 #include "mobile/core/TimeSort.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <new>
 #include <span>
 #if defined(VARDEX_PARALLEL_SORT)
-#include <oneapi/tbb/parallel_sort.h>
+#include <oneapi/tbb/parallel_for.h>
 #include <oneapi/tbb/task_arena.h>
+#endif
 
+#include "mobile/core/TimeBuckets.h"
+#if defined(VARDEX_PARALLEL_SORT)
 #include "mobile/core/ResidentScheduler.h"
 #endif
 
@@ -62,20 +64,28 @@ bool sortNearlySorted(std::span<Record> records) {
     return true;
 }
 
+constexpr auto oneAfterTheOther = [](std::size_t count, const auto& visit) {
+    for (std::size_t i = 0; i < count; ++i) {
+        visit(i);
+    }
+};
+
 #if defined(VARDEX_PARALLEL_SORT)
+constexpr auto onSeveralThreads = [](std::size_t count, const auto& visit) {
+    oneapi::tbb::parallel_for(std::size_t{0}, count, visit);
+};
+
 /// @return false when one thread must sort; the records are complete then, in any order
 template <typename Record>
 bool sortOnSeveralThreads(std::span<Record> records) {
-    if (!ResidentScheduler::isReady(0)) {
+    if (records.size() <= TimeBuckets::kManyRecords || !ResidentScheduler::isReady(0)) {
         return false;
     }
     try {
         // Alone: while this thread waits for its helpers it runs no job of the host. It holds the
         // re-entrant write lock, and the job would see half-sorted records.
-        // Not std::sort with std::execution::par: that of libstdc++ never gives back most of its
-        // tasks' memory, about 1.7 MB for each million records, and wants spare records.
         oneapi::tbb::this_task_arena::isolate(
-            [records] { oneapi::tbb::parallel_sort(records.begin(), records.end(), earlier); });
+            [records] { TimeBuckets::sort(records, onSeveralThreads); });
         return true;
     } catch (const std::bad_alloc&) {
         return false;
@@ -91,7 +101,7 @@ bool sortOnSeveralThreads(std::span<Record>) {
 template <typename Record>
 void sortRecords(std::span<Record> records) {
     if (!sortNearlySorted(records) && !sortOnSeveralThreads(records)) {
-        std::sort(records.begin(), records.end(), earlier);
+        TimeBuckets::sort(records, oneAfterTheOther);
     }
 }
 

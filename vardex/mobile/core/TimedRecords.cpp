@@ -9,31 +9,18 @@
 
 namespace Vardex::TimedRecords {
 
-namespace {
-
-/// Copies the active records into a timed store of the same size.
-void copyRecords(const PointRecordStore& from, PointRecordStore& to) {
-    from.visitRecords([&to]<typename Record>(std::span<const Record> records) {
-        const auto timed = to.records<typename Record::Timed>();
-        for (std::size_t i = 0; i < records.size(); ++i) {
-            records[i].copyTo(timed[i]);
-        }
-    });
-}
-
-}  // namespace
-
 void addPointTimes(PointRecordStore& store, std::uint32_t rows, std::uint32_t cols) {
     const PointRecordLayout layout = RecordLayouts::timed(store.layout());
     if (layout == store.layout()) {
         return;
     }
-    PointRecordStore timed;
-    timed.resetRecords(rows, cols, layout);
     if (store.rows() == rows && store.cols() == cols) {
-        copyRecords(store, timed);
+        store.addTimes();
+    } else {
+        PointRecordStore timed;
+        timed.resetRecords(rows, cols, layout);
+        store = std::move(timed);
     }
-    store = std::move(timed);
 }
 
 std::uint32_t timeAt(const PointRecordStore& store, std::uint64_t index) {

@@ -7,7 +7,6 @@
 #include <cstdint>
 #include <tuple>
 #include <type_traits>
-#include <vector>
 
 #include "pointset/PointRecordLayout.h"
 
@@ -25,9 +24,6 @@ struct LayoutEntry {
 template <typename... Entries>
 class LayoutList {
   public:
-    /// One vector of records for each line.
-    using Vectors = std::tuple<std::vector<typename Entries::Record>...>;
-
     /// Calls visit(std::type_identity<Record>) with the record of a layout; for None nothing is
     /// called.
     template <typename Visit>
@@ -37,12 +33,11 @@ class LayoutList {
                            ...));
     }
 
-    /// What visit(std::type_identity<Record>) gives for the record of a layout; for None nothing is
-    /// called, and the result is @p otherwise.
-    template <typename Result, typename Visit>
-    static constexpr Result valueFor(PointRecordLayout layout, Result otherwise,
-                                     const Visit& visit) {
-        return firstValue<Result, Visit, Entries...>(layout, otherwise, visit);
+    /// What visit(std::type_identity<Record>) gives for the record of a layout. Every layout is two
+    /// comparisons away, for this is done for each point. Requires: the layout is not None.
+    template <typename Visit>
+    static constexpr decltype(auto) visitKnown(PointRecordLayout layout, const Visit& visit) {
+        return visitBetween<0, sizeof...(Entries)>(static_cast<std::uint32_t>(layout), visit);
     }
 
     /// Bytes that one record takes; 0 for None.
@@ -58,31 +53,33 @@ class LayoutList {
 
     /// The layout of the same fields and a time. A layout that has a time, and None, are their own.
     static constexpr PointRecordLayout timed(PointRecordLayout layout) {
-        return valueFor(layout, layout, [](auto record) {
-            return layoutOf<typename decltype(record)::type::Timed>();
+        visit(layout, [&layout]<typename Record>(std::type_identity<Record>) {
+            layout = of<typename Record::Timed>();
         });
+        return layout;
     }
 
-  private:
-    template <typename Result, typename Visit, typename Entry, typename... Others>
-    static constexpr Result firstValue(PointRecordLayout layout, Result otherwise,
-                                       const Visit& visit) {
-        if (layout == Entry::kLayout) {
-            return visit(std::type_identity<typename Entry::Record>());
-        }
-        if constexpr (sizeof...(Others) > 0) {
-            return firstValue<Result, Visit, Others...>(layout, otherwise, visit);
-        }
-        return otherwise;
-    }
-
-    /// None for a record that is not in the list.
+    /// The layout of a record; None for one that is not in the list.
     template <typename Record>
-    static constexpr PointRecordLayout layoutOf() {
+    static constexpr PointRecordLayout of() {
         return static_cast<PointRecordLayout>(((std::is_same_v<Record, typename Entries::Record>
                                                     ? static_cast<std::int32_t>(Entries::kLayout)
                                                     : 0) +
                                                ...));
+    }
+
+  private:
+    /// Among the lines [first, last), whose layouts are numbered first + 1 to last.
+    template <std::size_t first, std::size_t last, typename Visit>
+    static constexpr decltype(auto) visitBetween(std::uint32_t layout, const Visit& visit) {
+        if constexpr (last - first == 1) {
+            using Entry = std::tuple_element_t<first, std::tuple<Entries...>>;
+            return visit(std::type_identity<typename Entry::Record>());
+        } else {
+            constexpr std::size_t middle = (first + last) / 2;
+            return layout <= middle ? visitBetween<first, middle>(layout, visit)
+                                    : visitBetween<middle, last>(layout, visit);
+        }
     }
 
     static constexpr bool followsTheEnumeration() {
@@ -92,7 +89,7 @@ class LayoutList {
     }
     static_assert(followsTheEnumeration(),
                   "the list needs one line for each layout of PointRecordLayout but None");
-    static_assert((... && (layoutOf<typename Entries::Record::Timed>() != PointRecordLayout::None)),
+    static_assert((... && (of<typename Entries::Record::Timed>() != PointRecordLayout::None)),
                   "each layout without times needs one with the same fields and then the time");
     static_assert((... && (sizeof(typename Entries::Record) == Entries::Record::kBytesOfFields)),
                   "records have no gaps");

@@ -3,8 +3,10 @@
 
 #include "pointset/core/PointRecordStore.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
+#include <new>
 #include <stdexcept>
 #include <type_traits>
 
@@ -12,29 +14,32 @@
 
 namespace Vardex {
 
-namespace {
-
-/// Resizes a vector to n records and makes its memory exactly that large. When memory runs out the
-/// vector is as before.
+/// Resizes the block to n records of the active layout. When memory runs out all is as before.
 template <typename Record>
-void resizeExactly(std::vector<Record>& records, std::size_t n) {
-    if (n > records.size()) {
-        records.reserve(n);  // exact, where a growing resize would take up to twice as much
-        const Record fresh = Record::ofNewCell();
-        using Bytes = std::array<std::byte, sizeof(Record)>;
-        if (std::bit_cast<Bytes>(fresh) == Bytes{}) {
-            records.resize(n);  // several times as fast as copies of a record
-        } else {
-            records.resize(n, fresh);
-        }
-    } else if (n < records.size()) {
-        // Where shrink_to_fit would keep the memory and say nothing when there is none to copy to.
-        const auto end = records.begin() + static_cast<std::ptrdiff_t>(n);
-        std::vector<Record>(records.begin(), end).swap(records);
+void PointRecordStore::resizeRecords(std::size_t n) {
+    const Record fresh = Record::ofNewCell();
+    using Bytes = std::array<std::byte, sizeof(Record)>;
+    if (size_ == 0 && std::bit_cast<Bytes>(fresh) == Bytes{}) {
+        memory_ = RecordMemory::zeros(n * sizeof(Record));
+    } else {
+        memory_.resize(n * sizeof(Record));
+        std::fill(first<Record>() + std::min(n, size_), first<Record>() + n, fresh);
     }
+    size_ = n;
 }
 
-}  // namespace
+/// From the last record to the first: none is written over before it was read.
+template <typename Record>
+void PointRecordStore::rewriteWithTimes() {
+    using Timed = typename Record::Timed;
+    memory_.resize(size_ * sizeof(Timed));
+    const Record* const records = first<Record>();
+    Timed* const timed = first<Timed>();
+    for (std::size_t i = size_; i-- > 0;) {
+        const Record record = records[i];
+        record.copyTo(*::new (timed + i) Timed);
+    }
+}
 
 bool PointRecordStore::resetRecords(std::uint32_t rows, std::uint32_t cols,
                                     PointRecordLayout layout) {
@@ -46,30 +51,30 @@ bool PointRecordStore::resetRecords(std::uint32_t rows, std::uint32_t cols,
     cols_ = cols;
     if (layout != layout_) {
         size_ = 0;
-        visitActive(*this, [](auto& records) { resizeExactly(records, 0); });
+        memory_ = {};
         layout_ = layout;
     }
-    const auto n = layout == PointRecordLayout::None ? 0 : static_cast<std::size_t>(count);
-    visitActive(*this, [n](auto& records) { resizeExactly(records, n); });
-    size_ = n;
+    RecordLayouts::visit(layout, [&]<typename Record>(std::type_identity<Record>) {
+        resizeRecords<Record>(static_cast<std::size_t>(count));
+    });
     return true;
 }
 
-void PointRecordStore::swap(PointRecordStore& other) noexcept {
-    std::swap(vectors_, other.vectors_);
-    std::swap(size_, other.size_);
-    std::swap(rows_, other.rows_);
-    std::swap(cols_, other.cols_);
-    std::swap(layout_, other.layout_);
+void PointRecordStore::addTimes() {
+    RecordLayouts::visit(layout_, [this]<typename Record>(std::type_identity<Record>) {
+        if constexpr (!Record::template has<TimeField>) {
+            rewriteWithTimes<Record>();
+        }
+    });
+    layout_ = RecordLayouts::timed(layout_);
 }
 
-std::size_t PointRecordStore::bytesHeld() const {
-    return std::apply(
-        [](const auto&... vectors) {
-            return (... + (vectors.capacity() *
-                           sizeof(typename std::remove_cvref_t<decltype(vectors)>::value_type)));
-        },
-        vectors_);
+void PointRecordStore::swap(PointRecordStore& other) noexcept {
+    std::swap(memory_, other.memory_);
+    std::swap(size_, other.size_);
+    std::swap(layout_, other.layout_);
+    std::swap(rows_, other.rows_);
+    std::swap(cols_, other.cols_);
 }
 
 }  // namespace Vardex

@@ -6,18 +6,17 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
-#include <tuple>
 #include <type_traits>
 #include <utility>
-#include <vector>
 
 #include "pointset/core/PointRecord.h"
+#include "pointset/core/RecordMemory.h"
 #include "pointset/core/ScanPointMath.h"
 
 namespace Vardex {
 
-/// The point records of one scan: one vector per layout, of which only the active layout's holds
-/// records. The records lie row by row and fill their memory exactly (capacity equals size).
+/// The point records of one scan, all of one layout. They lie row by row in one block of memory and
+/// fill it exactly.
 ///
 /// Single points are reached by flat index. An index outside the records is safe everywhere: reads
 /// give the null point or 0, writes do nothing. Work on many points takes the typed records once,
@@ -40,11 +39,18 @@ class PointRecordStore {
     /// Records that stay in the same layout are kept as far as the new count reaches; new ones are
     /// the host's null point with reflection 0, in a layout with times all zeros. A change of
     /// layout first releases the old records, so that old and new ones never exist together.
+    /// The memory of new records that are all zeros is first touched by who writes the points.
     /// @return true
     /// @throw std::length_error  negative product; the store is unchanged
     /// @throw std::bad_alloc     the layout and the counts are the new ones, but the records are
     ///                           those that were there (none, when the layout changed)
     bool resetRecords(std::uint32_t rows, std::uint32_t cols, PointRecordLayout layout);
+
+    /// Changes to the layout of the same fields and a time: every record keeps its fields and gets
+    /// the time 0. In a layout with times, and in None, nothing changes. The records are rewritten
+    /// in their own memory, which grows by the times.
+    /// @throw std::bad_alloc  the store is unchanged
+    void addTimes();
 
     PointRecordLayout layout() const { return layout_; }
     std::uint32_t rows() const { return rows_; }  ///< as last reset, also where no records are
@@ -52,28 +58,32 @@ class PointRecordStore {
 
     /// Number of records of the active layout.
     std::size_t size() const { return size_; }
-    /// Memory that the records of all layouts hold [bytes].
-    std::size_t bytesHeld() const;
+    /// Memory that the records hold [bytes].
+    std::size_t bytesHeld() const { return memory_.size(); }
 
     /// The records of one layout, in index order; none unless that layout is the active one.
     /// Valid until the next reset, move or swap.
     template <typename Record>
     std::span<Record> records() {
-        return std::get<std::vector<Record>>(vectors_);
+        return {first<Record>(), layout_ == RecordLayouts::of<Record>() ? size_ : 0};
     }
     template <typename Record>
     std::span<const Record> records() const {
-        return std::get<std::vector<Record>>(vectors_);
+        return {first<Record>(), layout_ == RecordLayouts::of<Record>() ? size_ : 0};
     }
 
     /// Calls visit(span of records) for the active layout; with layout None nothing is called.
     template <typename Visit>
     void visitRecords(const Visit& visit) {
-        visitActive(*this, [&](auto& vector) { visit(std::span(vector)); });
+        RecordLayouts::visit(layout_, [&]<typename Record>(std::type_identity<Record>) {
+            visit(std::span(first<Record>(), size_));
+        });
     }
     template <typename Visit>
     void visitRecords(const Visit& visit) const {
-        visitActive(*this, [&](const auto& vector) { visit(std::span(vector)); });
+        RecordLayouts::visit(layout_, [&]<typename Record>(std::type_identity<Record>) {
+            visit(std::span<const Record>(first<Record>(), size_));
+        });
     }
 
     /// The scan point of a record; outside the records the host's null point, ScanPoint's
@@ -96,52 +106,53 @@ class PointRecordStore {
   private:
     void swap(PointRecordStore& other) noexcept;
 
-    template <typename Store, typename Visit>
-    static void visitActive(Store& store, const Visit& visit);
+    template <typename Record>
+    Record* first() const {
+        return reinterpret_cast<Record*>(memory_.data());
+    }
+    template <typename Record>
+    void resizeRecords(std::size_t n);
+    template <typename Record>
+    void rewriteWithTimes();
+
+    /// What visit(record) gives. Requires: @p index is below the number of records.
+    template <typename Visit>
+    decltype(auto) visitRecord(std::uint64_t index, const Visit& visit) const;
     /// Calls change(record) where a record is.
     template <typename Visit>
     void changeRecordAt(std::uint64_t index, const Visit& change);
-    /// What read(record) gives; @p otherwise where no record is.
-    template <typename Result, typename Visit>
-    Result valueAt(std::uint64_t index, Result otherwise, const Visit& read) const;
 
-    RecordLayouts::Vectors vectors_;
-    std::size_t size_ = 0;  // never more than the active vector holds
+    RecordMemory memory_;
+    std::size_t size_ = 0;  // 0 in None
+    PointRecordLayout layout_ = PointRecordLayout::None;
     std::uint32_t rows_ = 0;
     std::uint32_t cols_ = 0;
-    PointRecordLayout layout_ = PointRecordLayout::None;
 };
 
-// Single-point access is inline: it is the inner loop of everything the host does with points.
+// Single-point access is inline: it is the inner loop of everything the host does with points. What
+// is read where no record is stays out of the way of the others.
 
-template <typename Store, typename Visit>
-void PointRecordStore::visitActive(Store& store, const Visit& visit) {
-    RecordLayouts::visit(store.layout_, [&]<typename Record>(std::type_identity<Record>) {
-        visit(std::get<std::vector<Record>>(store.vectors_));
-    });
+template <typename Visit>
+decltype(auto) PointRecordStore::visitRecord(std::uint64_t index, const Visit& visit) const {
+    return RecordLayouts::visitKnown(
+        layout_, [&]<typename Record>(std::type_identity<Record>) -> decltype(auto) {
+            return visit(first<Record>()[index]);
+        });
 }
 
 template <typename Visit>
 void PointRecordStore::changeRecordAt(std::uint64_t index, const Visit& change) {
-    if (index < size_) [[likely]] {  // a vector would have to divide to learn its size
-        visitActive(*this, [&](auto& vector) { change(vector[index]); });
+    if (index < size_) [[likely]] {
+        visitRecord(index, change);
     }
-}
-
-template <typename Result, typename Visit>
-Result PointRecordStore::valueAt(std::uint64_t index, Result otherwise, const Visit& read) const {
-    if (index >= size_) [[unlikely]] {
-        return otherwise;
-    }
-    return RecordLayouts::valueFor(layout_, otherwise,
-                                   [&]<typename Record>(std::type_identity<Record>) {
-                                       return read(std::get<std::vector<Record>>(vectors_)[index]);
-                                   });
 }
 
 inline const ScanPoint& PointRecordStore::pointAt(std::uint64_t index) const {
-    return *valueAt(index, &ScanPoint::nullReference,
-                    [](const auto& record) { return &record.point; });
+    if (index < size_) [[likely]] {
+        return visitRecord(index,
+                           [](const auto& record) -> const ScanPoint& { return record.point; });
+    }
+    return ScanPoint::nullReference;
 }
 
 inline void PointRecordStore::setPointAt(std::uint64_t index, const ScanPoint& point) {
@@ -159,7 +170,10 @@ inline void PointRecordStore::setNormalAt(std::uint64_t index,
 }
 
 inline std::uint16_t PointRecordStore::reflectionAt(std::uint64_t index) const {
-    return valueAt(index, std::uint16_t{0}, []<typename Record>(const Record& record) {
+    if (index >= size_) [[unlikely]] {
+        return 0;
+    }
+    return visitRecord(index, []<typename Record>(const Record& record) -> std::uint16_t {
         if constexpr (Record::template has<ReflectionField>) {
             return record.reflection;
         } else {
