@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <utility>
 #include <vector>
 
 #include <fmt/format.h>
@@ -96,7 +95,7 @@ void MobileScan::cutTrajectory(double from, double to) {
                          fmt::format("some of the scan times 0 .. {} s",
                                      fixedText(nodes().back().time - zero, kSecondDigits)));
     }
-    points_->getMobileScanData().setTrajectoryNodes(std::move(kept));
+    points_->getMobileScanData().setTrajectoryNodes(kept);
     loadTrajectory();
 }
 
