@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "FuzzFile.h"
@@ -43,7 +44,7 @@ void load(const Ovr::ScanListing& scan, Ovr::IScanReader& reader, std::size_t si
         std::abort();
     }
     Support::MemoryTimes times(memory.records.size());
-    double timeZero = 0.0;
+    std::optional<double> timeZero;
     static_cast<void>(reader.loadTimes({times, kMost, {}, &metaData, timeZero, {}, remarks}));
 }
 

@@ -12,7 +12,7 @@ namespace Ovr::Formats {
 struct Finding {
     std::uint64_t count = 0;
     std::uint64_t first = 0;  ///< line or point
-    double extreme = 0.0;  ///< largest value that was given
+    double extreme = 0.0;     ///< largest value that was given
 
     void add(std::uint64_t place, double value) {
         if (count++ == 0) {

@@ -71,7 +71,7 @@ ErrorPtr PointClock::start(const TimeRange& values, std::span<const TrajectoryNo
         return refused(file,
                        fmt::format("{} up to {} s after time zero",
                                    nodes.empty ? "points" : "poses", secondsText(duration_)),
-                       fmt::format("at most {} s, which 32-bit microseconds hold",
+                       fmt::format("at most {} s, which 32-bit microseconds hold; see --time-unit",
                                    secondsText(kLargestMicroseconds / kMicrosecondsPerSecond)));
     }
     return nullptr;

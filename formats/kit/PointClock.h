@@ -46,8 +46,8 @@ class PointClock {
     Place placeOf(double value) const;
     /// How far a value lies outside the scan [s]; 0 within.
     double distanceOutside(double value) const;
-    /// Scan time of a value [us], rounded to the nearest, halves away from zero; 0 before time zero,
-    /// and at most what 32 bits hold. Requires: start() succeeded; the value is finite.
+    /// Scan time of a value [us], rounded to the nearest, halves away from zero; 0 before time
+    /// zero, and at most what 32 bits hold. Requires: start() succeeded; the value is finite.
     std::uint64_t microseconds(double value) const;
 
     /// Time zero [s, trajectory's clock].

@@ -200,12 +200,13 @@ ErrorPtr HeaderParser::checkCount() {
         ErrorPtr error =
             file_.fault(ErrorCode::Truncated, wide != 0 ? LasField::kWideCount : LasField::kCount,
                         fmt::format("a count of {}", countText(header_.count, "point")),
-                        fmt::format("at most {}, for which the file has room", fitting));
+                        fmt::format("at most {}, for which the file has room; {}", fitting,
+                                    lenient_ ? "these are read" : "--lenient reads these"));
         if (!lenient_) {
             return error;
         }
         header_.count = fitting;
-        remarks_.warn(fmt::format("{}; {} are read", error->message(), fitting));
+        remarks_.warn(error->message());
     }
     remarkOnCounts(wide, narrow);
     return nullptr;

@@ -43,8 +43,8 @@ struct LasChain {
     bool extended = false;  ///< records with a length of 64 bits, which stand after the points
 };
 
-/// Walks over a chain and keeps the records of the standard's users and those on a compression. What is broken in it earns a
-/// warning and ends the walk.
+/// Walks over a chain and keeps the records of the standard's users and those on a compression.
+/// What is broken in it earns a warning and ends the walk.
 void walkLasRecords(InputFile& file, const LasChain& chain, std::vector<LasRecord>& kept,
                     Remarks& remarks);
 

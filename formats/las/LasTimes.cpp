@@ -92,6 +92,9 @@ ErrorPtr LasTimeLoader::load() {
         return noneWithin();
     }
     if (ErrorPtr error = clock_.start(raw_, target_.trajectory, file_.name())) {
+        if (target_.trajectory.empty() && !raw_.empty) {
+            target_.timeZero = clock_.zero();
+        }
         return error;
     }
     if (ErrorPtr error = write()) {

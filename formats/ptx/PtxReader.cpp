@@ -151,7 +151,8 @@ ErrorPtr PtxReader::fillAgain(Loading& loading) const {
     return fillColumns(loading, lines);
 }
 
-/// Reads a point; of a file that ended early and is read as far as it goes, a cell without a return.
+/// Reads a point; of a file that ended early and is read as far as it goes, a cell without a
+/// return.
 /// @param done  points before it
 ErrorPtr PtxReader::readCell(Loading& loading, TextLines& lines, std::uint64_t done,
                              ReadPoint& point, bool& isReturn) const {

@@ -22,10 +22,10 @@ constexpr std::size_t kExportColumns = 17;
 constexpr std::string_view kExpected =
     "8: time x y z qx qy qz qw, or a first line that names the columns";
 constexpr std::array<std::string_view, 10> kTimeNames{
-    "time", "t", "timestamp", "stamp", "world_time", "gps_time", "gpstime", "sec", "seconds",
-    "time_s"};
+    "time",     "t",       "timestamp", "stamp",   "world_time",
+    "gps_time", "gpstime", "sec",       "seconds", "time_s"};
 constexpr std::array<std::string_view, 5> kPositionStems{"", "t", "p", "pos_", "position_"};
-constexpr std::array<std::string_view, 6> kRotationStems{"q",     "q_",    "quat_",
+constexpr std::array<std::string_view, 6> kRotationStems{"q",           "q_",   "quat_",
                                                          "quaternion_", "rot_", "orientation_"};
 
 template <std::size_t count>
@@ -57,8 +57,8 @@ TrajectoryColumns::Value valueNamed(const std::string& name) {
     if (isOneOf(kTimeNames, name)) {
         return Time;
     }
-    const std::size_t axis = name.empty() ? std::string::npos
-                                          : std::string_view("xyzw").find(name.back());
+    const std::size_t axis =
+        name.empty() ? std::string::npos : std::string_view("xyzw").find(name.back());
     if (axis == std::string::npos) {
         return kValues;
     }

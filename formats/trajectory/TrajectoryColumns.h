@@ -19,7 +19,7 @@ namespace Ovr::Formats {
 ///
 /// | the file has | columns |
 /// |---|---|
-/// | the header line of the module's text export | 17, the first eight are time, x, y, z, qw, qx, qy, qz |
+/// | the header line of the text export | 17, the first eight: time, x, y, z, qw, qx, qy, qz |
 /// | a line that names all eight, and others or not | as named |
 /// | eight columns | time, x, y, z, qx, qy, qz, qw |
 /// | nine columns, the first a whole number | a number that counts up, then those eight |
@@ -39,7 +39,8 @@ class TrajectoryColumns {
     /// Whether the line that takeFirst looked at names the columns.
     bool hasNames() const { return named_; }
 
-    /// Reads a pose. @return empty on success, else the fault with line, field and what was expected
+    /// Reads a pose. @return empty on success, else the fault with line, field and what was
+    /// expected
     [[nodiscard]] ErrorPtr read(const TextLines& line, Values& values);
 
     /// Unit of the times, where the names of the columns say one.

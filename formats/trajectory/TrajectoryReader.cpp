@@ -216,8 +216,8 @@ void TrajectoryParser::finish(const TrajectoryReading& reading, Remarks& remarks
     }
     if (const ClockGuess guess = guessClock(range);
         !range.empty && guess.unit != TimeUnit::Seconds) {
-        remarks.warn(fmt::format("{}: the times, taken as seconds, look like {}",
-                                 lines_.fileName(), describe(guess)));
+        remarks.warn(fmt::format("{}: the times, taken as seconds, look like {}", lines_.fileName(),
+                                 describe(guess)));
     }
     remark(remarks);
     if (reading.inOrder) {

@@ -39,7 +39,7 @@ struct OpenScan {
     Console& console;
     const ImportedScan& scan;
     std::optional<MobileScan> mobile = std::nullopt;  ///< empty for a stance
-    bool hasTimes = false;             ///< the points' times were needed and are loaded
+    bool hasTimes = false;                     ///< the points' times were needed and are loaded
     std::string noTimes = "none in the file";  ///< why they are not
     ScanClock clock = ScanClock();             ///< what times are printed and taken on
 };

@@ -141,8 +141,7 @@ std::string projectText() {
     project["version"] = 1;
     project["scans"].append(
         projectScan("stance", "Room A", kRoomA, kWalkRecorded - 2 * kStanceLead));
-    project["scans"].append(
-        projectScan("stance", "Room B", kRoomB, kWalkRecorded - kStanceLead));
+    project["scans"].append(projectScan("stance", "Room B", kRoomB, kWalkRecorded - kStanceLead));
     project["scans"].append(walk);
     std::ostringstream text;
     writeJson(text, project);
@@ -158,8 +157,7 @@ std::string describe(const StanceScan& scan) {
 
 }  // namespace
 
-std::vector<SampleFile> writeSample(const std::filesystem::path& folder,
-                                    const OutputRules& rules) {
+std::vector<SampleFile> writeSample(const std::filesystem::path& folder, const OutputRules& rules) {
     std::error_code error;
     std::filesystem::create_directories(folder, error);
     if (error) {
@@ -178,8 +176,9 @@ std::vector<SampleFile> writeSample(const std::filesystem::path& folder,
         writeStance(files.back().file, existing, scan);
     }
     const WalkScan walk = simulateWalk();
-    files.push_back({folder / kWalk, fmt::format("a walk of {} s, {}", fixedText(kWalkDuration, 0),
-                                                 countText(walk.points.size(), "point", "points"))});
+    files.push_back(
+        {folder / kWalk, fmt::format("a walk of {} s, {}", fixedText(kWalkDuration, 0),
+                                     countText(walk.points.size(), "point", "points"))});
     writeWalk(files.back().file, existing, walk);
     files.push_back(
         {folder / kPath, "its trajectory, " + countText(walk.nodes.size(), "pose", "poses")});

@@ -50,7 +50,7 @@ void MobileReport::loadTimes() {
 }
 
 void MobileReport::describeClock(std::optional<Ovr::Clock> said, Report& report) const {
-    if (hasTimes_) {
+    if (mobile_.points().getMobileScanData().getTimeZero()) {
         ScanClock clock = mobile_.clock({});
         Ovr::Formats::TimeRange times;
         times.add(clock.zero());

@@ -19,7 +19,8 @@ using Support::lasRecord;
 // Texts and numbers as the OGC's well-known text (01-009 and 18-010), GeoTIFF 1.0 and the EPSG
 // register have them.
 const std::string kGeographic =
-    R"w(GEOGCS["NAD83",DATUM["D",SPHEROID["GRS 1980",6378137,298.257222101]],PRIMEM["Greenwich",0],)w"
+    R"w(GEOGCS["NAD83",DATUM["D",SPHEROID["GRS 1980",6378137,298.257222101]],)w"
+    R"w(PRIMEM["Greenwich",0],)w"
     R"w(UNIT["degree",0.0174532925199433,AUTHORITY["EPSG","9122"]],AUTHORITY["EPSG","4269"]])w";
 const std::string kOregon = R"w(PROJCS["NAD83 / Oregon LCC (m)",)w" + kGeographic +
                             R"w(,PROJECTION["P"],UNIT["metre",1,AUTHORITY["EPSG","9001"]],)w"

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "las/LasExtraBytes.h"
 #include "las/LasBlocks.h"
+#include "las/LasExtraBytes.h"
 #include "las/LasFacts.h"
 #include "las/LasNames.h"
 #include "las/LasRanges.h"
@@ -61,7 +61,8 @@ TEST_F(LasFile, CountsClassesReturnsAndFlags) {
     las.points = {{{2, 4, 6}}, {{-2, 8, 6}}, {{0, 0, 8}}};
     std::string old = las.bytes();
     const std::size_t at = las.headerSize() + 14;
-    // Return 2 of 3; class 5, synthetic. Return 1; class 31, key point. Return 1; class 2, withheld.
+    // Return 2 of 3; class 5, synthetic. Return 1; class 31, key point. Return 1; class 2,
+    // withheld.
     const unsigned char oldBytes[][2] = {{0x1A, 0x25}, {0x09, 0x5F}, {0x09, 0x82}};
     for (std::size_t i = 0; i < 3; ++i) {
         old.replace(at + 28 * i, 2, reinterpret_cast<const char*>(oldBytes[i]), 2);

@@ -47,7 +47,8 @@ std::string fullFile(unsigned minor, unsigned format, const std::vector<double>&
     Support::poke(las.vlrs, 20, std::uint16_t{20});
     std::int32_t number = 0;
     for (const double time : times) {
-        las.points.push_back({{++number, -number, 7}, static_cast<std::uint16_t>(number), time, {}});
+        las.points.push_back(
+            {{++number, -number, 7}, static_cast<std::uint16_t>(number), time, {}});
     }
     std::string file = las.bytes();
     const std::size_t length = las.recordLength();
@@ -73,7 +74,10 @@ TEST(Sort, ChangesTheOrderOfTheRecordsAndNothingElse) {
         {"points of one time", 2, 1, {7.0, 3.0, 7.0, 3.0, 7.0}, {2, 4, 1, 3, 5}},
         {"within a microsecond", 2, 1, {1.0000004, 1.0000002, 1.0}, {1, 2, 3}},
         {"times that are none", 2, 1, {kNan, 2.0, -kNan, 1.0}, {4, 2, 1, 3}, true},
-        {"longer than the module holds", 2, 1, {9000.0, 1.0, 4294.5, 0.0, 8999.0, 4295.5},
+        {"longer than the module holds",
+         2,
+         1,
+         {9000.0, 1.0, 4294.5, 0.0, 8999.0, 4295.5},
          {4, 2, 3, 6, 5, 1}},
         {"a day of week seconds and none", 2, 1, {604799.5, 0.0, 300000.0}, {2, 3, 1}},
     };
@@ -108,11 +112,11 @@ TEST(Sort, BringsManyPointsIntoOrder) {
         random = random * 1664525U + 1013904223U;
         las.points.push_back({{static_cast<std::int32_t>(i), 0, 0}, 0, (random >> 12) * 1e-3, {}});
     }
-    std::vector<std::string> expected = recordsOf(folder.read(folder.write("walk.las", las.bytes())));
+    std::vector<std::string> expected =
+        recordsOf(folder.read(folder.write("walk.las", las.bytes())));
     const auto timeOf = [](const std::string& record) { return Support::peek<double>(record, 20); };
-    std::stable_sort(expected.begin(), expected.end(), [&](const auto& a, const auto& b) {
-        return timeOf(a) < timeOf(b);
-    });
+    std::stable_sort(expected.begin(), expected.end(),
+                     [&](const auto& a, const auto& b) { return timeOf(a) < timeOf(b); });
     ASSERT_EQ(run({"sort", folder.file("walk.las"), "-o", folder.file("out.las")}).exitCode, 0);
     EXPECT_TRUE(recordsOf(readFile(folder.file("out.las"))) == expected);
 }

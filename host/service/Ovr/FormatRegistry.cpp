@@ -148,8 +148,8 @@ ErrorPtr FormatRegistry::readTrajectory(const IStructuredStreams& streams,
                                         std::vector<VardexLib::TrajectoryNode>& nodes,
                                         Remarks& remarks) const {
     const fs::path file = streams.trajectoryFile();
-    ErrorPtr error = readTrajectory(file, streams.project().get(), nodes, remarks,
-                                    streams.trajectoryReading());
+    ErrorPtr error =
+        readTrajectory(file, streams.project().get(), nodes, remarks, streams.trajectoryReading());
     const auto begins = trajectoryFormat().begins;
     if (error && !streams.isNamed() && begins && !begins(file)) {
         remarks.warn(error->message() + "; no trajectory, although its name says so");

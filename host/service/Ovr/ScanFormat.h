@@ -48,7 +48,9 @@ struct TimeTarget {
     std::uint64_t maximumCount;                                ///< what the points were loaded with
     const std::vector<VardexLib::TrajectoryNode>& trajectory;  ///< empty without one
     VardexLib::CorvinMobileMetaData* metaData;                 ///< null when absent
-    double& timeZero;  ///< out: the time that is scan time 0 [s, trajectory's clock]
+    /// Out: the time that is scan time 0 [s, trajectory's clock]; also where it is known and the
+    /// times are refused.
+    std::optional<double>& timeZero;
     DataStructures::Work work;
     Remarks& remarks;
 };

@@ -117,13 +117,8 @@ ErrorPtr CorvinMobileScanData::readTimes(const ScanSource& source, IScanPointTim
         return error;
     }
     const auto metaData = std::dynamic_pointer_cast<CorvinMobileMetaData>(getMetaData());
-    double timeZero = 0.0;
-    ErrorPtr error =
-        reader->loadTimes({times, pointLimit(), *nodes, metaData.get(), timeZero, work, remarks()});
-    if (!error) {
-        timeZero_ = timeZero;
-    }
-    return error;
+    return reader->loadTimes(
+        {times, pointLimit(), *nodes, metaData.get(), timeZero_, work, remarks()});
 }
 
 ErrorPtr CorvinMobileScanData::unloadTimeStamps(

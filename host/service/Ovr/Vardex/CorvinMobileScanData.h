@@ -58,7 +58,8 @@ class HOST_EXPORT CorvinMobileScanData final : public CorvinScanData {
                                           std::shared_ptr<DataStructures::IProgress> progress,
                                           std::shared_ptr<DataStructures::ICancelInfo> cancel);
     /// The time that is scan time 0, on the trajectory's clock [s].
-    /// @return empty while no times are loaded
+    /// @return empty before times are loaded, and where they cannot be unless it is known all the
+    ///         same: times that span too much have an earliest one
     std::optional<double> getTimeZero() const { return timeZero_; }
 
     /// Sets every point time to 0 through the registered service.
