@@ -1,0 +1,140 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+'use strict';
+
+// Colours of points. The ramps grow lighter from end to end, so they can be read in grey and by
+// people who are colour-blind.
+
+const RAMPS = {
+    /** "viridis" of matplotlib, at nine places. */
+    viridis: [
+        [68, 1, 84], [71, 45, 123], [59, 82, 139], [44, 114, 142], [33, 145, 140], [40, 174, 128],
+        [94, 201, 98], [173, 220, 48], [253, 231, 37]
+    ],
+    grey: [[45, 45, 45], [250, 250, 250]],
+};
+
+/** Colours of scans that stay apart for everybody, after Okabe and Ito. */
+const SCAN_COLORS = [
+    [230, 159, 0], [86, 180, 233], [0, 158, 115], [240, 228, 66], [0, 114, 178], [213, 94, 0],
+    [204, 121, 167]
+];
+const NO_COLOR = [128, 128, 128];
+
+function scanColor(scan) {
+    return SCAN_COLORS[scan.number % SCAN_COLORS.length];
+}
+
+function cssColor(color) {
+    return `rgb(${color.join(',')})`;
+}
+
+/** A ramp as 256 colours, one after the other. */
+function rampTable(ramp) {
+    const table = new Uint8Array(256 * 3);
+    for (let i = 0; i < 256; ++i) {
+        const place = i / 255 * (ramp.length - 1);
+        const before = ramp[Math.floor(place)];
+        const after = ramp[Math.ceil(place)];
+        for (let axis = 0; axis < 3; ++axis) {
+            table[3 * i + axis] = before[axis] + (after[axis] - before[axis]) * (place % 1);
+        }
+    }
+    return table;
+}
+
+/** Where most of some values lie: without the lowest and the highest part of them. */
+function rangeOfMost(values, part) {
+    const sorted = Float64Array.from(values).sort();
+    if (sorted.length === 0) {
+        return {low: 0, high: 1};
+    }
+    const at = (share) => sorted[Math.round(share * (sorted.length - 1))];
+    const low = at(part);
+    return {low, high: Math.max(at(1 - part), low + 1e-9)};
+}
+
+/** A value of some of the points of all scans. */
+function sampleOf(scans, value) {
+    const values = [];
+    for (const scan of scans) {
+        const step = Math.max(1, Math.floor(scan.points.count / 20000));
+        for (let i = 0; i < scan.points.count; i += step) {
+            const found = value(scan, i);
+            if (found !== null) {
+                values.push(found);
+            }
+        }
+    }
+    return values;
+}
+
+const heightOf = (scan, i) => scan.points.origin[2] + scan.points.steps[3 * i + 2] * scan.points.step;
+const timeShareOf = (scan, i) => scan.times === null ? null : scan.timeOf(i);
+const reflectionValue = (scan, i) => scan.reflectionOf(i);
+
+/** The ways to colour points: what each is called, its ramp, and the value that picks from it. */
+const COLOR_MODES = {
+    rgb: {label: 'colour', has: (scan) => scan.colors !== null},
+    reflection: {
+        label: 'reflection',
+        has: (scan) => scan.reflections !== null,
+        ramp: RAMPS.grey,
+        value: reflectionValue,
+        unit: () => '',
+        digits: 0,
+    },
+    height: {
+        label: 'height',
+        has: () => true,
+        ramp: RAMPS.viridis,
+        value: heightOf,
+        unit: (page) => page.heightUnit,
+        digits: 2,
+    },
+    time: {
+        label: 'time',
+        has: (scan) => scan.times !== null,
+        ramp: RAMPS.viridis,
+        value: timeShareOf,
+        unit: () => 's',
+        digits: 1,
+    },
+    scan: {label: 'scan', has: () => true},
+};
+
+/** The range that a mode's ramp spans; null for a mode without one. */
+function colorRange(scans, mode) {
+    const {value} = COLOR_MODES[mode];
+    return value ? rangeOfMost(sampleOf(scans, value), mode === 'time' ? 0 : 0.01) : null;
+}
+
+/** Writes the colours of a scan's points. @param {Uint8Array} out four bytes for each point */
+function paintScan(scan, mode, range, out) {
+    const {ramp, value} = COLOR_MODES[mode];
+    const table = ramp ? rampTable(ramp) : null;
+    const own = mode === 'scan' ? scanColor(scan) : NO_COLOR;
+    for (let i = 0; i < scan.points.count; ++i) {
+        let color = own;
+        if (mode === 'rgb') {
+            color = scan.colorOf(i) || greyOf(scan, i);
+        } else if (table) {
+            const found = value(scan, i);
+            if (found !== null) {
+                const place = clamp((found - range.low) / (range.high - range.low), 0, 1);
+                const entry = 3 * Math.round(place * 255);
+                color = table.subarray(entry, entry + 3);
+            }
+        }
+        out[4 * i] = color[0];
+        out[4 * i + 1] = color[1];
+        out[4 * i + 2] = color[2];
+        out[4 * i + 3] = 255;
+    }
+}
+
+/** The reflection of a point as a grey. */
+function greyOf(scan, i) {
+    const grey = scan.reflections === null ? 128 : scan.reflections[i] >> 8;
+    return [grey, grey, grey];
+}

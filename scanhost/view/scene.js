@@ -1,0 +1,263 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+'use strict';
+
+// The scene in space: points and paths, the two cameras, and when it is drawn. Coordinates in the
+// scene are world coordinates from an origin of the page on: single precision is enough then.
+
+const FIELD_OF_VIEW = 50;  // degrees, from top to bottom
+
+const POINT_VERTEX = `
+attribute vec4 tint;
+attribute float time;
+uniform float size;      // of a point at depth 1 [pixels]
+uniform vec2 sizes;      // the smallest and the largest [pixels]
+uniform vec2 heights;    // what is cut off lies outside
+uniform vec2 lit;        // from when to when points are lit [s]
+uniform vec4 unlit;      // colour of the others, and how much of it they get; above 1 hides them
+varying vec3 shade;
+void main() {
+    gl_Position = projectionMatrix * (modelViewMatrix * vec4(position, 1.0));
+    gl_PointSize = clamp(size / gl_Position.w, sizes.x, sizes.y);
+    bool isLit = time >= lit.x && time <= lit.y;
+    shade = isLit ? tint.rgb : mix(tint.rgb, unlit.rgb, min(unlit.a, 1.0));
+    if (position.z < heights.x || position.z > heights.y || (!isLit && unlit.a > 1.0)) {
+        gl_Position = vec4(2.0, 2.0, 2.0, 1.0);
+    }
+}`;
+const POINT_FRAGMENT = `
+varying vec3 shade;
+void main() {
+    gl_FragColor = vec4(shade, 1.0);
+}`;
+
+class View {
+    /** @param {any} canvas @param {any} page */
+    constructor(canvas, page) {
+        this.canvas = canvas;
+        this.page = page;
+        this.scans = page.scans;
+        this.renderer = new THREE.WebGLRenderer({canvas, antialias: false});
+        this.scene = new THREE.Scene();
+        const largest = this.scans.reduce((a, b) => b.points.count > a.points.count ? b : a);
+        this.origin = largest.origin;
+        this.measure();
+        this.clip = {low: -Infinity, high: Infinity};
+        this.sizeFactor = 1;
+        this.afterDrawing = [];
+        this.makeCameras();
+        this.objects = this.scans.map((scan) => this.addPoints(scan));
+        this.isDirty = false;
+        this.frames = 0;
+        new ResizeObserver(() => this.resize()).observe(canvas.parentElement);
+        this.resize();
+    }
+
+    /** From world coordinates into the scene's. */
+    toScene(world) {
+        return new THREE.Vector3(...world.map((value, axis) => value - this.origin[axis]));
+    }
+
+    /** Where most of the points lie, and how densely. */
+    measure() {
+        const axes = [0, 1, 2].map((axis) => {
+            const values = sampleOf(
+                this.scans, (scan, i) => scan.origin[axis] + scan.points.steps[3 * i + axis] * scan.points.step);
+            for (const scan of this.scans) {
+                if (scan.position) {
+                    values.push(scan.position[axis]);
+                }
+            }
+            return rangeOfMost(values, values.length > 1000 ? 0.003 : 0);
+        });
+        this.heights = axes[2];
+        this.low = this.toScene(axes.map((range) => range.low));
+        this.high = this.toScene(axes.map((range) => range.high));
+        this.center = this.low.clone().add(this.high).multiplyScalar(0.5);
+        const extent = this.high.clone().sub(this.low);
+        this.radius = Math.max(extent.length() / 2, 0.25);
+        const area = extent.x * extent.y + extent.x * extent.z + extent.y * extent.z;
+        const count = this.scans.reduce((sum, scan) => sum + scan.points.count, 0);
+        this.spacing = this.page.spacing || Math.min(Math.sqrt(2 * area / count), this.radius / 10);
+    }
+
+    makeCameras() {
+        this.perspective = new THREE.PerspectiveCamera(FIELD_OF_VIEW, 1, 0.1, 1000);
+        this.parallel = new THREE.OrthographicCamera(-1, 1, 1, -1, -1000, 1000);
+        this.perspective.up.set(0, 0, 1);
+        this.parallel.up.set(0, 0, 1);
+        this.camera = this.perspective;
+        this.controls = new THREE.OrbitControls(this.perspective, this.canvas);
+        this.controls.enableKeys = false;
+        this.controls.screenSpacePanning = true;
+        this.controls.addEventListener('change', () => this.requestDrawing());
+    }
+
+    addPoints(scan) {
+        const geometry = new THREE.BufferGeometry();
+        geometry.setAttribute('position', new THREE.BufferAttribute(scan.floats, 3));
+        const tint = new THREE.BufferAttribute(new Uint8Array(4 * scan.points.count), 4, true);
+        geometry.setAttribute('tint', tint);
+        if (scan.times !== null) {
+            const seconds = Float32Array.from(scan.times, (time) => time === NO_TIME ? -1 : time / 1e6);
+            geometry.setAttribute('time', new THREE.BufferAttribute(seconds, 1));
+        }
+        const material = new THREE.ShaderMaterial({
+            vertexShader: POINT_VERTEX,
+            fragmentShader: POINT_FRAGMENT,
+            uniforms: {
+                size: {value: 1},
+                sizes: {value: new THREE.Vector2(1.5, 14)},
+                heights: {value: new THREE.Vector2(-1e30, 1e30)},
+                lit: {value: new THREE.Vector2(-1e30, 1e30)},
+                unlit: {value: new THREE.Vector4(0, 0, 0, 0)},
+            },
+        });
+        const object = new THREE.Points(geometry, material);
+        object.frustumCulled = false;
+        object.position.copy(this.toScene(scan.origin));
+        this.scene.add(object);
+        return object;
+    }
+
+    setColors(mode, range) {
+        this.scans.forEach((scan, number) => {
+            const {tint} = this.objects[number].geometry.attributes;
+            paintScan(scan, mode, range, tint.array);
+            tint.needsUpdate = true;
+        });
+        this.requestDrawing();
+    }
+
+    /** Lights the points of some scan times. @param {any} ranges for each scan {from, to} */
+    setLit(ranges, background, hidesOthers) {
+        this.objects.forEach((object, number) => {
+            const {lit, unlit} = object.material.uniforms;
+            lit.value.set(ranges[number].from, ranges[number].to);
+            unlit.value.set(background.r, background.g, background.b, hidesOthers ? 2 : 0.82);
+        });
+        this.requestDrawing();
+    }
+
+    /** Cuts off what lies below and above two world heights. */
+    setClip(low, high) {
+        this.clip = {low, high};
+        this.objects.forEach((object, number) => {
+            const zero = this.scans[number].origin[2];
+            object.material.uniforms.heights.value.set(low - zero, high - zero);
+        });
+        this.requestDrawing();
+    }
+
+    /** Looks at the middle of the points from a direction, so that all of them are seen. */
+    look(direction, isParallel) {
+        const away = new THREE.Vector3(...direction).normalize();
+        const aspect = Math.min(1, this.canvas.clientWidth / this.canvas.clientHeight);
+        const distance = this.radius * 1.02 / Math.sin(FIELD_OF_VIEW * Math.PI / 360) / aspect;
+        this.useCamera(isParallel);
+        this.controls.target.copy(this.center);
+        this.camera.position.copy(this.center).addScaledVector(away, distance);
+        this.parallel.zoom = isParallel ? this.zoomFor(distance) : 1;
+        this.controls.update();
+        this.requestDrawing();
+    }
+
+    /** Looks at a place from nearby, in the direction that one looks now. */
+    approach(world, distance) {
+        const away = this.camera.position.clone().sub(this.controls.target).normalize();
+        this.controls.target.copy(this.toScene(world));
+        this.camera.position.copy(this.controls.target).addScaledVector(away, distance);
+        this.parallel.zoom = this.zoomFor(distance);
+        this.controls.update();
+        this.requestDrawing();
+    }
+
+    /** Zoom of the parallel camera that shows at the target what the other shows from a distance. */
+    zoomFor(distance) {
+        return 1 / (distance * Math.tan(FIELD_OF_VIEW * Math.PI / 360));
+    }
+
+    get isParallel() {
+        return this.camera === this.parallel;
+    }
+
+    useCamera(isParallel) {
+        const next = isParallel ? this.parallel : this.perspective;
+        const away = this.camera.position.clone().sub(this.controls.target);
+        if (next !== this.camera) {
+            if (isParallel) {
+                this.parallel.zoom = this.zoomFor(away.length());
+            } else {
+                away.setLength(this.zoomFor(1) / this.parallel.zoom);
+            }
+            next.position.copy(this.controls.target).add(away);
+        }
+        this.camera = next;
+        this.controls.object = next;
+        this.controls.update();
+        this.requestDrawing();
+    }
+
+    resize() {
+        const {clientWidth, clientHeight} = this.canvas.parentElement;
+        const aspect = clientWidth / Math.max(1, clientHeight);
+        this.renderer.setPixelRatio(Math.min(window.devicePixelRatio, 2));
+        this.renderer.setSize(clientWidth, clientHeight, false);
+        this.perspective.aspect = aspect;
+        this.parallel.left = -aspect;
+        this.parallel.right = aspect;
+        this.requestDrawing();
+    }
+
+    /** How many pixels of the page a unit of length is at the middle of the view. */
+    get pixelsPerUnit() {
+        const half = this.canvas.clientHeight / 2;
+        const distance = this.camera.position.distanceTo(this.controls.target);
+        return this.isParallel ? half * this.parallel.zoom : half * this.zoomFor(distance);
+    }
+
+    requestDrawing() {
+        if (!this.isDirty) {
+            this.isDirty = true;
+            requestAnimationFrame(() => this.draw());
+        }
+    }
+
+    prepare() {
+        const distance = this.camera.position.distanceTo(this.center);
+        const toTarget = this.camera.position.distanceTo(this.controls.target);
+        const reach = distance + this.radius * 20;
+        this.perspective.near = Math.max(Math.min(toTarget / 100, this.radius / 10), reach / 1e6);
+        this.perspective.far = reach;
+        this.parallel.near = -reach;
+        this.parallel.far = reach;
+        this.camera.updateProjectionMatrix();
+        this.camera.updateMatrixWorld();
+        this.pixelSize = this.spacing * 1.3 * this.sizeFactor * this.canvas.clientHeight / 2 *
+            (this.isParallel ? this.parallel.zoom : this.zoomFor(1));
+        for (const object of this.objects) {
+            object.material.uniforms.size.value = this.pixelSize * this.renderer.getPixelRatio();
+        }
+    }
+
+    draw() {
+        this.isDirty = false;
+        this.prepare();
+        this.renderer.render(this.scene, this.camera);
+        ++this.frames;
+        this.afterDrawing.forEach((tell) => tell());
+    }
+
+    /** Where a world position is seen, in pixels of the page; null unless it lies in front of the eye. */
+    onScreen(world) {
+        const seen = this.toScene(world).applyMatrix4(this.camera.matrixWorldInverse);
+        if (!this.isParallel && seen.z > -this.perspective.near) {
+            return null;
+        }
+        seen.applyMatrix4(this.camera.projectionMatrix);
+        return {
+            x: (seen.x + 1) / 2 * this.canvas.clientWidth,
+            y: (1 - seen.y) / 2 * this.canvas.clientHeight,
+        };
+    }
+}
