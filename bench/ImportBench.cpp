@@ -61,7 +61,7 @@ struct Files {
         }
         require(points.finish());
         PtxWriter scan;
-        require(scan.open(ptx));
+        require(scan.open(ptx, Ovr::Formats::Existing::Keep));
         require(scan.beginScan({.columns = kPtxColumns, .rows = kPtxRows, .colored = true}));
         for (int i = 0; i < kPtxColumns * kPtxRows; ++i) {
             require(scan.write({wallPoint(i), 0.5 + 0.4 * std::sin(i), {120, 60, 230}}));

@@ -114,11 +114,11 @@ void writeFile(const std::filesystem::path& path, const std::string& records, bo
         storeLittle(header.data() + LasField::kScale + 8 * axis, 0.0001);
     }
     LasRecordWriter writer;
-    require(writer.open(path, header, {}, compress));
+    require(writer.open(path, Existing::Replace, header, {}, compress));
     for (std::size_t chunk = 0; chunk < kFileChunks; ++chunk) {
         require(writer.write(records));
     }
-    require(writer.finish(header, {}));
+    require(writer.finish(header));
 }
 
 void readFile(benchmark::State& state) {

@@ -54,7 +54,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static_cast<void>(format->recognises({reinterpret_cast<const char*>(data), size}));
     const Fuzz::FuzzFile file(data, size);
     std::vector<Ovr::ScanListing> scans;
-    const Ovr::ErrorPtr refused = format->list(file.path(), scans);
+    const Ovr::ErrorPtr refused = format->list(file.path(), false, scans);
     if (!refused && scans.empty()) {
         std::abort();
     }

@@ -29,7 +29,8 @@ constexpr const char* kSummary = "hold and process the scans of a hand-held SLAM
 constexpr const char* kDescription =
     "Holds and processes the scans of a hand-held SLAM scanner through the module VardexScandata.";
 constexpr const char* kFooter =
-    "Exit codes: 0 done, 1 failed, 2 wrong usage, 130 cancelled with Ctrl-C.";
+    "Exit codes: 0 done, 1 failed, 2 wrong usage, 3 done with warnings (--strict), 130 cancelled "
+    "with Ctrl-C, 143 ended by SIGTERM.";
 
 /// What was asked for besides a command.
 struct Request {
@@ -55,13 +56,15 @@ ProgramDeclaration declare(Request& request, const Commands& commands) {
     return program;
 }
 
-void run(const std::vector<std::string>& arguments, Console& console) {
+/// @return Done, or Warned
+ExitCode run(const std::vector<std::string>& arguments, Console& console) {
     const Commands commands = makeCommands();
     Request request;
     const ProgramDeclaration program = declare(request, commands);
     const ParsedLine line = parseCommandLine(program, arguments);
     console.setJson(request.common.json);
-    console.setProgress(request.common.progress);
+    console.setProgress(request.common.quiet ? ProgressMode::None : request.common.progress);
+    console.setQuiet(request.common.quiet);
     if (line.help) {
         console.print(*line.help);
     } else if (request.version) {
@@ -76,6 +79,7 @@ void run(const std::vector<std::string>& arguments, Console& console) {
     } else {
         throw UsageError("found no command, expected one");
     }
+    return request.common.strict && console.hasWarned() ? ExitCode::Warned : ExitCode::Done;
 }
 
 }  // namespace
@@ -85,21 +89,22 @@ ExitCode runApplication(const std::vector<std::string>& arguments, std::ostream&
     Ovr::Formats::registerFormats();
     Console console(out, err);
     try {
-        run(arguments, console);
-        return ExitCode::Done;
+        return run(arguments, console);
     } catch (const UsageError& error) {
         console.error(error.what());
         console.error("see scanhost --help, or scanhost COMMAND --help");
         return error.code();
     } catch (const Failure& failure) {
-        console.error(failure.what());
-        return failure.code();
+        const bool cancelled = failure.code() == ExitCode::Cancelled;
+        console.error(cancelled ? fmt::format("{} ({})", failure.what(), Interrupt::cause())
+                                : failure.what());
+        return cancelled ? Interrupt::exitCode() : failure.code();
     } catch (const std::bad_alloc&) {
         console.error("there is not enough memory");
     } catch (const std::exception& error) {
         console.error(error.what());
     }
-    return Interrupt::wasAsked() ? ExitCode::Cancelled : ExitCode::Failed;
+    return Interrupt::wasAsked() ? Interrupt::exitCode() : ExitCode::Failed;
 }
 
 }  // namespace ScanHost

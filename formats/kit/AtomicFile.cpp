@@ -11,6 +11,7 @@
 #include <atomic>
 #include <cerrno>
 #include <cstdint>
+#include <cstdio>
 #include <string>
 #include <system_error>
 
@@ -30,16 +31,12 @@ fs::path partName(const fs::path& target) {
     return part;
 }
 
-bool syncPath(const fs::path& path) {
-    const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
-    if (descriptor < 0) {
-        return false;
+void syncFolder(const fs::path& folder) {
+    const int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor >= 0) {
+        ::fsync(descriptor);
+        ::close(descriptor);
     }
-    const bool synced = ::fsync(descriptor) == 0;
-    const int reason = errno;
-    ::close(descriptor);
-    errno = reason;
-    return synced;
 }
 
 }  // namespace
@@ -48,11 +45,12 @@ AtomicFile::~AtomicFile() {
     discard();
 }
 
-ErrorPtr AtomicFile::open(const fs::path& target) {
+ErrorPtr AtomicFile::open(const fs::path& target, Existing existing) {
     std::error_code ignored;
     const fs::file_status status = fs::status(target, ignored);
     target_ = fs::is_symlink(target, ignored) && fs::exists(status) ? fs::canonical(target, ignored)
                                                                     : target;
+    existing_ = existing;
     if (fs::is_directory(status)) {
         return makeError(ErrorCode::IsDirectory,
                          {target.string(), "", "a directory", "the name of a file to write"});
@@ -61,51 +59,76 @@ ErrorPtr AtomicFile::open(const fs::path& target) {
         return makeError(ErrorCode::WriteFailed,
                          {target.string(), "", "a device or pipe", "the name of a regular file"});
     }
+    if (fs::exists(status) && existing == Existing::Keep) {
+        return failure("", EEXIST);
+    }
     const fs::path part = partName(target_);
     const int descriptor =
         ::open(part.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kNewFileMode);
     if (descriptor < 0) {
-        return failure("a file that cannot be created");
+        return failure("a file that cannot be created", errno);
     }
     part_ = part;
     if (fs::exists(status)) {
         ::fchmod(descriptor, static_cast<mode_t>(status.permissions()));
     }
-    ::close(descriptor);
-    stream_.open(part_, std::ios::out | std::ios::binary | std::ios::trunc);
-    return stream_ ? nullptr : failure("a file that cannot be opened");
+    stream_.attach(descriptor);
+    return nullptr;
+}
+
+ErrorPtr AtomicFile::failure() const {
+    const int reason = stream_.firstFailure();
+    return reason == 0 ? nullptr : failure("a write that failed", reason);
 }
 
 ErrorPtr AtomicFile::commit() {
-    stream_.close();
-    if (stream_.fail() || !syncPath(part_)) {
-        ErrorPtr error = failure("a write that failed");
-        discard();
-        return error;
+    if (const int reason = stream_.finish(); reason != 0) {
+        return giveUp(failure("a write that failed", reason));
     }
-    if (::rename(part_.c_str(), target_.c_str()) != 0) {
-        ErrorPtr error = failure("a file that cannot be put in place");
-        discard();
-        return error;
+    if (const int reason = putInPlace(); reason != 0) {
+        return giveUp(failure("a file that cannot be put in place", reason));
     }
     part_.clear();
     // The name is durable only with its directory. Some file systems cannot sync one: the file is
     // whole all the same.
-    syncPath(target_.has_parent_path() ? target_.parent_path() : fs::path("."));
+    syncFolder(target_.has_parent_path() ? target_.parent_path() : fs::path("."));
     return nullptr;
 }
 
-ErrorPtr AtomicFile::failure(const char* what) const {
-    const std::string reason =
-        errno == 0 ? "" : fmt::format(" ({})", std::generic_category().message(errno));
-    return makeError(ErrorCode::WriteFailed, {target_.string(), "", what + reason, ""});
+/// @return 0, or the number (errno) of the failure
+int AtomicFile::putInPlace() {
+    if (existing_ == Existing::Replace) {
+        return ::rename(part_.c_str(), target_.c_str()) == 0 ? 0 : errno;
+    }
+    if (::renameat2(AT_FDCWD, part_.c_str(), AT_FDCWD, target_.c_str(), RENAME_NOREPLACE) == 0) {
+        return 0;
+    }
+    // Some file systems cannot rename in this way. A second name is refused where the first exists.
+    if (errno != EINVAL || ::link(part_.c_str(), target_.c_str()) != 0) {
+        return errno;
+    }
+    return ::unlink(part_.c_str()) == 0 ? 0 : errno;
+}
+
+ErrorPtr AtomicFile::failure(const std::string& what, int reason) const {
+    if (reason == EEXIST) {
+        return makeError(ErrorCode::WriteFailed,
+                         {target_.string(), "", "a file of that name", "a new one"});
+    }
+    return makeError(ErrorCode::WriteFailed,
+                     {target_.string(), "",
+                      fmt::format("{} ({})", what, std::generic_category().message(reason)), ""});
+}
+
+ErrorPtr AtomicFile::giveUp(ErrorPtr error) {
+    discard();
+    return error;
 }
 
 void AtomicFile::discard() {
     if (part_.empty()) {
         return;
     }
-    stream_.close();
     std::error_code ignored;
     fs::remove(part_, ignored);
     part_.clear();

@@ -8,15 +8,15 @@
 
 namespace Ovr::Formats {
 
-/// Something in a text file that may occur at many lines and is reported once.
+/// Something in a file that may occur at many lines or points and is reported once.
 struct Finding {
     std::uint64_t count = 0;
-    std::uint64_t firstLine = 0;
+    std::uint64_t first = 0;  ///< line or point
     double extreme = 0.0;  ///< largest value that was given
 
-    void add(std::uint64_t line, double value) {
+    void add(std::uint64_t place, double value) {
         if (count++ == 0) {
-            firstLine = line;
+            first = place;
         }
         extreme = std::max(extreme, value);
     }

@@ -5,6 +5,7 @@
 
 #include <date/date.h>
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cmath>
@@ -30,7 +31,19 @@ constexpr std::array<date::sys_days, 18> kAfterLeapSeconds{
     date::year(1999) / January / 1, date::year(2006) / January / 1, date::year(2009) / January / 1,
     date::year(2012) / July / 1,    date::year(2015) / July / 1,    date::year(2017) / January / 1};
 
-/// Leap seconds from 1980 to a GPS time: by so much UTC is less than GPS time.
+constexpr auto kEpochInUnix = static_cast<double>(seconds(kGpsEpoch.time_since_epoch()).count());
+
+/// Leap seconds before a Unix time.
+double leapSecondsBefore(double unixSeconds) {
+    const auto after =
+        std::find_if(kAfterLeapSeconds.begin(), kAfterLeapSeconds.end(), [&](date::sys_days day) {
+            return unixSeconds < static_cast<double>(seconds(day.time_since_epoch()).count());
+        });
+    return static_cast<double>(after - kAfterLeapSeconds.begin());
+}
+
+}  // namespace
+
 double leapSecondsAt(double gps) {
     double leaps = 0.0;
     for (const date::sys_days midnight : kAfterLeapSeconds) {
@@ -44,13 +57,40 @@ double leapSecondsAt(double gps) {
     return leaps;
 }
 
-}  // namespace
+std::optional<double> gpsTime(double time, Clock clock, std::optional<std::uint32_t> week) {
+    switch (clock) {
+        case Clock::Gps:
+            return time;
+        case Clock::AdjustedGps:
+            return time + kAdjustment;
+        case Clock::Utc:
+            return time - kEpochInUnix + leapSecondsBefore(time);
+        case Clock::GpsWeek:
+            return week ? std::optional(time + *week * kSecondsPerWeek) : std::nullopt;
+        case Clock::Scan:
+            break;
+    }
+    return std::nullopt;
+}
+
+std::optional<double> timeOnClock(double gps, Clock clock, std::optional<std::uint32_t> week) {
+    switch (clock) {
+        case Clock::Gps:
+            return gps;
+        case Clock::AdjustedGps:
+            return gps - kAdjustment;
+        case Clock::Utc:
+            return gps + kEpochInUnix - leapSecondsAt(gps);
+        case Clock::GpsWeek:
+            return week ? std::optional(gps - *week * kSecondsPerWeek) : std::nullopt;
+        case Clock::Scan:
+            break;
+    }
+    return std::nullopt;
+}
 
 std::int64_t unixMicroseconds(double adjusted) {
-    constexpr auto kEpochInUnix =
-        static_cast<double>(seconds(kGpsEpoch.time_since_epoch()).count());
-    const double gps = adjusted + kAdjustment;
-    const double unixSeconds = gps + kEpochInUnix - leapSecondsAt(gps);
+    const double unixSeconds = *timeOnClock(adjusted + kAdjustment, Clock::Utc, {});
     return static_cast<std::int64_t>(std::llround(unixSeconds * kMicrosecondsPerSecond));
 }
 

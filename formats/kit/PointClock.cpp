@@ -10,6 +10,7 @@
 #include <limits>
 #include <utility>
 
+#include "kit/GpsTime.h"
 #include "kit/TextFields.h"
 
 namespace Ovr::Formats {
@@ -21,16 +22,6 @@ namespace {
 
 constexpr double kMicrosecondsPerSecond = 1e6;
 constexpr double kLargestMicroseconds = std::numeric_limits<std::uint32_t>::max();
-constexpr double kSecondsPerWeek = 604800.0;
-/// GPS time passed this in September 2011, Unix time ten years before; adjusted GPS time is GPS
-/// time minus this.
-constexpr double kBillion = 1e9;
-/// Counted in seconds, no clock comes this far.
-constexpr double kBeyondSeconds = 1e11;
-
-std::string rangeText(const TimeRange& range) {
-    return fmt::format("{} .. {} s", secondsText(range.first), secondsText(range.last));
-}
 
 TimeRange rangeOf(std::span<const TrajectoryNode> trajectory) {
     TimeRange range;
@@ -46,80 +37,78 @@ double roundedMicroseconds(double seconds) {
     return std::round(seconds * kMicrosecondsPerSecond);
 }
 
+[[nodiscard]] ErrorPtr refused(const std::string& file, std::string found, std::string expected) {
+    return makeError(ErrorCode::TimeRange, {file, "", std::move(found), std::move(expected)});
+}
+
 }  // namespace
 
-void TimeRange::add(double time) {
-    first = empty ? time : std::min(first, time);
-    last = empty ? time : std::max(last, time);
-    empty = false;
+double clockShift(const ClockSettings& settings, double seconds) {
+    if (!settings.points || !settings.trajectory) {
+        return settings.offset;
+    }
+    const auto gps = gpsTime(seconds, *settings.points, settings.week);
+    const auto there =
+        gps ? timeOnClock(*gps, *settings.trajectory, settings.week) : std::optional<double>();
+    return there ? *there - seconds + settings.offset : settings.offset;
 }
 
-ClockKind clockKind(const TimeRange& range) {
-    if (range.first >= 0.0 && range.last <= kSecondsPerWeek) {
-        return ClockKind::WeekSeconds;
-    }
-    if (range.last >= kBeyondSeconds) {
-        return ClockKind::OtherUnit;
-    }
-    if (range.first >= kBillion) {
-        return ClockKind::UnixOrGps;
-    }
-    if (range.first >= -kBillion && range.last < kBillion) {
-        return ClockKind::AdjustedGps;
-    }
-    return ClockKind::Unknown;
-}
-
-std::string describe(ClockKind kind) {
-    switch (kind) {
-        case ClockKind::WeekSeconds:
-            return "GPS week seconds";
-        case ClockKind::AdjustedGps:
-            return "adjusted GPS time";
-        case ClockKind::UnixOrGps:
-            return "Unix or unadjusted GPS time";
-        case ClockKind::OtherUnit:
-            return "milliseconds, microseconds or nanoseconds";
-        case ClockKind::Unknown:
-            break;
-    }
-    return "no known clock";
-}
-
-ErrorPtr PointClock::start(const TimeRange& points, std::span<const TrajectoryNode> trajectory,
+ErrorPtr PointClock::start(const TimeRange& values, std::span<const TrajectoryNode> trajectory,
                            const std::string& file) {
-    const auto refuse = [&file](std::string found, std::string expected) {
-        return makeError(ErrorCode::TimeRange, {file, "", std::move(found), std::move(expected)});
-    };
     const TimeRange nodes = rangeOf(trajectory);
     if (!trajectory.empty() && !std::isfinite(trajectory.front().time)) {
-        return refuse("a first trajectory time that is not a number", "a finite time");
+        return refused(file, "a first trajectory time that is not a number", "a finite time");
     }
-    zero_ = trajectory.empty() ? points.first : trajectory.front().time;
-    const double last = nodes.empty ? points.last : std::max(points.last, nodes.last);
-    duration_ = points.empty ? (nodes.empty ? 0.0 : nodes.last - zero_) : last - zero_;
-    if (points.empty) {
-        return nullptr;
+    TimeRange points{inSeconds(values.first), inSeconds(values.last), values.empty};
+    shift_ = clockShift(settings_, points.first);
+    const TimeRange moved{points.first + shift_, points.last + shift_, points.empty};
+    zero_ = nodes.empty ? moved.first : trajectory.front().time;
+    duration_ = (nodes.empty ? moved.last : nodes.last) - zero_;
+    if (!nodes.empty && !points.empty && (moved.last < nodes.first || moved.first > nodes.last)) {
+        return checkMeeting(points, nodes, file);
     }
-    const std::string found = fmt::format("point times {}", rangeText(points));
-    if (!nodes.empty && (points.last < nodes.first || points.first > nodes.last)) {
-        return refuse(found, fmt::format("times that meet the trajectory's {}", rangeText(nodes)));
-    }
-    if (roundedMicroseconds(points.first - zero_) < 0.0) {
-        return refuse(found, fmt::format("none before time zero, the first of the trajectory's {}",
-                                         rangeText(nodes)));
-    }
-    const double span = points.last - zero_;
-    if (!(roundedMicroseconds(span) <= kLargestMicroseconds)) {
-        return refuse(fmt::format("points up to {} s after time zero", secondsText(span)),
-                      fmt::format("at most {} s, which 32-bit microseconds hold",
-                                  secondsText(kLargestMicroseconds / kMicrosecondsPerSecond)));
+    if (!(roundedMicroseconds(duration_) <= kLargestMicroseconds)) {
+        return refused(file,
+                       fmt::format("{} up to {} s after time zero",
+                                   nodes.empty ? "points" : "poses", secondsText(duration_)),
+                       fmt::format("at most {} s, which 32-bit microseconds hold",
+                                   secondsText(kLargestMicroseconds / kMicrosecondsPerSecond)));
     }
     return nullptr;
 }
 
+/// @param points  [s], on their own clock
+ErrorPtr PointClock::checkMeeting(const TimeRange& points, const TimeRange& nodes,
+                                  const std::string& file) const {
+    const auto shown = [](const TimeRange& range, const std::optional<Clock>& named) {
+        return fmt::format("{}, which {}", rangeText(range),
+                           named ? fmt::format("are {}", phraseOf(*named))
+                                 : fmt::format("look like {}", describe(guessClock(range))));
+    };
+    return refused(
+        file,
+        fmt::format("point times {}{}", shown(points, settings_.points),
+                    shift_ == 0.0 ? "" : fmt::format(", moved by {} s", secondsText(shift_))),
+        fmt::format("times that meet the trajectory's {}; {}", shown(nodes, settings_.trajectory),
+                    howToMeet(points, nodes)));
+}
+
+PointClock::Place PointClock::placeOf(double value) const {
+    const double time = roundedMicroseconds(scanTime(value));
+    if (time < 0.0) {
+        return Place::Before;
+    }
+    return time > roundedMicroseconds(duration_) ? Place::After : Place::Within;
+}
+
+double PointClock::distanceOutside(double value) const {
+    const double time = scanTime(value);
+    return std::max({0.0, -time, time - duration_});
+}
+
 std::uint64_t PointClock::microseconds(double value) const {
-    return static_cast<std::uint64_t>(roundedMicroseconds(onTrajectoryClock(value) - zero_));
+    const double time = roundedMicroseconds(scanTime(value));
+    return static_cast<std::uint64_t>(std::clamp(time, 0.0, kLargestMicroseconds));
 }
 
 }  // namespace Ovr::Formats

@@ -10,68 +10,68 @@
 #include "Ovr/Errors.h"
 #include "Ovr/ScanSource.h"
 #include "Ovr/TrajectoryNode.h"
+#include "kit/ClockGuess.h"
 
 namespace Ovr::Formats {
-
-/// The smallest and the largest of a number of times. Empty until something was added.
-struct TimeRange {
-    double first = 0.0;
-    double last = 0.0;
-    bool empty = true;
-
-    /// Requires: @p time is not NaN.
-    void add(double time);
-};
-
-/// What times may count. Adjusted GPS time is GPS time minus 1e9 s.
-enum class ClockKind { WeekSeconds, AdjustedGps, UnixOrGps, OtherUnit, Unknown };
-
-/// The clock that times look like by their size.
-/// @param range  [s], if the unit that the user named is right
-ClockKind clockKind(const TimeRange& range);
-
-/// A phrase for messages.
-std::string describe(ClockKind kind);
 
 /// Turns the time values of a points file into scan times: whole microseconds since time zero,
 /// which is the first trajectory node where there is a trajectory, else the earliest point.
 class PointClock {
   public:
+    /// Where a time lies: points may be measured before the first pose and after the last.
+    enum class Place { Within, Before, After };
+
     explicit PointClock(const ClockSettings& settings)
-        : perSecond_(unitsPerSecond(settings.unit)), offset_(settings.offset) {}
+        : settings_(settings), perSecond_(unitsPerSecond(settings.unit)) {}
 
     /// Value in the file x unit [s].
     double inSeconds(double value) const {
         // Most files count seconds, and a division takes longer than the rest of the step.
         return perSecond_ == 1.0 ? value : value / perSecond_;
     }
-    /// The same on the trajectory's clock [s].
-    double onTrajectoryClock(double value) const { return inSeconds(value) + offset_; }
 
-    /// Chooses time zero and checks that every time of the range can be kept.
-    /// @param points      [s], on the trajectory's clock
+    /// Finds the step to the trajectory's clock, chooses time zero, and checks that the times can
+    /// be kept.
+    /// @param values      as the file has them
     /// @param trajectory  may be empty
     /// @param file        the points file, for messages
-    /// @return empty on success. TimeRange: the two clocks do not meet, points lie before time
-    ///         zero, or times are too late for 32-bit microseconds.
-    [[nodiscard]] ErrorPtr start(const TimeRange& points,
+    /// @return empty on success. TimeRange: the two clocks do not meet, or the scan lasts longer
+    ///         than 32-bit microseconds hold; without a trajectory, that is from the earliest point
+    ///         to the latest.
+    [[nodiscard]] ErrorPtr start(const TimeRange& values,
                                  std::span<const VardexLib::TrajectoryNode> trajectory,
                                  const std::string& file);
 
-    /// Scan time of a value [us], rounded to the nearest, halves away from zero.
-    /// Requires: start() succeeded for a range that holds the value.
+    /// Where a value lies in the scan, to the microsecond. Requires: start() succeeded.
+    Place placeOf(double value) const;
+    /// How far a value lies outside the scan [s]; 0 within.
+    double distanceOutside(double value) const;
+    /// Scan time of a value [us], rounded to the nearest, halves away from zero; 0 before time zero,
+    /// and at most what 32 bits hold. Requires: start() succeeded; the value is finite.
     std::uint64_t microseconds(double value) const;
 
     /// Time zero [s, trajectory's clock].
     double zero() const { return zero_; }
-    /// From time zero to the last point or node [s].
+    /// The same on the clock of the points file [s].
+    double zeroInFile() const { return zero_ - shift_; }
+    /// From time zero to the last node, or without a trajectory to the latest point [s].
     double duration() const { return duration_; }
 
   private:
+    double scanTime(double value) const { return inSeconds(value) + shift_ - zero_; }
+    [[nodiscard]] ErrorPtr checkMeeting(const TimeRange& points, const TimeRange& nodes,
+                                        const std::string& file) const;
+
+    ClockSettings settings_;
     double perSecond_;
-    double offset_;      ///< [s]
-    double zero_ = 0.0;  ///< [s], on the trajectory's clock
+    double shift_ = 0.0;  ///< [s], from the points' clock to the trajectory's
+    double zero_ = 0.0;   ///< [s], on the trajectory's clock
     double duration_ = 0.0;
 };
+
+/// By how much the clock of a trajectory is ahead of the points' [s]: the step between the clocks
+/// that are named, and the offset.
+/// @param seconds  a time on the points' clock: leap seconds depend on it
+double clockShift(const ClockSettings& settings, double seconds);
 
 }  // namespace Ovr::Formats

@@ -23,17 +23,19 @@ ErrorPtr PointPlacer::place(const TextLines& line, const Tq_1_1::Vec3d<double>& 
 }
 
 void PointPlacer::report(Remarks& remarks, const std::string& file,
-                         const std::array<double, 3>& resolution, std::string_view origin) const {
+                         const std::array<double, 3>& resolution, std::string_view origin,
+                         std::string_view unit) const {
     constexpr std::string_view kAxes = "xyz";
     for (std::size_t axis = 0; axis < 3; ++axis) {
         const auto largest = static_cast<float>(largest_[axis]);
         const float spacing =
             std::nextafter(largest, std::numeric_limits<float>::infinity()) - largest;
         if (spacing > resolution[axis]) {
-            remarks.warn(fmt::format(
-                "{}: the resolution of {:.3g} m in {} is lost: single precision keeps "
-                "steps of {:.3g} m at up to {:.6g} m from {}",
-                file, resolution[axis], kAxes[axis], double{spacing}, double{largest}, origin));
+            remarks.warn(
+                fmt::format("{}: the resolution of {:.3g}{} in {} is lost: single precision keeps "
+                            "steps of {:.3g}{} at up to {:.6g}{} from {}",
+                            file, resolution[axis], unit, kAxes[axis], double{spacing}, unit,
+                            double{largest}, unit, origin));
         }
     }
 }

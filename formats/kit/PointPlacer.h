@@ -48,14 +48,15 @@ class PointPlacer {
 
     /// Warns of each axis along which single precision is coarser than the file.
     /// @param file        for the message
-    /// @param resolution  of the file's coordinates, per axis [m], not negative
+    /// @param resolution  of the file's coordinates, per axis, not negative
     /// @param origin      what the coordinates count from, for the message
+    /// @param unit        behind numbers: " m", or empty for that of the file
     void report(Remarks& remarks, const std::string& file, const std::array<double, 3>& resolution,
-                std::string_view origin) const;
+                std::string_view origin, std::string_view unit) const;
 
   private:
     Tq_1_1::Vec3d<double> origin_;
-    std::array<double, 3> largest_{};  ///< coordinate relative to the origin, unsigned [m]
+    std::array<double, 3> largest_{};  ///< coordinate relative to the origin, unsigned
 };
 
 /// Refuses the coordinates of a text line that lie beyond kLargestCoordinate.

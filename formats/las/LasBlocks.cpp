@@ -21,20 +21,21 @@ constexpr std::uint64_t kBlockSize = std::uint64_t{1} << 20;  // [bytes]
 /// The records as they stand in the file.
 class PlainBlocks final : public LasBlocks {
   public:
-    PlainBlocks(InputFile& file, const LasHeader& header, std::uint64_t count)
-        : LasBlocks(header.recordLength, count),
+    PlainBlocks(InputFile& file, const LasHeader& header, std::uint64_t end, std::uint64_t first)
+        : LasBlocks(header.recordLength, end, first),
           file_(file),
           begin_(header.pointOffset),
-          buffer_(static_cast<std::size_t>(std::min(count, kBlockSize / length()) * length())) {}
+          buffer_(static_cast<std::size_t>(std::min(end - first, kBlockSize / length()) *
+                                           length())) {}
 
     ErrorPtr next() override {
-        show(buffer_.data(), std::min(count() - first() - records(),
+        show(buffer_.data(), std::min(end() - first() - records(),
                                       static_cast<std::uint64_t>(buffer_.size()) / length()));
         const auto bytes = static_cast<std::size_t>(records() * length());
         const std::size_t got = file_.readAt(offset(0), std::span(buffer_).first(bytes));
         if (got != bytes) {
             return file_.fault(Interfaces::ErrorCode::Truncated, offset(0) + got,
-                               "the end of the file", fmt::format("{} points", count()));
+                               "the end of the file", fmt::format("{} points", end()));
         }
         return nullptr;
     }
@@ -57,7 +58,7 @@ class PlainBlocks final : public LasBlocks {
 LasBlocks::~LasBlocks() = default;
 
 double LasBlocks::fraction() const {
-    return count_ == 0 ? 1.0 : static_cast<double>(first_ + records_) / static_cast<double>(count_);
+    return end_ == 0 ? 1.0 : static_cast<double>(first_ + records_) / static_cast<double>(end_);
 }
 
 std::unique_ptr<LasBlocks> openLasBlocks(InputFile& file, const LasHeader& header,
@@ -65,7 +66,12 @@ std::unique_ptr<LasBlocks> openLasBlocks(InputFile& file, const LasHeader& heade
     if (header.compression) {
         return openLazBlocks(file, *header.compression, count);
     }
-    return std::make_unique<PlainBlocks>(file, header, count);
+    return openPlainBlocks(file, header, count, 0);
+}
+
+std::unique_ptr<LasBlocks> openPlainBlocks(InputFile& file, const LasHeader& header,
+                                           std::uint64_t end, std::uint64_t first) {
+    return std::make_unique<PlainBlocks>(file, header, end, first);
 }
 
 }  // namespace Ovr::Formats

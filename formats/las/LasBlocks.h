@@ -34,7 +34,7 @@ class LasBlocks {
                                          std::size_t field, std::string found,
                                          std::string expected) const = 0;
 
-    bool atEnd() const { return first_ + records_ == count_; }
+    bool atEnd() const { return first_ + records_ == end_; }
     /// Number of the block's first record.
     std::uint64_t first() const { return first_; }
     /// Number of records in the block; 0 before the first next().
@@ -45,10 +45,13 @@ class LasBlocks {
     double fraction() const;
 
   protected:
-    LasBlocks(std::uint64_t length, std::uint64_t count) : length_(length), count_(count) {}
+    /// @param end    number of the record to end before
+    /// @param first  number of the record to begin with
+    LasBlocks(std::uint64_t length, std::uint64_t end, std::uint64_t first = 0)
+        : length_(length), end_(end), first_(first) {}
 
     std::uint64_t length() const { return length_; }
-    std::uint64_t count() const { return count_; }
+    std::uint64_t end() const { return end_; }
     /// Goes on to the next records. @param data  kept until the next call
     void show(const char* data, std::uint64_t records) {
         first_ += records_;
@@ -58,8 +61,8 @@ class LasBlocks {
 
   private:
     std::uint64_t length_;  ///< of a record [bytes]
-    std::uint64_t count_;
-    std::uint64_t first_ = 0;
+    std::uint64_t end_;
+    std::uint64_t first_;
     std::uint64_t records_ = 0;
     const char* data_ = nullptr;
 };
@@ -68,6 +71,12 @@ class LasBlocks {
 /// @param count         records to walk over, from the first on; at most those of the header
 std::unique_ptr<LasBlocks> openLasBlocks(InputFile& file, const LasHeader& header,
                                          std::uint64_t count);
+
+/// The same of plain points, from one of them on.
+/// @param end    number of the record to end before; at most those of the header
+/// @param first  number of the record to begin with
+std::unique_ptr<LasBlocks> openPlainBlocks(InputFile& file, const LasHeader& header,
+                                           std::uint64_t end, std::uint64_t first);
 
 /// Coordinates of a record in the file's frame [m].
 inline Tq_1_1::Vec3d<double> lasPosition(const LasHeader& header, const char* record) {

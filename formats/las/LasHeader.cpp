@@ -13,7 +13,7 @@
 #include "kit/LittleEndian.h"
 #include "kit/PointPlacer.h"
 #include "kit/TextFields.h"
-#include "las/LasVlrs.h"
+#include "las/LasRecords.h"
 #include "las/laz/ChunkFinder.h"
 #include "las/laz/SchemaRecord.h"
 
@@ -27,22 +27,9 @@ constexpr std::string_view kSignature = "LASF";
 constexpr unsigned kHighestMinorVersion = 4;
 /// Of LAS 1.0 to 1.4 [bytes].
 constexpr std::array<std::size_t, kHighestMinorVersion + 1> kHeaderSizes{227, 227, 227, 235, 375};
-constexpr unsigned kAdjustedTimeBit = 1;       // of the global encoding
 constexpr unsigned kOldCompressionBit = 0x40;  // of the format byte, set by experiments
-
-constexpr std::array<LasRecordLayout, kLasHighestFormat + 1> kLayouts{{
-    {20, {}, {}},
-    {28, 20, {}},
-    {26, {}, 20},
-    {34, 20, 28},
-    {57, 20, {}},
-    {63, 20, 28},
-    {30, 22, {}},
-    {36, 22, 30},
-    {38, 22, 30},
-    {59, 22, {}},
-    {67, 22, 30},
-}};
+constexpr unsigned kAdjustedTimeBit = 1;       // of the global encoding
+constexpr unsigned kWktBit = 16;               // of the global encoding, since LAS 1.4
 
 /// A text field of fixed length: up to the first zero byte, printable ASCII, no blanks at its end.
 std::string identifier(const char* field) {
@@ -54,8 +41,8 @@ std::string identifier(const char* field) {
 
 class HeaderParser {
   public:
-    HeaderParser(InputFile& file, LasHeader& header, Remarks& remarks)
-        : file_(file), header_(header), remarks_(remarks) {}
+    HeaderParser(InputFile& file, LasHeader& header, Remarks& remarks, bool lenient)
+        : file_(file), header_(header), remarks_(remarks), lenient_(lenient) {}
 
     [[nodiscard]] ErrorPtr parse();
 
@@ -74,34 +61,52 @@ class HeaderParser {
     [[nodiscard]] ErrorPtr checkFormat();
     [[nodiscard]] ErrorPtr checkCount();
     [[nodiscard]] ErrorPtr checkCoordinates();
-    [[nodiscard]] ErrorPtr walkVariableLengthRecords();
+    void readFacts();
+    void remarkOnCounts(std::uint64_t wide, std::uint64_t narrow) const;
+    [[nodiscard]] ErrorPtr walkRecords();
     [[nodiscard]] ErrorPtr checkCompression() const;
     [[nodiscard]] ErrorPtr readCompression();
-    Laz::PointData pointData() const;
+    void findRest();
+    void settleUncounted();
 
     InputFile& file_;
     LasHeader& header_;
     Remarks& remarks_;
+    bool lenient_;
     std::array<char, kHeaderSizes.back()> bytes_{};
     bool isCompressed_ = false;
-    std::optional<SchemaPlace> schemaAt_;
+    std::optional<LasRecord> schema_;  ///< on the compression
 };
 
 ErrorPtr HeaderParser::parse() {
     for (const auto step :
          {&HeaderParser::readBytes, &HeaderParser::checkSizes, &HeaderParser::checkFormat,
           &HeaderParser::checkCount, &HeaderParser::checkCoordinates,
-          &HeaderParser::walkVariableLengthRecords, &HeaderParser::readCompression}) {
+          &HeaderParser::walkRecords, &HeaderParser::readCompression}) {
         if (ErrorPtr error = (this->*step)()) {
             return error;
         }
     }
+    readFacts();
+    settleUncounted();
+    return nullptr;
+}
+
+/// What needs no check: nothing is placed or sized by it.
+void HeaderParser::readFacts() {
+    const unsigned encoding = at<std::uint16_t>(LasField::kEncoding);
     // LAS 1.0 and 1.1 know only week seconds and keep other things in these bits.
-    header_.adjustedTime = header_.minorVersion >= 2 &&
-                           (at<std::uint16_t>(LasField::kEncoding) & kAdjustedTimeBit) != 0;
+    header_.adjustedTime = header_.minorVersion >= 2 && (encoding & kAdjustedTimeBit) != 0;
+    header_.saysWkt = header_.minorVersion >= 4 && (encoding & kWktBit) != 0;
     header_.systemIdentifier = identifier(bytes_.data() + LasField::kSystem);
     header_.generatingSoftware = identifier(bytes_.data() + LasField::kSoftware);
-    return nullptr;
+    header_.creationDay = at<std::uint16_t>(LasField::kCreationDay);
+    header_.creationYear = at<std::uint16_t>(LasField::kCreationYear);
+    const bool isWide = header_.minorVersion >= 4 && at<std::uint64_t>(LasField::kWideCount) != 0;
+    for (std::size_t i = 0; i < (isWide ? kLasReturns : kLasOldReturns); ++i) {
+        header_.returns[i] = isWide ? at<std::uint64_t>(LasField::kWideCount + 8 * (i + 1))
+                                    : at<std::uint32_t>(LasField::kCount + 4 * (i + 1));
+    }
 }
 
 ErrorPtr HeaderParser::readBytes() {
@@ -192,20 +197,35 @@ ErrorPtr HeaderParser::checkCount() {
     const std::uint64_t fitting =
         isCompressed_ ? Laz::mostPoints(pointBytes()) : pointBytes() / header_.recordLength;
     if (header_.count > fitting) {
-        return file_.fault(ErrorCode::Truncated,
-                           wide != 0 ? LasField::kWideCount : LasField::kCount,
-                           fmt::format("a count of {}", countText(header_.count, "point")),
-                           fmt::format("at most {}, for which the file has room", fitting));
+        ErrorPtr error =
+            file_.fault(ErrorCode::Truncated, wide != 0 ? LasField::kWideCount : LasField::kCount,
+                        fmt::format("a count of {}", countText(header_.count, "point")),
+                        fmt::format("at most {}, for which the file has room", fitting));
+        if (!lenient_) {
+            return error;
+        }
+        header_.count = fitting;
+        remarks_.warn(fmt::format("{}; {} are read", error->message(), fitting));
     }
+    remarkOnCounts(wide, narrow);
+    return nullptr;
+}
+
+void HeaderParser::remarkOnCounts(std::uint64_t wide, std::uint64_t narrow) const {
     if (wide != 0 && narrow != 0 && wide != narrow) {
         remarks_.warn(fmt::format(
             "{}: the header counts {} points in 64 bits and {} in 32 bits; the first is taken",
             file_.name(), wide, narrow));
     }
+    if (header_.minorVersion >= 4 && wide == 0 && narrow != 0) {
+        remarks_.warn(fmt::format(
+            "{}: the header counts no point in 64 bits, where LAS 1.4 counts them, and {} in 32 "
+            "bits; the second is taken",
+            file_.name(), narrow));
+    }
     if (header_.count == 0) {
         remarks_.warn(fmt::format("{}: no point in the file", file_.name()));
     }
-    return nullptr;
 }
 
 ErrorPtr HeaderParser::checkCoordinates() {
@@ -226,7 +246,13 @@ ErrorPtr HeaderParser::checkCoordinates() {
             return file_.fault(ErrorCode::InvalidValue, offsetAt,
                                fmt::format("an offset of {:.9g} and a scale of {:.9g} for {}",
                                            offset, scale, kAxes[axis]),
-                               fmt::format("coordinates within {:.9g} m", kLargestCoordinate));
+                               fmt::format("coordinates within {:.9g}", kLargestCoordinate));
+        }
+        if (scale < 0.0) {
+            remarks_.warn(fmt::format(
+                "{}: byte {}: a scale of {:.9g} for {}: coordinates fall as the stored numbers "
+                "rise",
+                file_.name(), scaleAt, scale, kAxes[axis]));
         }
         header_.scale[axis] = scale;
         header_.offset[axis] = offset;
@@ -236,16 +262,28 @@ ErrorPtr HeaderParser::checkCoordinates() {
     return nullptr;
 }
 
-ErrorPtr HeaderParser::walkVariableLengthRecords() {
-    schemaAt_ = findSchemaRecord(file_,
-                                 {at<std::uint16_t>(LasField::kHeaderSize), header_.pointOffset,
-                                  at<std::uint32_t>(LasField::kVlrCount)},
-                                 remarks_);
+/// A broken chain only earns a warning: of its records only the one on the compression is needed.
+ErrorPtr HeaderParser::walkRecords() {
+    walkLasRecords(file_,
+                   {at<std::uint16_t>(LasField::kHeaderSize), header_.pointOffset,
+                    at<std::uint32_t>(LasField::kVlrCount), false},
+                   header_.records, remarks_);
+    if (const LasRecord* const found =
+            findLasRecord(header_.records, Laz::SchemaRecord::USER_ID, Laz::SchemaRecord::RECORD_ID)) {
+        schema_ = *found;
+    }
+    findRest();
+    if (header_.minorVersion >= 4) {
+        walkLasRecords(file_,
+                       {at<std::uint64_t>(LasField::kExtendedStart), file_.size(),
+                        at<std::uint32_t>(LasField::kExtendedCount), true},
+                       header_.records, remarks_);
+    }
     return checkCompression();
 }
 
 ErrorPtr HeaderParser::checkCompression() const {
-    if (isCompressed_ == schemaAt_.has_value()) {
+    if (isCompressed_ == schema_.has_value()) {
         return nullptr;
     }
     if (isCompressed_) {
@@ -253,7 +291,7 @@ ErrorPtr HeaderParser::checkCompression() const {
                            "compressed points without a record on the compression",
                            "a variable-length record 'laszip encoded' 22204");
     }
-    return file_.fault(ErrorCode::InvalidValue, schemaAt_->begin,
+    return file_.fault(ErrorCode::InvalidValue, schema_->begin,
                        "a record on the compression of points that are not compressed",
                        "bit 7 of the format byte");
 }
@@ -263,35 +301,56 @@ ErrorPtr HeaderParser::readCompression() {
         return nullptr;
     }
     auto made = std::make_shared<LasCompression>();
-    ErrorPtr error = Laz::SchemaRecord::read(file_, schemaAt_->begin, schemaAt_->size,
-                                             header_.format, header_.recordLength, made->schema);
+    ErrorPtr error =
+        Laz::SchemaRecord::read(file_, schema_->begin, static_cast<std::size_t>(schema_->length),
+                                header_.format, header_.recordLength, made->schema);
     if (!error && header_.count != 0) {
-        error = Laz::findChunks(file_, made->schema, pointData(), made->list, remarks_);
+        error = Laz::findChunks(file_, made->schema,
+                                {header_.pointOffset, header_.restBegin, header_.count},
+                                made->list, remarks_);
     }
     header_.compression = std::move(made);
     return error;
 }
 
-/// Points end where extended variable-length records begin, or with the file.
-Laz::PointData HeaderParser::pointData() const {
-    Laz::PointData data{header_.pointOffset, file_.size(), header_.count};
-    if (header_.minorVersion >= 4 && at<std::uint32_t>(LasField::kExtendedCount) != 0) {
-        const auto start = at<std::uint64_t>(LasField::kExtendedStart);
-        if (start > data.begin && start < data.end) {
-            data.end = start;
+void HeaderParser::findRest() {
+    header_.restBegin = file_.size();
+    const auto stopAt = [this](std::uint64_t place) {
+        if (place > header_.pointOffset) {
+            header_.restBegin = std::min(header_.restBegin, place);
         }
+    };
+    if (header_.minorVersion >= 3) {
+        stopAt(at<std::uint64_t>(LasField::kWaveStart));
     }
-    return data;
+    if (header_.minorVersion >= 4 && at<std::uint32_t>(LasField::kExtendedCount) != 0) {
+        stopAt(at<std::uint64_t>(LasField::kExtendedStart));
+    }
+}
+
+/// What follows the points and is neither a waveform nor an extended record may be points that a
+/// writer did not count before it broke off.
+void HeaderParser::settleUncounted() {
+    const std::uint64_t begin = header_.pointOffset + header_.count * header_.recordLength;
+    if (isCompressed_ || begin >= header_.restBegin) {
+        return;
+    }
+    const std::uint64_t bytes = header_.restBegin - begin;
+    const std::uint64_t more = bytes / header_.recordLength;
+    if (more != 0) {
+        remarks_.warn(fmt::format(
+            "{}: byte {}: {} after the last counted point, room for {} more than the header's {}; "
+            "they are {}read",
+            file_.name(), begin, countText(bytes, "byte"), countText(more, "point"), header_.count,
+            lenient_ ? "" : "not "));
+        header_.count += lenient_ ? more : 0;
+    }
 }
 
 }  // namespace
 
-const LasRecordLayout& lasRecordLayout(unsigned format) {
-    return kLayouts[format];
-}
-
-ErrorPtr readLasHeader(InputFile& file, LasHeader& header, Remarks& remarks) {
-    return HeaderParser(file, header, remarks).parse();
+ErrorPtr readLasHeader(InputFile& file, LasHeader& header, Remarks& remarks, bool lenient) {
+    return HeaderParser(file, header, remarks, lenient).parse();
 }
 
 }  // namespace Ovr::Formats

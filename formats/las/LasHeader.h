@@ -9,10 +9,12 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "Ovr/Errors.h"
 #include "Ovr/Remarks.h"
 #include "kit/InputFile.h"
+#include "las/LasRecords.h"
 #include "las/laz/ChunkList.h"
 #include "las/laz/Schema.h"
 
@@ -55,6 +57,9 @@ inline constexpr std::size_t kWideCount = 247;      ///< 64 bits, since LAS 1.4;
 
 /// Length of the two text fields of the header [bytes].
 inline constexpr std::size_t kLasIdentifierLength = 32;
+/// Returns of a pulse that the header counts: five before LAS 1.4.
+inline constexpr std::size_t kLasReturns = 15;
+inline constexpr std::size_t kLasOldReturns = 5;
 
 /// @param format  0 to kLasHighestFormat
 const LasRecordLayout& lasRecordLayout(unsigned format);
@@ -75,22 +80,35 @@ struct LasHeader {
     bool adjustedTime = false;  ///< the file says: GPS time minus 1e9 s; else GPS week seconds
     std::string systemIdentifier;
     std::string generatingSoftware;
-    std::uint32_t pointOffset = 0;  ///< [bytes]
+    std::uint16_t creationDay = 0;   ///< of the year, from 1; 0: not said
+    std::uint16_t creationYear = 0;  ///< 0: not said
+    std::uint32_t pointOffset = 0;   ///< [bytes]
     unsigned format = 0;
     std::uint16_t recordLength = 0;  ///< [bytes], at least what the format needs
     std::uint64_t count = 0;
-    std::array<double, 3> scale{};                      ///< [m], finite, not 0
-    std::array<double, 3> offset{};                     ///< [m], finite
-    std::array<double, 3> minimum{};                    ///< [m], as the file says; not checked
-    std::array<double, 3> maximum{};                    ///< [m], as the file says; not checked
-    std::shared_ptr<const LasCompression> compression;  ///< null when the points are plain
+    /// Points by return as the file says, from return 1 on; not checked.
+    std::array<std::uint64_t, kLasReturns> returns{};
+    std::array<double, 3> scale{};    ///< finite, not 0
+    std::array<double, 3> offset{};   ///< finite
+    std::array<double, 3> minimum{};  ///< as the file says; not checked
+    std::array<double, 3> maximum{};  ///< as the file says; not checked
+    bool saysWkt = false;             ///< the file says: the coordinate system is a well-known text
+    std::vector<LasRecord> records{};  ///< those that are of use, also those after the points
+    /// Where extended records and waveforms begin in the file [bytes]; its size without them.
+    std::uint64_t restBegin = 0;
+    std::shared_ptr<const LasCompression> compression{};  ///< null when the points are plain
 };
 
 /// Reads and checks the header of a LAS 1.0 to 1.4 file, walks its variable-length records, and
 /// finds the chunks of compressed points.
 /// @param remarks   receives what can be lived with: broken variable-length records, counts that
 ///                  differ, a missing chunk table
+/// @param lenient   take as many plain points as the file has room for, whatever the header counts
 /// @return empty on success
-[[nodiscard]] ErrorPtr readLasHeader(InputFile& file, LasHeader& header, Remarks& remarks);
+[[nodiscard]] ErrorPtr readLasHeader(InputFile& file, LasHeader& header, Remarks& remarks,
+                                     bool lenient = false);
+
+/// The error for a file whose points carry no time.
+[[nodiscard]] ErrorPtr noLasTimes(const std::string& file, const LasHeader& header);
 
 }  // namespace Ovr::Formats

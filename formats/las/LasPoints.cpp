@@ -66,7 +66,7 @@ ErrorPtr LasPointLoader::load(const LoadTarget& target, StatisticsReport& statis
     const auto& scale = header_.scale;
     placer_.report(target.remarks, file_.name(),
                    {std::abs(scale[0]), std::abs(scale[1]), std::abs(scale[2])},
-                   "the project's origin");
+                   "the project's origin", "");
     if (target.metaData != nullptr) {
         fillMetaData(*target.metaData);
     }
@@ -172,7 +172,7 @@ void LasPointLoader::fillMetaData(VardexLib::CorvinMetaData& metaData) const {
     // adjusted time.
     if (header_.adjustedTime && !noticed_.times.empty && !noticed_.oddTime &&
         source_.clock.unit == TimeUnit::Seconds &&
-        clockKind(noticed_.times) == ClockKind::AdjustedGps) {
+        guessClock(noticed_.times).isOnly(Clock::AdjustedGps)) {
         metaData.RecordingTime(unixMicroseconds(noticed_.times.first));
     }
 }

@@ -16,6 +16,7 @@
 #include "Ovr/Vardex/CorvinMobileScanData.h"
 #include "kit/InputFile.h"
 #include "las/LasBlocks.h"
+#include "las/LasDamage.h"
 #include "las/LasHeader.h"
 #include "las/LasPoints.h"
 #include "las/LasTimes.h"
@@ -51,7 +52,7 @@ class LasReader final : public IScanReader {
 
     std::optional<Position> place(Remarks& remarks) override {
         InputFile file;
-        if (open(file, remarks) != nullptr || header_.count == 0) {
+        if (open(file, remarks, {}) != nullptr || header_.count == 0) {
             return std::nullopt;
         }
         const auto one = openLasBlocks(file, header_, 1);
@@ -63,7 +64,7 @@ class LasReader final : public IScanReader {
 
     ErrorPtr loadPoints(const LoadTarget& target, StatisticsReport& statistics) override {
         InputFile file;
-        if (ErrorPtr error = open(file, target.remarks)) {
+        if (ErrorPtr error = open(file, target.remarks, target.work)) {
             return error;
         }
         times_.reset();
@@ -78,7 +79,7 @@ class LasReader final : public IScanReader {
 
     ErrorPtr loadTimes(const TimeTarget& target) override {
         InputFile file;
-        ErrorPtr error = open(file, target.remarks);
+        ErrorPtr error = open(file, target.remarks, target.work);
         if (timesOf_ != target.maximumCount) {
             times_.reset();
         }
@@ -87,7 +88,8 @@ class LasReader final : public IScanReader {
 
   private:
     /// Opens the file and, unless the header that is kept is that file's, reads the header.
-    [[nodiscard]] ErrorPtr open(InputFile& file, Remarks& remarks) {
+    [[nodiscard]] ErrorPtr open(InputFile& file, Remarks& remarks,
+                                const DataStructures::Work& work) {
         if (ErrorPtr error = file.open(source().file)) {
             return error;
         }
@@ -96,8 +98,13 @@ class LasReader final : public IScanReader {
             stamp_.reset();
             times_.reset();
             header_ = {};
-            if (ErrorPtr error = readLasHeader(file, header_, remarks)) {
+            if (ErrorPtr error = readLasHeader(file, header_, remarks, source().lenient)) {
                 return error;
+            }
+            if (source().lenient) {
+                if (ErrorPtr error = shortenToReadable(file, header_, remarks, work)) {
+                    return error;
+                }
             }
             stamp_ = stamp;
         }

@@ -9,14 +9,12 @@
 
 #include "kit/LittleEndian.h"
 #include "las/LasHeader.h"
-#include "las/LasVlrs.h"
+#include "las/LasRecords.h"
 #include "las/laz/Chunk.h"
 #include "las/laz/ChunkTable.h"
 #include "las/laz/SchemaRecord.h"
 
 namespace Ovr::Formats {
-
-using Interfaces::ErrorCode;
 
 namespace {
 
@@ -43,12 +41,11 @@ void addTo(char* field, std::uint64_t more) {
 LasRecordWriter::LasRecordWriter() = default;
 LasRecordWriter::~LasRecordWriter() = default;
 
-ErrorPtr LasRecordWriter::open(const std::filesystem::path& file, std::string header,
-                               std::string between, bool compress) {
-    if (ErrorPtr error = file_.open(file)) {
+ErrorPtr LasRecordWriter::open(const std::filesystem::path& file, Existing existing,
+                               std::string header, std::string between, bool compress) {
+    if (ErrorPtr error = file_.open(file, existing)) {
         return error;
     }
-    name_ = file.string();
     const unsigned format = loadLittle<std::uint8_t>(header.data() + LasField::kFormat);
     const std::size_t length = loadLittle<std::uint16_t>(header.data() + LasField::kRecordLength);
     blockSize_ = std::max<std::size_t>(1, kBlockSize / length) * length;
@@ -74,9 +71,7 @@ ErrorPtr LasRecordWriter::open(const std::filesystem::path& file, std::string he
 ErrorPtr LasRecordWriter::put(std::string_view bytes) {
     file_.stream().write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     place_ += bytes.size();
-    return file_.stream()
-               ? nullptr
-               : makeError(ErrorCode::WriteFailed, {name_, "", "a write that failed", ""});
+    return file_.failure();
 }
 
 ErrorPtr LasRecordWriter::write(std::span<const char> records) {
@@ -135,24 +130,34 @@ ErrorPtr LasRecordWriter::putChunkTable() {
     return error;
 }
 
-ErrorPtr LasRecordWriter::finish(std::string header, const std::string& extended) {
+ErrorPtr LasRecordWriter::endPoints() {
+    if (restAt_ != 0) {
+        return nullptr;
+    }
     ErrorPtr error = gathered_.empty() ? nullptr : giveChunk();
     if (!error && jobs_) {
         error = putChunkTable();
     }
-    if (!error) {
-        complete(header, extended);
-        error = put(extended);
+    restAt_ = place_;
+    return error;
+}
+
+ErrorPtr LasRecordWriter::writeRest(std::string_view bytes) {
+    ErrorPtr error = endPoints();
+    return error ? std::move(error) : put(bytes);
+}
+
+ErrorPtr LasRecordWriter::finish(std::string header, std::uint64_t restAt) {
+    if (ErrorPtr error = endPoints()) {
+        return error;
     }
-    if (!error) {
-        file_.stream().seekp(0);
-        error = put(header);
-    }
+    complete(header, restAt);
+    file_.stream().seekp(0);
+    ErrorPtr error = put(header);
     return error ? std::move(error) : file_.commit();
 }
 
-/// Requires: the extended records come next in the file.
-void LasRecordWriter::complete(std::string& header, const std::string& extended) const {
+void LasRecordWriter::complete(std::string& header, std::uint64_t restAt) const {
     char* const h = header.data();
     storeLittle(h + LasField::kPointOffset, static_cast<std::uint32_t>(pointsAt_));
     if (jobs_) {
@@ -160,14 +165,18 @@ void LasRecordWriter::complete(std::string& header, const std::string& extended)
             static_cast<char>(static_cast<unsigned char>(h[LasField::kFormat]) | kLasCompressedBit);
         addTo<std::uint32_t>(h + LasField::kVlrCount, 1);
     }
-    if (!extended.empty()) {
-        const std::uint64_t moved =
-            place_ - loadLittle<std::uint64_t>(h + LasField::kExtendedStart);
-        addTo<std::uint64_t>(h + LasField::kExtendedStart, moved);
-        // Wave packets are one of the extended records, unless they stand in a file of their own.
-        if (loadLittle<std::uint64_t>(h + LasField::kWaveStart) != 0) {
-            addTo<std::uint64_t>(h + LasField::kWaveStart, moved);
+    const auto move = [&](std::size_t field) {
+        const bool isInHeader = field + sizeof(std::uint64_t) <= header.size();
+        if (isInHeader && restAt != 0 && loadLittle<std::uint64_t>(h + field) >= restAt) {
+            addTo<std::uint64_t>(h + field, restAt_ - restAt);
         }
+    };
+    const auto minor = static_cast<unsigned char>(h[LasField::kMinorVersion]);
+    if (minor >= 3) {
+        move(LasField::kWaveStart);
+    }
+    if (minor >= 4) {
+        move(LasField::kExtendedStart);
     }
 }
 

@@ -9,6 +9,7 @@
 #include <memory>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "Ovr/Errors.h"
@@ -32,21 +33,26 @@ class LasRecordWriter {
     LasRecordWriter& operator=(const LasRecordWriter&) = delete;
     ~LasRecordWriter();
 
+    /// @param existing  what becomes of a file of the name
     /// @param header    as long as it says; its counts and bounds may still be open
     /// @param between   what stands between header and points: variable-length records, as many as
     ///                  the header counts, none of them on a compression, and any bytes after them
     /// @return empty on success. Requires: called once; point format and record length fit.
-    [[nodiscard]] ErrorPtr open(const std::filesystem::path& file, std::string header,
-                                std::string between, bool compress);
+    [[nodiscard]] ErrorPtr open(const std::filesystem::path& file, Existing existing,
+                                std::string header, std::string between, bool compress);
 
     /// @param records  whole records
     /// @return WriteFailed when the disk does not take them
     [[nodiscard]] ErrorPtr write(std::span<const char> records);
 
+    /// After the last point: takes bytes of what follows the points, such as extended records.
+    [[nodiscard]] ErrorPtr writeRest(std::string_view bytes);
+
     /// Brings the file to its name.
-    /// @param header    with its counts and bounds, of the same size, format and record length
-    /// @param extended  extended variable-length records, as many as the header counts
-    [[nodiscard]] ErrorPtr finish(std::string header, const std::string& extended);
+    /// @param header  with its counts and bounds, of the same size, format and record length
+    /// @param restAt  where by this header what follows the points begins [bytes]; the places that
+    ///                it names there move to where this file has it
+    [[nodiscard]] ErrorPtr finish(std::string header, std::uint64_t restAt = 0);
 
   private:
     struct Job {
@@ -57,13 +63,14 @@ class LasRecordWriter {
     [[nodiscard]] ErrorPtr put(std::string_view bytes);
     [[nodiscard]] ErrorPtr giveChunk();
     [[nodiscard]] ErrorPtr takeChunk();
+    [[nodiscard]] ErrorPtr endPoints();
     [[nodiscard]] ErrorPtr putChunkTable();
-    void complete(std::string& header, const std::string& extended) const;
+    void complete(std::string& header, std::uint64_t restAt) const;
 
     AtomicFile file_;
-    std::string name_;
     std::uint64_t place_ = 0;     ///< of the next byte in the file
     std::uint64_t pointsAt_ = 0;  ///< in the file
+    std::uint64_t restAt_ = 0;    ///< in the file; 0 until the points have ended
     std::size_t blockSize_ = 0;   ///< records are gathered up to here [bytes]
     std::string gathered_;
     Laz::Schema schema_;

@@ -13,9 +13,11 @@
 
 namespace Ovr::Formats {
 
-/// Loads the times of a LAS file's points in two passes: the first checks every time and finds
-/// their range, the second writes. The first is left out where the range is known. A load that is
-/// cancelled, or whose file changes meanwhile, sets the times that it has written to 0.
+/// Loads the times of a LAS file's points in two passes: the first finds their range, the second
+/// writes. Points measured before the first pose, and times that are no finite number, become scan
+/// time 0; points after the last pose keep their time. Remarks say how many there are. A file of
+/// which no point gets a time within the scan is refused. A load that fails sets the times that it
+/// has written to 0.
 /// Remarks on the kind of clock that the times look like and the one that the header says: a
 /// warning when they differ, else a note.
 /// @param known  range of all those times, all finite, from an earlier look at the same file; or

@@ -49,7 +49,7 @@ ErrorPtr LasWriter::open(const std::filesystem::path& file, const LasWriterSetti
     name_ = file.string();
     settings_ = settings;
     wide_ = settings.expectedCount > std::numeric_limits<std::uint32_t>::max();
-    return file_.open(file, header(), {}, settings.compress);
+    return file_.open(file, settings.existing, header(), {}, settings.compress);
 }
 
 ErrorPtr LasWriter::write(const LasPoint& point) {
@@ -96,7 +96,7 @@ ErrorPtr LasWriter::finish() {
                          {name_, "", countText(count_, "point"),
                           "no more than were announced, for LAS 1.2 counts in 32 bits"});
     }
-    return file_.finish(header(), {});
+    return file_.finish(header());
 }
 
 std::string LasWriter::header() const {

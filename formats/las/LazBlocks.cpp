@@ -78,7 +78,7 @@ class SerialBlocks final : public LazBlocks {
             begin(from);
         }
         const std::uint64_t wanted =
-            std::min({count() - from, chunk_.first + chunk_.count - from,
+            std::min({end() - from, chunk_.first + chunk_.count - from,
                       static_cast<std::uint64_t>(buffer_.size()) / length()});
         const std::uint64_t got =
             decoder_->decode(std::span(buffer_).first(static_cast<std::size_t>(wanted * length())));
@@ -149,7 +149,7 @@ class ParallelBlocks final : public LazBlocks {
         // Makes room before the next one is taken up.
         current_.reset();
         while (queue_.size() < atOnce_ && given_ < list_.chunks.size() &&
-               list_.chunks[given_].first < count()) {
+               list_.chunks[given_].first < end()) {
             give();
         }
         current_ = queue_.take();
@@ -164,7 +164,7 @@ class ParallelBlocks final : public LazBlocks {
     void give() {
         const ChunkPlace& place = list_.chunks[given_];
         auto job = std::make_unique<ChunkJob>(
-            ChunkJob{given_, place, std::min(place.count, count() - place.first),
+            ChunkJob{given_, place, std::min(place.count, end() - place.first),
                      std::vector<char>(static_cast<std::size_t>(place.end - place.begin))});
         job->bytes.resize(file_.readAt(place.begin, job->bytes));
         queue_.give(std::move(job));

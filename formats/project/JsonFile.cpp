@@ -66,17 +66,11 @@ bool isPlainText(const std::string& text) {
 
 }  // namespace
 
-bool JsonFile::read(const std::filesystem::path& file, std::uint64_t maximumSize) {
+bool JsonFile::read(const std::filesystem::path& file) {
     file_ = file;
     InputFile input;
     if (ErrorPtr error = input.open(file)) {
         fail(std::move(error));
-        return false;
-    }
-    if (input.size() > maximumSize) {
-        fail(makeError(ErrorCode::WrongFormat,
-                       {input.name(), "", countText(input.size(), "byte"),
-                        fmt::format("at most {}", countText(maximumSize, "byte"))}));
         return false;
     }
     text_.resize(static_cast<std::size_t>(input.size()));

@@ -24,9 +24,8 @@ namespace Ovr::Formats {
 class JsonFile {
   public:
     /// Parses a file: strict JSON, no member twice in one object, an object at the top.
-    /// @param maximumSize  [bytes]; a larger file is refused unread
     /// @return whether there is no fault
-    [[nodiscard]] bool read(const std::filesystem::path& file, std::uint64_t maximumSize);
+    [[nodiscard]] bool read(const std::filesystem::path& file);
 
     const Json::Value& root() const { return root_; }
     /// What the file says where the value stands; valid as long as this object.

@@ -20,9 +20,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// Some ten thousand scans; the parsed form takes up to fifty times as much memory.
-constexpr std::uint64_t kLargestFile = 4U << 20U;
-
 /// Read before anything else: a newer version may mean other things by the same fields.
 /// @return whether it is a version that is read; else there is a fault
 [[nodiscard]] bool readVersion(JsonFile& json, JsonMembers& members) {
@@ -69,7 +66,7 @@ void readProject(JsonFile& json, ProjectFile& project) {
 
 ErrorPtr readProjectFile(const fs::path& file, ProjectFile& project, Remarks& remarks) {
     JsonFile json;
-    if (!json.read(file, kLargestFile)) {
+    if (!json.read(file)) {
         return json.takeError();
     }
     ProjectFile read;

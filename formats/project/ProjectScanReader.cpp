@@ -34,10 +34,11 @@ constexpr auto kLatestRecording = static_cast<double>(
 constexpr double kAxisTolerance = 1e-3;
 
 /// "'s', 'ms' or 'us'"
-std::string unitNames() {
+template <typename Entries>
+std::string namesOf(const Entries& entries) {
     std::string names;
-    for (const TimeUnitEntry& entry : kTimeUnits) {
-        const bool last = entry.unit == kTimeUnits.back().unit;
+    for (const auto& entry : entries) {
+        const bool last = &entry == &entries.back();
         names += fmt::format("{}'{}'", names.empty() ? "" : last ? " or " : ", ", entry.name);
     }
     return names;
@@ -181,6 +182,20 @@ fs::path ProjectScanReader::existingFile(const Json::Value& value) {
     return path;
 }
 
+/// Reads a member that names one of a few things.
+/// @return empty without the member, and with a fault for any other name
+template <typename Named, typename Entries>
+auto ProjectScanReader::readNamed(JsonMembers& members, const char* key, Named named,
+                                  const Entries& entries) -> decltype(named({})) {
+    std::optional<std::string> name;
+    members.get(key, name);
+    const auto found = name ? named(*name) : std::nullopt;
+    if (name && !found) {
+        json_.fail(*members.find(key), inQuotes(*name), namesOf(entries));
+    }
+    return found;
+}
+
 void ProjectScanReader::readClock(JsonMembers& members, ProjectScan& scan) {
     refuseUnlessKind(members, "clock", scan, ProjectScanKind::Mobile);
     const Json::Value* const value = members.find("clock");
@@ -189,19 +204,17 @@ void ProjectScanReader::readClock(JsonMembers& members, ProjectScan& scan) {
     }
     JsonMembers clock(json_, *value);
     ClockSettings settings;
-    std::optional<std::string> unit;
-    clock.get("unit", unit);
-    if (unit) {
-        const auto named = timeUnitNamed(*unit);
-        if (!named) {
-            json_.fail(*clock.find("unit"), inQuotes(*unit), unitNames());
-            return;
-        }
-        settings.unit = *named;
-    }
+    settings.unit = readNamed(clock, "unit", timeUnitNamed, kTimeUnits).value_or(settings.unit);
+    settings.trajectoryUnit = readNamed(clock, "trajectoryUnit", timeUnitNamed, kTimeUnits);
+    settings.points = readNamed(clock, "points", clockNamed, kClocks);
+    settings.trajectory = readNamed(clock, "trajectory", clockNamed, kClocks);
+    clock.get("week", settings.week);
     std::optional<double> offset;
     clock.get("offset", offset);
     settings.offset = offset.value_or(0.0);
+    if (lacksWeek(settings) && !json_.failed()) {
+        json_.fail(*value, "'gps-week' next to another clock and no week", "the field 'week'");
+    }
     clock.noteOthers();
     scan.clock = settings;
 }

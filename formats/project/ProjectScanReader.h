@@ -34,6 +34,9 @@ class ProjectScanReader {
     void readIndex(JsonMembers& members, ProjectScan& scan);
     const std::vector<ScanListing>& scansOf(const Json::Value& at,
                                             const std::filesystem::path& points);
+    template <typename Named, typename Entries>
+    auto readNamed(JsonMembers& members, const char* key, Named named, const Entries& entries)
+        -> decltype(named({}));
     void readClock(JsonMembers& members, ProjectScan& scan);
     void readScanner(JsonMembers& members, ProjectScan& scan);
     void readRecording(JsonMembers& members, ProjectScan& scan);

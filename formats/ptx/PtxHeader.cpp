@@ -41,12 +41,11 @@ constexpr std::size_t kPlacementLines = 4;
 }
 
 [[nodiscard]] ErrorPtr readPlacement(TextLines& lines, PtxHeader& header) {
-    std::array<double, 3> unused{};
     for (std::size_t i = 0; i < kPlacementLines; ++i) {
         if (ErrorPtr error = lines.require("a line of the scanner's placement")) {
             return error;
         }
-        if (ErrorPtr error = readNumbers(lines, unused)) {
+        if (ErrorPtr error = readNumbers(lines, std::span(header.placement).subspan(3 * i, 3))) {
             return error;
         }
     }
@@ -62,7 +61,7 @@ constexpr std::size_t kPlacementLines = 4;
 }
 
 /// Before anything is sized by the grid: a file cannot hold more points than lines fit into it.
-[[nodiscard]] ErrorPtr checkGrid(const TextLines& lines, const PtxHeader& header) {
+[[nodiscard]] ErrorPtr checkGrid(const TextLines& lines, PtxHeader& header, bool lenient) {
     const std::string grid =
         fmt::format("a grid of {} x {} = {} points", header.columns, header.rows, header.cells());
     if (header.cells() > static_cast<std::uint64_t>(kMostCells)) {
@@ -70,7 +69,10 @@ constexpr std::size_t kPlacementLines = 4;
     }
     const std::uint64_t rest = lines.fileSize() - std::min(lines.fileSize(), lines.offset());
     const std::uint64_t fitting = rest / kShortestPointLine;
-    if (header.cells() > fitting) {
+    const auto rows = static_cast<std::uint64_t>(header.rows);
+    if (header.cells() > fitting && lenient && fitting >= rows) {
+        header.columns = static_cast<int>((fitting + rows - 1) / rows);
+    } else if (header.cells() > fitting) {
         return lines.fault(
             ErrorCode::Truncated, grid,
             fmt::format("at most {}, for which the rest of the file has room", fitting));
@@ -80,7 +82,7 @@ constexpr std::size_t kPlacementLines = 4;
 
 }  // namespace
 
-ErrorPtr readPtxHeader(TextLines& lines, PtxHeader& header) {
+ErrorPtr readPtxHeader(TextLines& lines, PtxHeader& header, bool lenient) {
     if (ErrorPtr error = readCount(lines, "columns", header.columns)) {
         return error;
     }
@@ -90,7 +92,7 @@ ErrorPtr readPtxHeader(TextLines& lines, PtxHeader& header) {
     if (ErrorPtr error = readCount(lines, "rows", header.rows)) {
         return error;
     }
-    if (ErrorPtr error = checkGrid(lines, header)) {
+    if (ErrorPtr error = checkGrid(lines, header, lenient)) {
         return error;
     }
     return readPlacement(lines, header);

@@ -20,7 +20,6 @@ using Interfaces::ErrorCode;
 namespace {
 
 constexpr double kLargestReflection = 65535.0;
-constexpr double kLargestChannel = 255.0;
 /// Steps of coordinates that are worth a word when single precision makes them: it may move a
 /// coordinate by half of one [m].
 constexpr double kResolution = 0.002;
@@ -70,25 +69,34 @@ ErrorPtr PtxPointParser::parse(const TextLines& lines, ReadPoint& point, bool& i
 }
 
 std::uint8_t PtxPointParser::colorOf(double value, std::uint64_t line) {
-    const double cut = std::clamp(value, 0.0, kLargestChannel);
-    if (cut != value) {
+    largestChannel_ = std::max(largestChannel_, value);
+    anyFraction_ = anyFraction_ || (value > 0.0 && value < 1.0);
+    const double scaled = value * channelScale_;
+    const double cut = std::clamp(scaled, 0.0, kLargestChannel);
+    if (cut != scaled) {
         oddColor_.add(line, std::abs(value));
     }
     return static_cast<std::uint8_t>(std::round(cut));
 }
 
 void PtxPointParser::remark(Remarks& remarks, const std::string& file) const {
+    if (channelScale_ != 1.0) {
+        remarks.warn(fmt::format(
+            "{}: the scan's colours are fractions 0 .. 1; they are taken times 255", file));
+    }
     if (oddIntensity_.count != 0) {
-        remarks.warn(fmt::format("{}: intensities of {} outside 0 .. 1 were cut, first at line {}",
-                                 file, countText(oddIntensity_.count, "point"),
-                                 oddIntensity_.firstLine));
+        remarks.warn(fmt::format(
+            "{}: intensities of {} outside 0 .. 1, the farthest {:.9g} away from 0, were cut to 0 "
+            "or 1, first at line {}; 0 .. 1 become reflections of 0 .. 65535",
+            file, countText(oddIntensity_.count, "point"), oddIntensity_.extreme,
+            oddIntensity_.first));
     }
     if (oddColor_.count != 0) {
-        remarks.warn(fmt::format("{}: {} outside 0 .. 255 were cut, first at line {}", file,
-                                 countText(oddColor_.count, "colour channel"),
-                                 oddColor_.firstLine));
+        remarks.warn(fmt::format("{}: {} outside 0 .. {:.9g} were cut to that, first at line {}",
+                                 file, countText(oddColor_.count, "colour channel"),
+                                 kLargestChannel / channelScale_, oddColor_.first));
     }
-    placer_.report(remarks, file, {kResolution, kResolution, kResolution}, "the scanner");
+    placer_.report(remarks, file, {kResolution, kResolution, kResolution}, "the scanner", " m");
 }
 
 }  // namespace Ovr::Formats

@@ -26,6 +26,11 @@ class PtxPointParser {
 
     bool colored() const { return fields_ >= kColorFields; }
 
+    /// Whether the colours read so far are fractions: none above 1, and one between 0 and 1.
+    bool hasFractionColors() const { return anyFraction_ && largestChannel_ <= 1.0; }
+    /// Takes colours as fractions, of which 1 is 255, from now on.
+    void takeFractionColors() { channelScale_ = kLargestChannel; }
+
     /// Reads the current line.
     /// @param isReturn  false for a cell without a return, x = y = z = 0; @p point is not set then
     [[nodiscard]] ErrorPtr parse(const TextLines& lines, ReadPoint& point, bool& isReturn);
@@ -38,11 +43,15 @@ class PtxPointParser {
   private:
     static constexpr std::size_t kColorFields = 7;
     static constexpr std::size_t kMostFields = 10;
+    static constexpr double kLargestChannel = 255.0;
 
     std::uint8_t colorOf(double value, std::uint64_t line);
 
     std::size_t fields_ = 0;
     double distance_ = 0.0;
+    double channelScale_ = 1.0;
+    double largestChannel_ = 0.0;
+    bool anyFraction_ = false;  ///< a channel between 0 and 1
     Finding oddIntensity_;
     Finding oddColor_;
     PointPlacer placer_;

@@ -48,9 +48,9 @@ void appendExact(std::string& text, std::span<const double> values) {
 
 }  // namespace
 
-ErrorPtr PtxWriter::open(const std::filesystem::path& file) {
+ErrorPtr PtxWriter::open(const std::filesystem::path& file, Existing existing) {
     name_ = file.string();
-    return file_.open(file);
+    return file_.open(file, existing);
 }
 
 ErrorPtr PtxWriter::beginScan(const PtxScan& scan) {
@@ -103,9 +103,7 @@ ErrorPtr PtxWriter::finish() {
 
 ErrorPtr PtxWriter::put(const std::string& line) {
     file_.stream().write(line.data(), static_cast<std::streamsize>(line.size()));
-    return file_.stream()
-               ? nullptr
-               : makeError(ErrorCode::WriteFailed, {name_, "", "a write that failed", ""});
+    return file_.failure();
 }
 
 ErrorPtr PtxWriter::checkComplete() const {

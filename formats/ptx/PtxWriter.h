@@ -34,7 +34,7 @@ struct PtxCell {
 class PtxWriter {
   public:
     /// @return empty on success. Requires: called once.
-    [[nodiscard]] ErrorPtr open(const std::filesystem::path& file);
+    [[nodiscard]] ErrorPtr open(const std::filesystem::path& file, Existing existing);
 
     /// Begins a scan; its cells follow, column after column.
     /// @return InvalidValue when cells of the scan before are missing

@@ -6,21 +6,21 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <span>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <utility>
 
 #include "Tq/Quaternion.h"
+#include "kit/ClockGuess.h"
 #include "kit/Finding.h"
-#include "kit/NumberLine.h"
 #include "kit/PointPlacer.h"
 #include "kit/TextFields.h"
 #include "kit/TextLines.h"
+#include "trajectory/TrajectoryColumns.h"
 
 namespace Ovr::Formats {
 
@@ -30,9 +30,6 @@ using VardexLib::TrajectoryNode;
 
 namespace {
 
-constexpr std::string_view kExportHeader = "//world_time";
-constexpr std::size_t kTumFields = 8;
-constexpr std::size_t kExportFields = 17;
 /// Four decimals per component, which files of this kind often have, may be off by this much.
 constexpr double kUnitLengthTolerance = 1e-4;
 constexpr double kShortestQuaternion = 1e-6;
@@ -54,8 +51,12 @@ void writeRotation(const Quaternion& q, double (&pose)[16]) {
 
 class TrajectoryParser {
   public:
-    [[nodiscard]] ErrorPtr read(const std::filesystem::path& file);
+    /// Reads poses up to the end, or up to the first one that is wrong.
+    [[nodiscard]] ErrorPtr read(const std::filesystem::path& file, std::size_t mostPoses);
     std::vector<TrajectoryNode>& nodes() { return nodes_; }
+    bool hasPoses() const { return !nodes_.empty(); }
+    /// Brings the times to seconds, and the poses into order where that is wanted.
+    void finish(const TrajectoryReading& reading, Remarks& remarks);
     void remark(Remarks& remarks) const;
 
   private:
@@ -63,20 +64,22 @@ class TrajectoryParser {
     [[nodiscard]] ErrorPtr readPose();
     [[nodiscard]] ErrorPtr setRotation(const Quaternion& q, TrajectoryNode& node);
     void remarkOnTimes(Remarks& remarks) const;
+    void putInOrder(Remarks& remarks);
     double medianStep() const;
 
     TextLines lines_;
-    bool exported_ = false;
+    TrajectoryColumns columns_;
+    bool first_ = true;  ///< no line but comments was read
     std::vector<TrajectoryNode> nodes_;
     std::vector<std::uint64_t> nodeLines_;
     Finding offUnit_;
 };
 
-ErrorPtr TrajectoryParser::read(const std::filesystem::path& file) {
+ErrorPtr TrajectoryParser::read(const std::filesystem::path& file, std::size_t mostPoses) {
     if (ErrorPtr error = lines_.open(file)) {
         return error;
     }
-    while (lines_.next()) {
+    while (nodes_.size() < mostPoses && lines_.next()) {
         if (isComment()) {
             continue;
         }
@@ -89,31 +92,38 @@ ErrorPtr TrajectoryParser::read(const std::filesystem::path& file) {
 
 bool TrajectoryParser::isComment() {
     const std::string_view text = lines_.text();
-    if (nodes_.empty() && text.starts_with(kExportHeader)) {
-        exported_ = true;
+    const bool comment = text.starts_with('#') || text.starts_with("//");
+    if (comment && first_ && !columns_.hasNames()) {
+        columns_.takeNames(text);
     }
-    return text.starts_with('#') || text.starts_with("//");
+    return comment;
 }
 
 ErrorPtr TrajectoryParser::readPose() {
-    std::array<double, kExportFields> numbers{};
-    const std::size_t count = exported_ ? kExportFields : kTumFields;
-    if (ErrorPtr error = readNumbers(lines_, std::span(numbers).first(count))) {
+    if (first_) {
+        first_ = false;
+        const bool namedBefore = columns_.hasNames();
+        if (ErrorPtr error = columns_.takeFirst(lines_)) {
+            return error;
+        }
+        if (columns_.hasNames() && !namedBefore) {
+            return nullptr;  // this line is the names
+        }
+    }
+    TrajectoryColumns::Values v{};
+    if (ErrorPtr error = columns_.read(lines_, v)) {
         return error;
     }
-    const auto& n = numbers;
-    if (ErrorPtr error = checkCoordinates(lines_, {n[1], n[2], n[3]})) {
+    using enum TrajectoryColumns::Value;
+    if (ErrorPtr error = checkCoordinates(lines_, {v[X], v[Y], v[Z]})) {
         return error;
     }
     TrajectoryNode node;
-    // Scalar first in exported files, last in TUM files.
-    const Quaternion rotation =
-        exported_ ? Quaternion{n[4], n[5], n[6], n[7]} : Quaternion{n[7], n[4], n[5], n[6]};
-    if (ErrorPtr error = setRotation(rotation, node)) {
+    if (ErrorPtr error = setRotation({v[Qw], v[Qx], v[Qy], v[Qz]}, node)) {
         return error;
     }
-    node.time = n[0];
-    std::copy_n(n.begin() + 1, 3, node.pose + 12);
+    node.time = v[Time];
+    std::copy_n(v.begin() + X, 3, node.pose + 12);
     nodes_.push_back(node);
     nodeLines_.push_back(lines_.line());
     return nullptr;
@@ -170,16 +180,16 @@ void TrajectoryParser::remarkOnTimes(Remarks& remarks) const {
     if (back.count != 0) {
         remarks.warn(fmt::format(
             "{}: {} before the time of the line above, by up to {:.6g} s, first at line {}", file,
-            countText(back.count, "time"), back.extreme, back.firstLine));
+            countText(back.count, "time"), back.extreme, back.first));
     }
     if (repeated.count != 0) {
         remarks.warn(fmt::format("{}: {} equal to the time of the line above, first at line {}",
-                                 file, countText(repeated.count, "time"), repeated.firstLine));
+                                 file, countText(repeated.count, "time"), repeated.first));
     }
     if (jumps.count != 0) {
         remarks.warn(fmt::format(
             "{}: {} of up to {:.6g} s, above 10 x the median step of {:.6g} s, first at line {}",
-            file, countText(jumps.count, "gap"), jumps.extreme, median, jumps.firstLine));
+            file, countText(jumps.count, "gap"), jumps.extreme, median, jumps.first));
     }
 }
 
@@ -191,26 +201,61 @@ void TrajectoryParser::remark(Remarks& remarks) const {
     if (offUnit_.count != 0) {
         remarks.warn(fmt::format(
             "{}: {} brought to unit length, off by up to {:.3g}, first at line {}", file,
-            countText(offUnit_.count, "quaternion"), offUnit_.extreme, offUnit_.firstLine));
+            countText(offUnit_.count, "quaternion"), offUnit_.extreme, offUnit_.first));
     }
     remarkOnTimes(remarks);
 }
 
+void TrajectoryParser::finish(const TrajectoryReading& reading, Remarks& remarks) {
+    TimeRange range;
+    const double perSecond =
+        unitsPerSecond(reading.unit.value_or(columns_.unit().value_or(TimeUnit::Seconds)));
+    for (TrajectoryNode& node : nodes_) {
+        node.time = perSecond == 1.0 ? node.time : node.time / perSecond;
+        range.add(node.time);
+    }
+    if (const ClockGuess guess = guessClock(range);
+        !range.empty && guess.unit != TimeUnit::Seconds) {
+        remarks.warn(fmt::format("{}: the times, taken as seconds, look like {}",
+                                 lines_.fileName(), describe(guess)));
+    }
+    remark(remarks);
+    if (reading.inOrder) {
+        putInOrder(remarks);
+    }
+}
+
+void TrajectoryParser::putInOrder(Remarks& remarks) {
+    const auto earlier = [](const TrajectoryNode& a, const TrajectoryNode& b) {
+        return a.time < b.time;
+    };
+    if (!std::is_sorted(nodes_.begin(), nodes_.end(), earlier)) {
+        std::stable_sort(nodes_.begin(), nodes_.end(), earlier);
+        remarks.warn(fmt::format("{}: {} put into the order of their times", lines_.fileName(),
+                                 countText(nodes_.size(), "pose")));
+    }
+}
+
 }  // namespace
 
-ErrorPtr readTrajectoryFile(const std::filesystem::path& file, std::vector<TrajectoryNode>& nodes,
-                            Remarks& remarks) {
+ErrorPtr readTrajectoryFile(const std::filesystem::path& file, const TrajectoryReading& reading,
+                            std::vector<TrajectoryNode>& nodes, Remarks& remarks) {
     TrajectoryParser parser;
-    if (ErrorPtr error = parser.read(file)) {
+    if (ErrorPtr error = parser.read(file, std::numeric_limits<std::size_t>::max())) {
         return error;
     }
-    parser.remark(remarks);
+    parser.finish(reading, remarks);
     nodes = std::move(parser.nodes());
     return nullptr;
 }
 
+bool beginsAsTrajectory(const std::filesystem::path& file) {
+    TrajectoryParser parser;
+    return parser.read(file, 1) == nullptr && parser.hasPoses();
+}
+
 TrajectoryFormat trajectoryFormat() {
-    return {{"txt", "tum"}, readTrajectoryFile};
+    return {{"txt", "tum"}, readTrajectoryFile, beginsAsTrajectory};
 }
 
 }  // namespace Ovr::Formats

@@ -4,6 +4,9 @@
 #include "commands/CommandLine.h"
 
 #include <algorithm>
+#include <numeric>
+#include <string_view>
+#include <utility>
 
 #include <fmt/format.h>
 
@@ -17,6 +20,7 @@ namespace ScanHost {
 namespace {
 
 constexpr std::size_t kHelpColumn = 34;
+constexpr std::size_t kLongestMessage = 500;
 
 std::string joinedNames(const Option& option) {
     std::string joined;
@@ -30,7 +34,7 @@ void takeValue(const Option& option, const std::string& text) {
     const std::string expected = option.take(text);
     if (!expected.empty()) {
         throw CLI::ValidationError(
-            option.name(), fmt::format("found '{}', expected {}", printable(text), expected));
+            option.name(), fmt::format("found '{}', expected {}", shortened(text), expected));
     }
 }
 
@@ -72,6 +76,47 @@ void declareOptions(CLI::App& app, const Options& options) {
     }
 }
 
+/// How many letters must change to make one word of another.
+/// Source: Wagner and Fischer, "The String-to-String Correction Problem", Journal of the ACM 1974.
+std::size_t distanceBetween(std::string_view a, std::string_view b) {
+    std::vector<std::size_t> row(b.size() + 1);
+    std::iota(row.begin(), row.end(), std::size_t{0});
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        std::size_t diagonal = std::exchange(row[0], i + 1);
+        for (std::size_t j = 0; j < b.size(); ++j) {
+            const std::size_t replaced = diagonal + (a[i] == b[j] ? 0 : 1);
+            diagonal = std::exchange(row[j + 1], std::min({row[j], row[j + 1], diagonal}) + 1);
+            row[j + 1] = std::min(row[j + 1], replaced);
+        }
+    }
+    return row.back();
+}
+
+/// Throws a UsageError when the first word that is no option is no command.
+void requireCommand(const ProgramDeclaration& program, const std::vector<std::string>& arguments) {
+    constexpr std::size_t kLikely = 2;  // changed letters
+    const auto word = std::find_if(arguments.begin(), arguments.end(), [](const std::string& text) {
+        return !text.starts_with('-');
+    });
+    if (word == arguments.end()) {
+        return;
+    }
+    const CommandDeclaration* nearest = nullptr;
+    std::size_t distance = kLikely + 1;
+    for (const CommandDeclaration& command : program.commands) {
+        if (const std::size_t apart = distanceBetween(command.name, *word); apart < distance) {
+            nearest = &command;
+            distance = apart;
+        }
+    }
+    if (distance > 0) {
+        throw UsageError(
+            fmt::format("there is no command '{}'{}", shortened(*word),
+                        nearest != nullptr ? fmt::format("; did you mean '{}'?", nearest->name)
+                                           : ""));
+    }
+}
+
 void declareProgram(CLI::App& app, const ProgramDeclaration& program, ParsedLine& parsed) {
     app.footer(program.footer);
     app.get_formatter()->column_width(kHelpColumn);
@@ -104,6 +149,7 @@ ParsedLine parseCommandLine(const ProgramDeclaration& program, std::vector<std::
     ParsedLine parsed;
     CLI::App app(program.description, program.name);
     declareProgram(app, program, parsed);
+    requireCommand(program, arguments);
     try {
         std::reverse(arguments.begin(), arguments.end());
         app.parse(std::move(arguments));
@@ -112,7 +158,7 @@ ParsedLine parseCommandLine(const ProgramDeclaration& program, std::vector<std::
     } catch (const CLI::ParseError& error) {
         std::string line = error.what();
         std::replace(line.begin(), line.end(), '\n', ' ');
-        throw UsageError(line);
+        throw UsageError(shortened(line, kLongestMessage));
     }
     return parsed;
 }

@@ -25,24 +25,34 @@ class ExportCommand final : public ScanCommand {
 
   protected:
     void declareMore(Options& options) override {
-        const Option& output =
-            options.file("-o,--output", output_, "FILE",
-                         "File to write; without it the text goes to standard output, or with "
-                         "--json into the document");
+        const Option& output = options.file(
+            "-o,--output", output_, "FILE",
+            "File to write; without it, or with -, the text goes to standard output, or with "
+            "--json into the document");
         options
             .flag("--verify", verify_, "Read the file back as a trajectory and compare the poses")
             .needs(output);
+        declareForce(options, outputRules());
+    }
+    void checkOptions() const override {
+        if (verify_ && !writesFile()) {
+            throw unexpected("--verify", "standard output", "a file", ExitCode::WrongUsage);
+        }
+    }
+    std::vector<OutputFile> outputs() const override {
+        return writesFile() ? std::vector{OutputFile{*output_, {".txt", ".tum"}}}
+                            : std::vector<OutputFile>();
     }
     ScanNeeds needs() const override { return {.trajectory = Need::Required}; }
     void ask(OpenScan& open, Report& report) override {
         const MobileScan& mobile = *open.mobile;
         report.addCount("nodes", "nodes", mobile.nodes().size());
-        if (output_) {
+        if (writesFile()) {
             writeFile(mobile);
             report.addText("file", "written to", output_->string());
             if (verify_) {
                 requireSameTrajectory(*output_, open.scan.source.project.get(), mobile.nodes(),
-                                      report);
+                                      open.scan.units, report);
             }
         } else if (open.console.isJson()) {
             std::ostringstream text;
@@ -54,13 +64,15 @@ class ExportCommand final : public ScanCommand {
         }
     }
     bool hasAnswered(const Console& console) const override {
-        return !output_ && !console.isJson();
+        return !writesFile() && !console.isJson();
     }
 
   private:
+    bool writesFile() const { return output_ && *output_ != "-"; }
+
     void writeFile(const MobileScan& mobile) const {
         Ovr::Formats::AtomicFile file;
-        requireOk(file.open(*output_));
+        requireOk(file.open(*output_, outputRules().existing()));
         requireOk(mobile.points().writeTrajectoryToStream(file.stream()), output_->string());
         Interrupt::check();
         requireOk(file.commit());

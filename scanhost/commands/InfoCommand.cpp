@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The VardexScandata developers
 // SPDX-License-Identifier: MIT
 
+#include <algorithm>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -18,10 +19,12 @@
 #include "session/Interrupt.h"
 #include "session/KnownFiles.h"
 #include "session/ModuleSession.h"
+#include "session/OutputRules.h"
 #include "session/ProjectImport.h"
 #include "session/ProjectReport.h"
 #include "session/Require.h"
 #include "session/ScanReport.h"
+#include "session/SpooledInput.h"
 
 namespace ScanHost {
 
@@ -44,8 +47,12 @@ class InfoCommand final : public Command {
                      "to it");
         options.file("--project-output", projectOutput_, "FILE",
                      "Write what the point sets give into the host's project output");
+        declareForce(options, rules_);
     }
     void run(const CommonOptions& /*common*/, Console& console) override {
+        const auto spooled = spoolInput(scan_, console);
+        rules_.protect(scan_);
+        checkOutputs();
         ModuleSession session;
         ScanImporter importer(session, console);
         Report report;
@@ -56,7 +63,12 @@ class InfoCommand final : public Command {
         for (const std::string& file : scan_.files) {
             importFile(session, importer, file, scans, report, console);
         }
-        describeOrigin(*importer.project(), report);
+        for (const ImportedScan& scan : scans) {
+            rules_.protect(scan);
+        }
+        checkOutputs();
+        warnOfUnits(scans, console);
+        describeOrigin(*importer.project(), scans, report);
         for (const ImportedScan& scan : scans) {
             describeScan(scan, report.item("scans", "scan " + scan.name), console);
             Interrupt::check();
@@ -66,6 +78,37 @@ class InfoCommand final : public Command {
     }
 
   private:
+    /// The first scan with other units than the one before all; the end when there is none.
+    static std::vector<ImportedScan>::const_iterator oddUnits(
+        const std::vector<ImportedScan>& scans) {
+        return std::find_if(scans.begin(), scans.end(), [&](const ImportedScan& scan) {
+            return scan.units.words() != scans.front().units.words();
+        });
+    }
+
+    void warnOfUnits(const std::vector<ImportedScan>& scans, Console& console) const {
+        const auto odd = oddUnits(scans);
+        if (odd == scans.end()) {
+            return;
+        }
+        const std::string found =
+            fmt::format("{} in {} and {} in {}", scans.front().name, scans.front().units.words(),
+                        odd->name, odd->units.words());
+        if (picture_) {
+            throw unexpected("--picture", found, "scans in one unit, see --unit");
+        }
+        console.warn(found + ": the scans do not fit together");
+    }
+
+    void checkOutputs() const {
+        if (picture_) {
+            rules_.check({*picture_, {".png"}});
+        }
+        if (projectOutput_) {
+            rules_.check({*projectOutput_, {".txt"}});
+        }
+    }
+
     void importFile(ModuleSession& session, ScanImporter& importer, const std::string& file,
                     std::vector<ImportedScan>& scans, Report& report, Console& console) const {
         if (Ovr::FormatRegistry::the().isProject(file)) {
@@ -81,9 +124,14 @@ class InfoCommand final : public Command {
         }
     }
 
-    static void describeOrigin(const Ovr::ScanProject& project, Report& report) {
+    /// Scans in different units share an origin, of which only the numbers can be shown.
+    static void describeOrigin(const Ovr::ScanProject& project,
+                               const std::vector<ImportedScan>& scans, Report& report) {
+        const std::string unit = oddUnits(scans) == scans.end() && !scans.empty()
+                                     ? fmt::format(" {}", scans.front().units.brackets())
+                                     : std::string();
         if (const auto origin = project.origin()) {
-            report.addPoint("origin", "project origin [m]", *origin, 1, "");
+            report.addPoint("origin", "project origin" + unit, *origin, 1, "");
         } else {
             report.addHidden("origin", Json::Value());
         }
@@ -91,7 +139,7 @@ class InfoCommand final : public Command {
 
     void writeOutputs(const std::vector<ImportedScan>& scans, Report& report) const {
         if (picture_) {
-            for (const PictureFile& picture : drawScans(scans, *picture_)) {
+            for (const PictureFile& picture : drawScans(scans, *picture_, rules_)) {
                 Report& item = report.item("pictures", "picture");
                 item.addText("file", "file", picture.file.string());
                 item.addText("shows", "shows", picture.shows);
@@ -105,7 +153,7 @@ class InfoCommand final : public Command {
 
     void writeProjectOutput(const std::vector<ImportedScan>& scans) const {
         Ovr::Formats::AtomicFile file;
-        requireOk(file.open(*projectOutput_));
+        requireOk(file.open(*projectOutput_, rules_.existing()));
         const auto context = std::make_shared<Hx::WriteContextBase>();
         for (const ImportedScan& scan : scans) {
             requireOk(scan.pointSet->writeInfo(file.stream(), context), scan.name);
@@ -115,6 +163,7 @@ class InfoCommand final : public Command {
     }
 
     ScanOptions scan_;
+    OutputRules rules_;
     std::optional<std::filesystem::path> picture_;
     std::optional<std::filesystem::path> projectOutput_;
 };

@@ -41,8 +41,11 @@ class NearCommand final : public ScanCommand {
 
   protected:
     void declareMore(Options& options) override {
-        options.point("--point", point_, "The point, world coordinates [m]").required();
-        options.number("--within", within_, "METRES", "How near").required();
+        options.point("--point", point_, "The point, world coordinates").required();
+        options
+            .number("--within", within_, "LENGTH",
+                    "How near, in the unit of the coordinates: metres, unless --unit says else")
+            .required();
     }
     void checkOptions() const override {
         if (*within_ < 0.0) {
@@ -51,6 +54,8 @@ class NearCommand final : public ScanCommand {
     }
     ScanNeeds needs() const override { return {.trajectory = Need::Required, .duration = true}; }
     void ask(OpenScan& open, Report& report) override {
+        const ScanUnits& units = open.scan.units;
+        requireDistances(open.scan);
         const Tq_1_1::Vec3d<double> local =
             open.session.root().calcTrafoTo(open.scan.container.get()).transform(point_);
         const auto isNear = [&](const Tq_1_1::Vec3d<double>& position) {
@@ -61,29 +66,40 @@ class NearCommand final : public ScanCommand {
         const bool found =
             open.mobile->pointTimes()->getTrajectoryFractionAtPoint(local, isNear, begin, end);
         const Approach approach = nearestApproach(*open.mobile, local);
-        report.addPoint("point", "point [m]", point_, kMetreDigits, "");
-        report.addMetres("within", "within", *within_);
-        report.addMetres("nearestDistance", "nearest approach", approach.distance);
-        report.addSeconds("nearestTime", "at time", approach.time);
+        report.addPoint("point", "point " + units.brackets(), point_, kMetreDigits, "");
+        addDistance(units, report, "within", "within", *within_, kMetreDigits);
+        addDistance(units, report, "nearestDistance", "nearest approach", approach.distance,
+                    kMetreDigits);
+        units.addTo(report);
+        report.addSeconds("nearestTime", "at time", open.clock.shown(approach.time));
         if (!found || approach.distance > *within_) {
             report.addNone("span", "span", "none, the path stays farther away");
         } else {
-            addSpan(report, begin, end, open.mobile->duration());
+            addSpan(report, begin, end, open);
         }
     }
 
   private:
-    static void addSpan(Report& report, double begin, double end, double duration) {
+    static void requireDistances(const ImportedScan& scan) {
+        if (!scan.units.hasDistances()) {
+            throw unexpected(scan.source.file.string(), "coordinates in " + scan.units.words(),
+                             "one unit of length on all axes: there are no distances else");
+        }
+    }
+
+    static void addSpan(Report& report, double begin, double end, const OpenScan& open) {
+        const double beginTime = open.clock.shown(begin * open.mobile->duration());
+        const double endTime = open.clock.shown(end * open.mobile->duration());
         Json::Value span;
         span["beginFraction"] = jsonNumber(begin);
         span["endFraction"] = jsonNumber(end);
-        span["beginTime"] = jsonNumber(begin * duration);
-        span["endTime"] = jsonNumber(end * duration);
-        report.add("span", "span", span,
-                   fmt::format("{} .. {} s, fractions {} .. {}",
-                               fixedText(begin * duration, kSecondDigits),
-                               fixedText(end * duration, kSecondDigits),
-                               fixedText(begin, kSecondDigits), fixedText(end, kSecondDigits)));
+        span["beginTime"] = jsonNumber(beginTime);
+        span["endTime"] = jsonNumber(endTime);
+        report.add(
+            "span", "span", span,
+            fmt::format("{} .. {} s, fractions {} .. {}", fixedText(beginTime, kSecondDigits),
+                        fixedText(endTime, kSecondDigits), fixedText(begin, kSecondDigits),
+                        fixedText(end, kSecondDigits)));
     }
 
     Tq_1_1::Vec3d<double> point_;

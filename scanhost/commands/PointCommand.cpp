@@ -24,7 +24,7 @@ namespace {
 constexpr int kFineDigits = 6;
 
 void addPolar(Report& report, const std::string& key, const std::string& label,
-              const Tq_1_1::Vec3d<double>& polar) {
+              const Tq_1_1::Vec3d<double>& polar, const ScanUnits& units) {
     constexpr double kDegreesPerRadian = 180.0 / std::numbers::pi;
     Json::Value value;
     value["distance"] = jsonNumber(polar.x);
@@ -35,12 +35,13 @@ void addPolar(Report& report, const std::string& key, const std::string& label,
                            fixedText(radians * kDegreesPerRadian, 3));
     };
     report.add(key, label, value,
-               fmt::format("{} m, {}, {}", fixedText(polar.x, kFineDigits), angle(polar.y),
-                           angle(polar.z)));
+               fmt::format("{} {}, {}, {}", fixedText(polar.x, kFineDigits), units.label(0),
+                           angle(polar.y), angle(polar.z)));
 }
 
-void describePolar(const Hx::PointSet& points, const Tq_1_1::Vec3d<double>& position,
+void describePolar(const ImportedScan& scan, const Tq_1_1::Vec3d<double>& position,
                    Report& report) {
+    const Hx::PointSet& points = *scan.pointSet;
     const auto create =
         Hx::getScanPolarFactory<double>().createFromCartesian.find(points.getClassType());
     if (create == nullptr) {
@@ -49,8 +50,8 @@ void describePolar(const Hx::PointSet& points, const Tq_1_1::Vec3d<double>& posi
         return;
     }
     const std::unique_ptr<Hx::Polar3d<double>> polar = create(position);
-    addPolar(report, "polar", "polar, own", *polar);
-    addPolar(report, "polarUnified", "polar, unified", polar->getUnified());
+    addPolar(report, "polar", "polar, own", *polar, scan.units);
+    addPolar(report, "polarUnified", "polar, unified", polar->getUnified(), scan.units);
 }
 
 void describeColor(const Hx::PointSet& points, const Hx::SelectItem& item,
@@ -137,10 +138,13 @@ class PointCommand final : public ScanCommand {
             return;
         }
         const Tq_1_1::Vec3d<double> position = positionOf(point);
-        report.addPoint("position", "position in the scan [m]", position, kFineDigits, "");
-        report.addPoint("world", "position in the world [m]", scan.toWorld().transform(position),
+        report.addPoint("position", "position in the scan " + scan.units.brackets(), position,
                         kFineDigits, "");
-        report.addNumber("distance", "distance", points.getDistance(item), kFineDigits, " m");
+        report.addPoint("world", "position in the world " + scan.units.brackets(),
+                        scan.toWorld().transform(position), kFineDigits, "");
+        scan.units.addTo(report);
+        addDistance(scan.units, report, "distance", "distance", points.getDistance(item),
+                    kFineDigits);
         const Hx::PointSet::Normal normal = points.getNormal(item);
         if (normal.isSet()) {
             report.addPoint("normal", "normal", normal.direction(), 4, "");
@@ -148,7 +152,7 @@ class PointCommand final : public ScanCommand {
             report.addNone("normal", "normal", "none");
         }
         describeColor(points, item, point, report);
-        describePolar(points, position, report);
+        describePolar(scan, position, report);
     }
 
     static void describeTime(const OpenScan& open, const Hx::SelectItem& item, Report& report) {
@@ -159,9 +163,9 @@ class PointCommand final : public ScanCommand {
         double seconds = 0.0;
         const auto [row, col] = open.scan.pointSet->getRowCol(item);
         if (open.hasTimes && open.mobile->pointTimes()->getScanPtTime(row, col, seconds)) {
-            report.addSeconds("time", "time", seconds);
+            report.addSeconds("time", "time", open.clock.shown(seconds));
         } else {
-            report.addNone("time", "time", "none in the file");
+            report.addNone("time", "time", open.noTimes);
         }
     }
 

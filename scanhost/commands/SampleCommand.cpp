@@ -22,11 +22,12 @@ class SampleCommand final : public Command {
             .positional("DIR", folder_, Option::Names::Folder,
                         "Folder for the files; made when it is not there")
             .required();
+        declareForce(options, rules_);
     }
     void run(const CommonOptions& /*common*/, Console& console) override {
         Report report;
         Table table{{{"file", "file"}, {"holds", "holds"}}, {}};
-        for (const Sample::SampleFile& sample : Sample::writeSample(folder_)) {
+        for (const Sample::SampleFile& sample : Sample::writeSample(folder_, rules_)) {
             const std::string file = printable(sample.file.string());
             table.rows.push_back({{file, file}, {sample.holds, sample.holds}});
         }
@@ -36,6 +37,7 @@ class SampleCommand final : public Command {
 
   private:
     std::filesystem::path folder_;
+    OutputRules rules_;
 };
 
 }  // namespace

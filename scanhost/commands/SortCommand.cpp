@@ -2,146 +2,217 @@
 // SPDX-License-Identifier: MIT
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstdint>
 #include <filesystem>
+#include <limits>
+#include <map>
+#include <vector>
 
+#include <fmt/format.h>
+
+#include "Ovr/FormatRegistry.h"
 #include "Tq/Path.h"
-
 #include "kit/PointClock.h"
-#include "las/LasWriter.h"
+#include "las/LasReorder.h"
 
-#include "commands/ScanCommand.h"
+#include "commands/CommandList.h"
 #include "report/Failure.h"
+#include "report/NumberText.h"
 #include "session/Interrupt.h"
-#include "session/PointSummary.h"
-#include "session/PointTimes.h"
+#include "session/OutputRules.h"
+#include "session/ProjectImport.h"
 #include "session/Require.h"
+#include "session/SpooledInput.h"
+#include "session/TimeOrder.h"
 
 namespace ScanHost {
 
 namespace {
 
-/// Longest wait for the points' write lock [ms].
-constexpr int kLockTimeout = 5000;
-/// Points between two looks at progress and Ctrl-C.
-constexpr std::uint64_t kPointsPerStep = 65536;
+/// Spans of TimeOrder::kLongestSpan that points may lie in. Points of one scan lie in a few of
+/// them; times in a smaller unit than was said lie in very many.
+constexpr std::size_t kMostSpans = 1000;
 
-/// The finest power of ten [m] with which a LAS file's 32 bits reach every point.
-double scaleFor(const PointSummary& summary, const std::array<double, 3>& offset) {
-    constexpr double kFinest = 0.00001;
-    if (summary.returns == 0) {
-        return kFinest;
-    }
-    double reach = 0.0;
-    for (std::size_t i = 0; i < 3; ++i) {
-        reach = std::max({reach, std::abs(summary.bounds[i].low - offset[i]),
-                          std::abs(summary.bounds[i].high - offset[i])});
-    }
-    double scale = kFinest;
-    while (reach / scale > 2.0e9) {
-        scale *= 10.0;
-    }
-    return scale;
-}
+/// The points of a file by the spans of time that they lie in. The module holds the times of one
+/// span at a time; nearly every scan has one only.
+struct Spans {
+    Ovr::Formats::TimeRange range;               ///< [s], the file's clock
+    std::map<std::int64_t, std::uint64_t> counts;  ///< points by number of the span
+    std::uint64_t withoutTime = 0;               ///< points whose time is no finite number
 
-bool isAdjustedGpsTime(double first, double duration) {
-    return Ovr::Formats::clockKind({first, first + duration, false}) ==
-           Ovr::Formats::ClockKind::AdjustedGps;
-}
+    std::int64_t spanOf(double seconds) const {
+        return static_cast<std::int64_t>((seconds - range.first) / TimeOrder::kLongestSpan);
+    }
+    double withinSpan(double seconds) const {
+        return std::max(0.0, seconds - range.first -
+                                 static_cast<double>(spanOf(seconds)) * TimeOrder::kLongestSpan);
+    }
+};
 
-class SortCommand final : public ScanCommand {
+class SortCommand final : public Command {
   public:
     std::string name() const override { return "sort"; }
     std::string summary() const override {
-        return "Write the points in the order in which they were measured, as LAS with time";
+        return "Write a LAS file again with its points in the order of their times";
     }
-
-  protected:
-    void declareMore(Options& options) override {
-        options
-            .file("-o,--output", output_, "OUT.las", "File to write; compressed if it ends in .laz")
-            .required();
+    void declare(Options& options) override {
+        declareScanFile(options, scan_);
+        declareScanNumber(options, scan_);
+        declareTimeUnit(options, scan_);
+        options.file("-o,--output", output_, "OUT.las", "File to write; compressed if it ends in .laz").required();
+        declareForce(options, rules_);
     }
-    ScanNeeds needs() const override {
-        return {.trajectory = Need::IfThere, .times = Need::Required};
-    }
-    void ask(OpenScan& open, Report& report) override {
-        Vardex::CorvinMobilePointSet& points = open.mobile->points();
-        sortPoints(points, open.scan.name);
-        Interrupt::check();
-        const double zero = points.getMobileScanData().getTimeZero().value_or(0.0);
-        const std::uint64_t written = write(open.scan, points, zero, open.console);
-        report.addText("file", "written to", output_.string());
-        report.addCount("points", "points", written);
-        report.addCount("sharingTime", "sharing their time with another", countSharedTimes(points));
-        report.addSeconds("timeZero", "scan time 0 is written as", zero);
-        report.addText("order", "order",
-                       "by time; points of one time are in no particular order, and places in "
-                       "the grid are ranks in time, no longer those of measurement");
+    void run(const CommonOptions& /*common*/, Console& console) override {
+        const OutputFile output{output_, {".las", ".laz"}};
+        const auto spooled = spoolInput(scan_, console);
+        rules_.protect(scan_);
+        rules_.check(output);
+        ModuleSession session;
+        source_ = findOne(session, console, scan_).source;
+        rules_.protect(source_.file);
+        rules_.check(output);
+        requireLas();
+        work_ = {console.progress().get(), &interrupt_};
+        open(console);
+        const Spans spans = findSpans(console);
+        std::vector<std::uint32_t> ranks(file_.count());
+        const std::uint64_t sharing = rank(session, spans, ranks, console);
+        {
+            const ProgressTask task(console.progress(), output_.string() + ": writing points");
+            requireOk(file_.write(output_, rules_.existing(),
+                                  Tq_1_1::lowerCaseExtension(output_) == "laz", ranks, work_));
+        }
+        describe(spans, sharing, console);
     }
 
   private:
-    static void sortPoints(Vardex::CorvinMobilePointSet& points, const std::string& name) {
-        const Hx::PointWriteLock lock = points.lockPoints(kLockTimeout);
-        if (!lock.isHeld()) {
-            throw Failure(name + ": the points are in use");
+    void requireLas() const {
+        const auto format = Ovr::FormatRegistry::the().find(source_.file);
+        if (!format || format->name() != "LAS") {
+            throw unexpected(source_.file.string(),
+                             fmt::format("a {} file, whose points carry no time",
+                                         format ? format->name() : "foreign"),
+                             "a LAS file");
         }
-        points.sortScanPointsByTime(lock);
     }
 
-    std::uint64_t write(const ImportedScan& scan, const Vardex::CorvinMobilePointSet& points,
-                        double zero, Console& console) const {
-        const Tq_1_1::Mat4d<double> toWorld = scan.toWorld();
-        const PointSummary summary = summarize(points, toWorld);
-        Ovr::Formats::LasWriterSettings settings;
-        settings.expectedCount = points.getNumPoints();
-        settings.colored = summary.withColor > 0;
-        settings.offset = {toWorld(0, 3), toWorld(1, 3), toWorld(2, 3)};
-        settings.scale.fill(scaleFor(summary, settings.offset));
-        settings.adjustedTime = isAdjustedGpsTime(zero, points.getMaxScanPointTime());
-        settings.generatingSoftware = "scanhost";
-        settings.compress = Tq_1_1::lowerCaseExtension(output_) == "laz";
-        Ovr::Formats::LasWriter writer;
-        requireOk(writer.open(output_, settings));
-        const ProgressTask task(console.progress(), output_.string() + ": writing points");
-        const std::uint64_t count = points.getNumPoints();
-        for (std::uint64_t index = 0; index < count; ++index) {
-            if (index % kPointsPerStep == 0) {
-                Interrupt::check();
-                if (console.progress()) {
-                    console.progress()->setFraction(static_cast<double>(index) /
-                                                    static_cast<double>(count));
+    void open(Console& console) {
+        Ovr::Remarks remarks;
+        const ProgressTask task(console.progress(), source_.file.string() + ": opening");
+        requireOk(file_.open(source_.file, scan_.lenient, remarks, work_));
+        console.warn(remarks.warnings());
+    }
+
+    double secondsOf(double time) const { return time / Ovr::unitsPerSecond(source_.clock.unit); }
+
+    /// Reads all times twice: what spans there are is known when the earliest time is.
+    Spans findSpans(Console& console) {
+        const ProgressTask task(console.progress(), source_.file.string() + ": reading times");
+        Spans spans;
+        requireOk(file_.visitTimes(
+            [&](std::uint32_t, double time) {
+                if (std::isfinite(time)) {
+                    spans.range.add(secondsOf(time));
+                } else {
+                    ++spans.withoutTime;
                 }
-            }
-            requireOk(writer.write(lasPoint(points, index, toWorld, zero)));
+            },
+            work_));
+        if (spans.withoutTime > 0) {
+            console.warn(fmt::format(
+                "{}: {} of {} have a time that is no finite number; they go to the end",
+                source_.file.string(), spans.withoutTime,
+                countText(file_.count(), "point", "points")));
         }
-        Interrupt::check();
-        requireOk(writer.finish());
-        return writer.count();
+        countSpans(spans);
+        return spans;
     }
 
-    static Ovr::Formats::LasPoint lasPoint(const Vardex::CorvinMobilePointSet& points,
-                                           std::uint64_t index,
-                                           const Tq_1_1::Mat4d<double>& toWorld, double zero) {
-        const Hx::PointSet::ScanPt& point = points.getScanPt(index);
-        Ovr::Formats::LasPoint las;
-        las.position = toWorld.transform(positionOf(point));
-        las.time = zero + timeAt(points, index);
-        // A record with a colour and no reflection of its own has no intensity to write.
-        if (points.hasSeparateReflection() || !point.hasColor()) {
-            las.intensity = points.getReflection(index);
+    void countSpans(Spans& spans) {
+        const double span = spans.range.last - spans.range.first;
+        if (span < TimeOrder::kLongestSpan) {
+            spans.counts[0] = file_.count() - spans.withoutTime;
+            return;
         }
-        if (point.hasColor()) {
-            for (std::size_t i = 0; i < las.color.size(); ++i) {
-                las.color[i] = Ovr::Formats::wideChannel(point.color[i]);
-            }
+        if (!(span / TimeOrder::kLongestSpan < 1e15)) {
+            throw tooWide(span);
         }
-        return las;
+        requireOk(file_.visitTimes(
+            [&](std::uint32_t, double time) {
+                if (std::isfinite(time) && spans.counts.size() <= kMostSpans) {
+                    ++spans.counts[spans.spanOf(secondsOf(time))];
+                }
+            },
+            work_));
+        if (spans.counts.size() > kMostSpans) {
+            throw tooWide(span);
+        }
     }
 
+    Failure tooWide(double span) const {
+        return unexpected(source_.file.string(),
+                          fmt::format("times spread over {} s", shortText(span)),
+                          "the times of a walk; see --time-unit");
+    }
+
+    /// Finds the rank of each point in time. @return how many points share theirs
+    std::uint64_t rank(const ModuleSession& session, const Spans& spans,
+                       std::vector<std::uint32_t>& ranks, Console& console) {
+        const ProgressTask task(console.progress(), source_.file.string() + ": sorting");
+        TimeOrder order(session);
+        std::uint32_t next = 0;
+        std::uint64_t sharing = 0;
+        for (const auto& [span, count] : spans.counts) {
+            order.begin(count);
+            requireOk(file_.visitTimes(
+                [&, span = span](std::uint32_t number, double time) {
+                    const double seconds = secondsOf(time);
+                    if (std::isfinite(time) && spans.spanOf(seconds) == span) {
+                        order.add(number, spans.withinSpan(seconds));
+                    }
+                },
+                work_));
+            sharing += order.finish(ranks, next);
+            next += static_cast<std::uint32_t>(count);
+            Interrupt::check();
+        }
+        if (spans.withoutTime > 0) {
+            requireOk(file_.visitTimes(
+                [&](std::uint32_t number, double time) {
+                    if (!std::isfinite(time)) {
+                        ranks[number] = next++;
+                    }
+                },
+                work_));
+        }
+        return sharing;
+    }
+
+    void describe(const Spans& spans, std::uint64_t sharing, Console& console) const {
+        Report report(source_.file.filename().string());
+        report.addHidden("scan", printable(source_.file.filename().string()));
+        report.addText("file", "written to", output_.string());
+        report.addCount("points", "points", file_.count());
+        report.addCount("sharingTime", "sharing their time with another", sharing);
+        if (spans.range.empty) {
+            report.addNone("timeZero", "earliest time in the file", "none");
+        } else {
+            report.addSeconds("timeZero", "earliest time in the file", spans.range.first);
+        }
+        report.addText("order", "order",
+                       "by time, to the microsecond; points of one time keep their order; nothing "
+                       "else in the file has changed");
+        console.show(report);
+    }
+
+    ScanOptions scan_;
+    OutputRules rules_;
     std::filesystem::path output_;
+    Ovr::ScanSource source_;
+    Ovr::Formats::LasReorder file_;
+    Interrupt interrupt_;
+    Ovr::DataStructures::Work work_;
 };
 
 }  // namespace

@@ -14,14 +14,15 @@ namespace ScanHost {
 
 namespace {
 
-void addTimes(const Vardex::CorvinMobilePointSet& points, Report& report) {
+void addTimes(const OpenScan& open, Report& report) {
+    const Vardex::CorvinMobilePointSet& points = open.mobile->points();
     std::vector<double> times = pointTimes(points);
     const bool ordered = std::is_sorted(times.begin(), times.end());
     std::sort(times.begin(), times.end());
     report.addCount("points", "points", times.size());
     if (!times.empty()) {
-        report.addSeconds("first", "earliest", times.front());
-        report.addSeconds("last", "latest", times.back());
+        report.addSeconds("first", "earliest", open.clock.shown(times.front()));
+        report.addSeconds("last", "latest", open.clock.shown(times.back()));
         const auto distinct = std::unique(times.begin(), times.end()) - times.begin();
         report.addCount("distinct", "distinct times", static_cast<std::uint64_t>(distinct));
         report.addFlag("ordered", "in the order of time", ordered);
@@ -46,10 +47,11 @@ class TimesCommand final : public ScanCommand {
     void ask(OpenScan& open, Report& report) override {
         Vardex::CorvinMobilePointSet& points = open.mobile->points();
         report.addSeconds("duration", "duration", open.mobile->duration());
-        addTimes(points, report.group("loaded", "times loaded"));
+        describeZero(open.clock, report);
+        addTimes(open, report.group("loaded", "times loaded"));
         if (drop_) {
             requireOk(points.unloadScanPtTimes(), open.scan.source.file.string());
-            addTimes(points, report.group("dropped", "times dropped"));
+            addTimes(open, report.group("dropped", "times dropped"));
         }
     }
 

@@ -23,9 +23,12 @@ double distanceToNode(const MobileScan& mobile, double seconds) {
     return nearest;
 }
 
-std::vector<Table::Cell> rowOf(const MobileScan& mobile, const Tq_1_1::Mat4d<double>& toWorld,
-                               double seconds) {
-    std::vector<Table::Cell> row{{jsonNumber(seconds), shortText(seconds)}};
+/// @param time  as the user gave it [s]
+std::vector<Table::Cell> rowOf(const OpenScan& open, const Tq_1_1::Mat4d<double>& toWorld,
+                               double time) {
+    const MobileScan& mobile = *open.mobile;
+    const double seconds = open.clock.taken(time);
+    std::vector<Table::Cell> row{{jsonNumber(time), shortText(time)}};
     const std::optional<Tq_1_1::Vec3d<double>> position =
         mobile.pointTimes()->getRecordingPositionForTime(seconds);
     if (!position) {
@@ -55,15 +58,17 @@ class WhereCommand final : public ScanCommand {
     ScanNeeds needs() const override { return {.trajectory = Need::Required, .duration = true}; }
     void ask(OpenScan& open, Report& report) override {
         report.addSeconds("duration", "duration", open.mobile->duration());
+        const ScanUnits& units = open.scan.units;
+        units.addTo(report);
         Table table{{{"time", "time [s]"},
-                     {"x", "x [m]"},
-                     {"y", "y [m]"},
-                     {"z", "z [m]"},
+                     {"x", axisLabel(units, 0)},
+                     {"y", axisLabel(units, 1)},
+                     {"z", axisLabel(units, 2)},
                      {"timeToNearestNode", "nearest node away by [s]"}},
                     {}};
         const Tq_1_1::Mat4d<double> toWorld = open.scan.toWorld();
         for (const double seconds : times_) {
-            table.rows.push_back(rowOf(*open.mobile, toWorld, seconds));
+            table.rows.push_back(rowOf(open, toWorld, seconds));
         }
         report.addTable("positions", "positions", std::move(table));
     }

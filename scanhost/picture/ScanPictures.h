@@ -9,6 +9,7 @@
 
 #include "picture/Picture.h"
 #include "session/ImportedScan.h"
+#include "session/OutputRules.h"
 
 namespace ScanHost {
 
@@ -20,9 +21,9 @@ struct PictureFile {
 
 /// Writes a top view of all scans to @p file, and for a stance number N (counted among the scans,
 /// from 1 on) its panorama next to it: house.png gets house-panorama-N.png. Files appear whole or
-/// not at all. Throws a Failure when that fails, or when no scan has a return.
+/// not at all, and none is written over against the rules. Throws a Failure when that fails, or when no scan has a return.
 std::vector<PictureFile> drawScans(const std::vector<ImportedScan>& scans,
-                                   const std::filesystem::path& file);
+                                   const std::filesystem::path& file, const OutputRules& rules);
 
 /// The scans seen from above, x to the right and y up, in world coordinates. A cell has the mean
 /// colour of its points, the paler the fewer there are: walls, seen edgewise, stand out from floor

@@ -38,9 +38,10 @@ double roundUp(double value) {
 }
 
 /// A length of one digit, written out.
-std::string lengthText(double metres) {
-    const double digits = std::ceil(-std::log10(metres) - 0.001);
-    return fmt::format("{} m", fixedText(metres, static_cast<int>(std::clamp(digits, 0.0, 12.0))));
+std::string lengthText(double length, const ScanUnits& units) {
+    const double digits = std::ceil(-std::log10(length) - 0.001);
+    return fmt::format("{} {}", fixedText(length, static_cast<int>(std::clamp(digits, 0.0, 12.0))),
+                       units.label(0));
 }
 
 /// From the world to the cells that points are gathered in, and from there to pixels.
@@ -147,7 +148,7 @@ class Accumulator {
 
 void drawWalk(const ImportedScan& scan, const Frame& frame, Picture& picture) {
     const auto mobile = std::dynamic_pointer_cast<Vardex::CorvinMobilePointSet>(scan.pointSet);
-    if (!mobile) {
+    if (!mobile || !scan.units.fitTrajectory()) {
         return;
     }
     Ovr::VardexLib::CorvinMobileScanData::SharedTrajectory nodes;
@@ -212,9 +213,10 @@ Picture topView(const std::vector<ImportedScan>& scans, std::string& legend) {
         drawWalk(scan, frame, picture);
         drawStance(scan, frame, picture);
     }
+    const ScanUnits units = scans.empty() ? ScanUnits() : scans.front().units;
     const double bar = drawScale(frame, picture);
-    legend = fmt::format("top view in cells of {}, {} pixels each, bar {}", lengthText(frame.cell),
-                         frame.zoom, lengthText(bar));
+    legend = fmt::format("top view in cells of {}, {} pixels each, bar {}",
+                         lengthText(frame.cell, units), frame.zoom, lengthText(bar, units));
     return picture;
 }
 

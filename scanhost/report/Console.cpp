@@ -3,7 +3,7 @@
 
 #include "report/Console.h"
 
-#include <algorithm>
+#include <sstream>
 #include <utility>
 
 #include "report/Failure.h"
@@ -12,9 +12,12 @@
 namespace ScanHost {
 
 void Console::warn(const std::string& message) {
-    const std::string line = printable(message);
-    if (std::find(warnings_.begin(), warnings_.end(), line) == warnings_.end()) {
-        warnings_.push_back(line);
+    const std::string line = printable(aliased(message));
+    if (!told_.insert(line).second) {
+        return;
+    }
+    warnings_.push_back(line);
+    if (!quiet_) {
         err_ << "scanhost: warning: " << line << std::endl;
     }
 }
@@ -26,26 +29,41 @@ void Console::warn(const std::vector<std::string>& messages) {
 }
 
 void Console::error(const std::string& message) {
-    err_ << "scanhost: " << printable(message) << std::endl;
+    err_ << "scanhost: " << printable(aliased(message)) << std::endl;
 }
 
 void Console::show(const Report& report) {
+    std::ostringstream text;
     if (json_) {
         Json::Value document = report.json();
         Json::Value& warnings = document["warnings"] = Json::Value(Json::arrayValue);
         for (const std::string& warning : warnings_) {
             warnings.append(warning);
         }
-        writeJson(out_, document);
+        writeJson(text, document);
     } else {
-        report.print(out_);
+        report.print(text);
     }
-    flush();
+    print(aliased(text.str()));
 }
 
 void Console::print(const std::string& text) {
     out_ << text;
     flush();
+}
+
+void Console::setAlias(std::string path, std::string name) {
+    aliasPath_ = std::move(path);
+    aliasName_ = std::move(name);
+}
+
+std::string Console::aliased(std::string text) const {
+    for (std::size_t at = 0;
+         !aliasPath_.empty() && (at = text.find(aliasPath_, at)) != std::string::npos;
+         at += aliasName_.size()) {
+        text.replace(at, aliasPath_.size(), aliasName_);
+    }
+    return text;
 }
 
 void Console::flush() {

@@ -6,6 +6,7 @@
 #include <memory>
 #include <ostream>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 #include "report/ProgressLine.h"
@@ -21,6 +22,14 @@ class Console {
 
     void setJson(bool json) { json_ = json; }
     bool isJson() const { return json_; }
+    /// Says no warnings from now on; JSON documents still have them.
+    void setQuiet(bool quiet) { quiet_ = quiet; }
+    /// A path that is printed as another name wherever it stands.
+    void setAlias(std::string path, std::string name);
+    /// The text with the name in place of the path.
+    std::string aliased(std::string text) const;
+    /// Whether there was anything to warn of.
+    bool hasWarned() const { return !warnings_.empty(); }
     void setProgress(ProgressMode mode) { progress_ = makeProgress(err_, mode); }
     /// Empty when nothing is to be shown.
     const std::shared_ptr<ProgressLine>& progress() const { return progress_; }
@@ -45,7 +54,11 @@ class Console {
     std::ostream& err_;
     bool json_ = false;
     std::shared_ptr<ProgressLine> progress_;
+    bool quiet_ = false;
+    std::string aliasPath_;  ///< empty: none
+    std::string aliasName_;
     std::vector<std::string> warnings_;
+    std::unordered_set<std::string> told_;
 };
 
 }  // namespace ScanHost

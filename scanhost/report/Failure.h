@@ -9,7 +9,13 @@
 namespace ScanHost {
 
 /// How the program ends, as seen by the shell.
-enum class ExitCode : int { Done = 0, Failed = 1, WrongUsage = 2, Cancelled = 130 };
+enum class ExitCode : int {
+    Done = 0,
+    Failed = 1,
+    WrongUsage = 2,
+    Warned = 3,  ///< done, but there were warnings and the user is strict
+    Cancelled = 130
+};
 
 /// Ends a command. The message is one line for people, without the program's name.
 class Failure : public std::runtime_error {

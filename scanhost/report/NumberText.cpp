@@ -96,6 +96,10 @@ std::optional<Tq_1_1::Vec3d<double>> parsePoint(std::string_view text) {
     return point;
 }
 
+std::string shortened(std::string_view text, std::size_t longest) {
+    return text.size() <= longest ? printable(text) : printable(text.substr(0, longest)) + "...";
+}
+
 std::string printable(std::string_view text) {
     const Tq_1_1::String wide = Tq_1_1::String::fromUtf8(text);
     std::wstring characters(wide.c_str(), wide.length());

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -40,6 +41,9 @@ std::optional<std::uint64_t> parseCount(std::string_view text);
 
 /// Reads "X,Y,Z". @return empty for anything else
 std::optional<Tq_1_1::Vec3d<double>> parsePoint(std::string_view text);
+
+/// The beginning of a text that is too long to be shown whole, printable.
+std::string shortened(std::string_view text, std::size_t longest = 60);
 
 /// The text as it may go to a terminal: valid UTF-8 without control characters, which file names
 /// and files' contents can hold.

@@ -4,6 +4,7 @@
 #include "sample/SampleFiles.h"
 
 #include <algorithm>
+#include <array>
 #include <sstream>
 #include <system_error>
 
@@ -25,7 +26,11 @@
 
 namespace ScanHost::Sample {
 
+namespace fs = std::filesystem;
+
 namespace {
+
+using Ovr::Formats::Existing;
 
 constexpr double kFullReflection = 65535.0;
 constexpr const char* kSession = "6d1f0c52-7a0e-4c6b-9d7e-2f6f4c1a9b30";
@@ -33,16 +38,23 @@ constexpr const char* kSession = "6d1f0c52-7a0e-4c6b-9d7e-2f6f4c1a9b30";
 constexpr double kWalkRecorded = 1778464782.0;
 constexpr double kStanceLead = 300.0;
 
-void writeText(const std::filesystem::path& file, const std::string& text) {
+constexpr const char* kRoomA = "room-a.ptx";
+constexpr const char* kRoomB = "room-b.ptx";
+constexpr const char* kWalk = "walk.las";
+constexpr const char* kPath = "walk.txt";
+constexpr const char* kProject = "project.json";
+constexpr std::array kNames{kRoomA, kRoomB, kWalk, kPath, kProject};
+
+void writeText(const std::filesystem::path& file, Existing existing, const std::string& text) {
     Ovr::Formats::AtomicFile output;
-    requireOk(output.open(file));
+    requireOk(output.open(file, existing));
     output.stream() << text;
     requireOk(output.commit());
 }
 
-void writeStance(const std::filesystem::path& file, const StanceScan& scan) {
+void writeStance(const std::filesystem::path& file, Existing existing, const StanceScan& scan) {
     Ovr::Formats::PtxWriter writer;
-    requireOk(writer.open(file));
+    requireOk(writer.open(file, existing));
     Ovr::Formats::PtxScan header;
     header.columns = static_cast<int>(scan.cols);
     header.rows = static_cast<int>(scan.rows);
@@ -63,10 +75,11 @@ void writeStance(const std::filesystem::path& file, const StanceScan& scan) {
     requireOk(writer.finish());
 }
 
-void writeWalk(const std::filesystem::path& file, const WalkScan& scan) {
+void writeWalk(const std::filesystem::path& file, Existing existing, const WalkScan& scan) {
     Ovr::Formats::LasWriterSettings settings;
     settings.expectedCount = scan.points.size();
     settings.colored = true;
+    settings.existing = existing;
     settings.offset = {House::kCorner.x, House::kCorner.y, House::kCorner.z};
     settings.adjustedTime = true;
     settings.systemIdentifier = "Simulated walk";
@@ -122,14 +135,14 @@ Json::Value projectScan(const std::string& kind, const std::string& name, const 
 }
 
 std::string projectText() {
-    Json::Value walk = projectScan("mobile", "Walk through both rooms", "walk.las", kWalkRecorded);
-    walk["trajectory"] = "walk.txt";
+    Json::Value walk = projectScan("mobile", "Walk through both rooms", kWalk, kWalkRecorded);
+    walk["trajectory"] = kPath;
     Json::Value project;
     project["version"] = 1;
     project["scans"].append(
-        projectScan("stance", "Room A", "room-a.ptx", kWalkRecorded - 2 * kStanceLead));
+        projectScan("stance", "Room A", kRoomA, kWalkRecorded - 2 * kStanceLead));
     project["scans"].append(
-        projectScan("stance", "Room B", "room-b.ptx", kWalkRecorded - kStanceLead));
+        projectScan("stance", "Room B", kRoomB, kWalkRecorded - kStanceLead));
     project["scans"].append(walk);
     std::ostringstream text;
     writeJson(text, project);
@@ -145,29 +158,34 @@ std::string describe(const StanceScan& scan) {
 
 }  // namespace
 
-std::vector<SampleFile> writeSample(const std::filesystem::path& folder) {
+std::vector<SampleFile> writeSample(const std::filesystem::path& folder,
+                                    const OutputRules& rules) {
     std::error_code error;
     std::filesystem::create_directories(folder, error);
     if (error) {
         throw Failure(
             fmt::format("{}: the folder cannot be made: {}", folder.string(), error.message()));
     }
+    // Before any of them is written: a sample of old and new files would not fit together.
+    for (const char* name : kNames) {
+        rules.check({folder / name, {fs::path(name).extension()}});
+    }
+    const Existing existing = rules.existing();
     std::vector<SampleFile> files;
     for (int number = 0; number < 2; ++number) {
         const StanceScan scan = simulateStance(number);
-        files.push_back({folder / (number == 0 ? "room-a.ptx" : "room-b.ptx"), describe(scan)});
-        writeStance(files.back().file, scan);
+        files.push_back({folder / (number == 0 ? kRoomA : kRoomB), describe(scan)});
+        writeStance(files.back().file, existing, scan);
     }
     const WalkScan walk = simulateWalk();
+    files.push_back({folder / kWalk, fmt::format("a walk of {} s, {}", fixedText(kWalkDuration, 0),
+                                                 countText(walk.points.size(), "point", "points"))});
+    writeWalk(files.back().file, existing, walk);
     files.push_back(
-        {folder / "walk.las", fmt::format("a walk of {} s, {}", fixedText(kWalkDuration, 0),
-                                          countText(walk.points.size(), "point", "points"))});
-    writeWalk(files.back().file, walk);
-    files.push_back(
-        {folder / "walk.txt", "its trajectory, " + countText(walk.nodes.size(), "pose", "poses")});
-    writeText(files.back().file, trajectoryText(walk));
-    files.push_back({folder / "project.json", "the project that lists them"});
-    writeText(files.back().file, projectText());
+        {folder / kPath, "its trajectory, " + countText(walk.nodes.size(), "pose", "poses")});
+    writeText(files.back().file, existing, trajectoryText(walk));
+    files.push_back({folder / kProject, "the project that lists them"});
+    writeText(files.back().file, existing, projectText());
     return files;
 }
 

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "session/OutputRules.h"
+
 namespace ScanHost::Sample {
 
 /// A file of the sample.
@@ -19,6 +21,6 @@ struct SampleFile {
 /// a walk as LAS with its trajectory, and a project file that lists them. The bytes are the same on
 /// every machine. Each file appears whole or not at all. Throws a Failure when one cannot be
 /// written.
-std::vector<SampleFile> writeSample(const std::filesystem::path& folder);
+std::vector<SampleFile> writeSample(const std::filesystem::path& folder, const OutputRules& rules);
 
 }  // namespace ScanHost::Sample

@@ -11,6 +11,13 @@ Tq_1_1::Mat4d<double> ImportedScan::toWorld() const {
     return container->calcTrafoTo(nullptr);
 }
 
+void remarkOnStance(const ImportedScan& scan, Console& console) {
+    if (scan.source.trajectory) {
+        console.warn(scan.source.file.string() +
+                     ": a stationary scan; the trajectory that is named for it is not used");
+    }
+}
+
 void place(const ImportedScan& scan, Console& console) {
     Tq_1_1::Mat4d<double> matrix = Tq_1_1::Mat4d<double>::identity();
     if (const auto stance =

@@ -13,6 +13,7 @@
 
 #include "pointset/CorvinPointSet.h"
 #include "report/Console.h"
+#include "session/ScanUnits.h"
 
 namespace ScanHost {
 
@@ -21,6 +22,7 @@ struct ImportedScan {
     std::string name;
     std::string classIdentifier;  ///< of the scan data
     Ovr::ScanSource source;
+    ScanUnits units{};             ///< of its coordinates
     bool trajectoryNamed = false;  ///< by the user or a project, not found next to the points
     std::shared_ptr<Vardex::CorvinPointSet> pointSet;
     Tq_1_1::SmartPtr<Hx::PtSetObject> container;
@@ -32,5 +34,8 @@ struct ImportedScan {
 /// Moves the scan's container to where its points belong: a stance by its pose, a mobile scan to
 /// the project's origin. A pose that cannot be inverted is not used; the console gets a warning.
 void place(const ImportedScan& scan, Console& console);
+
+/// Warns when the user named a trajectory for a stance: it is not used.
+void remarkOnStance(const ImportedScan& scan, Console& console);
 
 }  // namespace ScanHost

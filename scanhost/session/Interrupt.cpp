@@ -5,6 +5,7 @@
 
 #include <atomic>
 #include <csignal>
+#include <cstring>
 
 #include "report/Failure.h"
 
@@ -12,22 +13,34 @@ namespace ScanHost {
 
 namespace {
 
-std::atomic<bool> interrupted{false};
-static_assert(std::atomic<bool>::is_always_lock_free, "a signal handler may not wait");
+/// The signal that came; 0 while none has.
+std::atomic<int> received{0};
+static_assert(std::atomic<int>::is_always_lock_free, "a signal handler may not wait");
 
-extern "C" void rememberInterrupt(int signal) {
-    interrupted.store(true);
+extern "C" void rememberSignal(int signal) {
+    received.store(signal);
     std::signal(signal, SIG_DFL);
 }
 
 }  // namespace
 
 void Interrupt::listen() {
-    std::signal(SIGINT, rememberInterrupt);
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+        std::signal(signal, rememberSignal);
+    }
+    std::signal(SIGXFSZ, SIG_IGN);
 }
 
 bool Interrupt::wasAsked() {
-    return interrupted.load();
+    return received.load() != 0;
+}
+
+ExitCode Interrupt::exitCode() {
+    return wasAsked() ? static_cast<ExitCode>(128 + received.load()) : ExitCode::Cancelled;
+}
+
+std::string Interrupt::cause() {
+    return wasAsked() ? ::strsignal(received.load()) : "";
 }
 
 void Interrupt::check() {

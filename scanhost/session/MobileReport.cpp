@@ -3,6 +3,8 @@
 
 #include "session/MobileReport.h"
 
+#include <fmt/format.h>
+
 #include "report/Failure.h"
 #include "report/NumberText.h"
 #include "session/MobileScan.h"
@@ -13,11 +15,12 @@ namespace ScanHost {
 
 namespace {
 
-void describeTrajectory(const MobileScan& mobile, Report& report) {
+/// @param units  of the trajectory
+void describeTrajectory(const MobileScan& mobile, const ScanUnits& units, Report& report) {
     Report& trajectory = report.group("trajectory", "trajectory");
     const auto& nodes = mobile.nodes();
     trajectory.addCount("nodes", "nodes", nodes.size());
-    trajectory.addMetres("pathLength", "path length", mobile.pathLength());
+    addDistance(units, trajectory, "pathLength", "path length", mobile.pathLength(), kMetreDigits);
     trajectory.addSeconds("firstTime", "first node at", nodes.front().time);
     trajectory.addSeconds("lastTime", "last node at", nodes.back().time);
 }
@@ -27,6 +30,7 @@ void describeTimes(const MobileScan& mobile, Report& report) {
     forEachPointTime(mobile.points(), [&](double seconds) { range.add(seconds); });
     Report& times = report.group("times", "point times");
     times.addSeconds("duration", "duration", mobile.duration());
+    describeZero(mobile.clock({}), times);
     Json::Value notes(Json::arrayValue);
     std::string lines;
     for (const std::string& note : mobile.points().getMobileScanData().getNotes()) {
@@ -53,7 +57,14 @@ void describeLoadedTrajectory(const ImportedScan& scan, MobileScan& mobile, Repo
         if (mobile.nodes().empty()) {
             report.addNone("trajectory", "trajectory", "none");
         } else {
-            describeTrajectory(mobile, report);
+            const bool fits = scan.units.fitTrajectory();
+            describeTrajectory(mobile, fits ? scan.units : ScanUnits(), report);
+            if (!fits) {
+                console.warn(fmt::format(
+                    "{}: the points are in {}, the trajectory is taken to be in metres; they are "
+                    "not brought together, see --unit",
+                    scan.source.file.string(), scan.units.words()));
+            }
         }
     } catch (const Failure& failure) {
         if (failure.code() == ExitCode::Cancelled || scan.trajectoryNamed) {

@@ -33,7 +33,11 @@ bool MobileScan::isMobile(const ImportedScan& scan) {
 
 void MobileScan::loadTrajectory() {
     auto& scanData = points_->getMobileScanData();
-    requireOk(scanData.fetchTrajectory(nodes_));
+    if (const Ovr::ErrorPtr error = scanData.fetchTrajectory(nodes_)) {
+        console_.warn(scanData.getWarnings());
+        throw Failure(error->message() +
+                      (scan_.trajectoryNamed ? "" : "; --no-trajectory goes on without it"));
+    }
     console_.warn(scanData.getWarnings());
 }
 
@@ -53,8 +57,8 @@ bool MobileScan::loadTimes() {
     if (result == Hx::IOMessages::IO_NO_TIMES_IN_FILE) {
         return false;
     }
-    if (result == Hx::IOMessages::IO_TIME_RANGE) {
-        throw Failure(Hx::lastErrorMessage() + " (see --time-offset and --time-unit)");
+    if (result != Hx::IOMessages::IO_OK) {
+        console_.warn(points_->getIScanData().getWarnings());  // what was found on the way
     }
     requireOk(result, scan_.source.file.string());
     console_.warn(points_->getIScanData().getWarnings());
@@ -69,15 +73,20 @@ void MobileScan::requireTimes() {
 }
 
 void MobileScan::requireDuration() {
-    if (!loadTimes()) {
-        console_.warn(scan_.source.file.string() +
-                      ": the points carry no time; the scan lasts as long as its trajectory");
-        double last = nodes().front().time;
-        for (const Ovr::VardexLib::TrajectoryNode& node : nodes()) {
-            last = std::max(last, node.time);
-        }
-        points_->setMaxScanPointTime(last - nodes().front().time);
+    double last = nodes().front().time;
+    for (const Ovr::VardexLib::TrajectoryNode& node : nodes()) {
+        last = std::max(last, node.time);
     }
+    points_->setMaxScanPointTime(last - nodes().front().time);
+}
+
+ScanClock MobileScan::clock(const TimeOptions& options) const {
+    const std::optional<double> zero = points_->getMobileScanData().getTimeZero();
+    if (zero) {
+        return ScanClock(scan_.source.clock, *zero, options);
+    }
+    return nodes_ && !nodes_->empty() ? ScanClock(scan_.source.clock, nodes_->front().time, options)
+                                      : ScanClock();
 }
 
 double MobileScan::pathLength() const {

@@ -14,6 +14,8 @@
 #include "mobile/CorvinMobilePointSet.h"
 #include "report/Console.h"
 #include "session/ImportedScan.h"
+#include "session/NodePose.h"
+#include "session/ScanClock.h"
 
 namespace ScanHost {
 
@@ -39,8 +41,8 @@ class MobileScan {
     [[nodiscard]] bool loadTimes();
     /// The same, but a file without times is a Failure too.
     void requireTimes();
-    /// Makes the scan's duration known: from the points' times or, where the points carry none,
-    /// from the trajectory. Requires: the trajectory is loaded.
+    /// Makes the scan's duration known: it lasts as long as its trajectory.
+    /// Requires: the trajectory is loaded and has nodes.
     void requireDuration();
 
     Vardex::CorvinMobilePointSet& points() const { return *points_; }
@@ -49,6 +51,9 @@ class MobileScan {
     const std::vector<Ovr::VardexLib::TrajectoryNode>& nodes() const { return *nodes_; }
     /// The scan's duration [s]; 0 before it is known.
     double duration() const { return points_->getMaxScanPointTime(); }
+    /// The clock of the points file. Requires: the times or the trajectory are loaded; without
+    /// either it shows scan times.
+    ScanClock clock(const TimeOptions& options) const;
     /// Length of the path along the nodes [m].
     double pathLength() const;
     /// What the host's registry of operations gives for the point set. Throws a Failure when the
@@ -61,11 +66,6 @@ class MobileScan {
     std::shared_ptr<Vardex::CorvinMobilePointSet> points_;
     Ovr::VardexLib::CorvinMobileScanData::SharedTrajectory nodes_;
 };
-
-/// Position of a node [m].
-inline Tq_1_1::Vec3d<double> positionOf(const Ovr::VardexLib::TrajectoryNode& node) {
-    return {node.pose[12], node.pose[13], node.pose[14]};
-}
 
 /// The distance of two points in one frame [m].
 double distanceBetween(const Tq_1_1::Vec3d<double>& a, const Tq_1_1::Vec3d<double>& b);

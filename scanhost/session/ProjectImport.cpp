@@ -81,6 +81,9 @@ void requireOne(std::size_t scans, const std::string& file) {
 Tq_1_1::SmartPtr<Vardex::VardexDataObj> openProject(ModuleSession& session, Console& console,
                                                     const std::string& file) {
     requireUtf8(file);
+    if (console.aliased(file) != file) {
+        throw unexpected(file, "a project, whose files lie next to it", "points");
+    }
     const std::shared_ptr<Tq_1_1::File> name =
         Tq_1_1::File::fromString(Tq_1_1::String::fromUtf8(file));
     Tq_1_1::SmartPtr<Vardex::VardexDataObj> project;
@@ -112,6 +115,22 @@ std::vector<ImportedScan> importProject(Vardex::VardexDataObj& project, ScanImpo
         scans.push_back(std::move(scan));
     }
     return scans;
+}
+
+Ovr::ScanListing findOne(ModuleSession& session, Console& console, const ScanOptions& options) {
+    ScanImporter importer(session, console);
+    const std::string& file = options.files.front();
+    std::vector<Ovr::ScanListing> scans;
+    if (Ovr::FormatRegistry::the().isProject(file)) {
+        for (const ProjectScan& said : scansOf(*openProject(session, console, file), options)) {
+            scans.push_back(said.listing(importer.project()));
+        }
+    } else {
+        scans = importer.list(file, options);
+    }
+    requireOne(scans.size(), file);
+    scans.front().source = withOptions(std::move(scans.front().source), options);
+    return std::move(scans.front());
 }
 
 ImportedScan importOne(ModuleSession& session, Console& console, const ScanOptions& options) {

@@ -21,16 +21,6 @@ namespace ScanHost {
 
 namespace {
 
-/// A source with what the user said of the scan.
-Ovr::ScanSource withOptions(Ovr::ScanSource source, const ScanOptions& options) {
-    if (options.trajectory) {
-        source.trajectory = options.trajectory;
-    }
-    source.clock.unit = options.timeUnit.value_or(source.clock.unit);
-    source.clock.offset = options.timeOffset.value_or(source.clock.offset);
-    return source;
-}
-
 Hx::FileInfo fileInfoOf(const Ovr::ScanSource& source) {
     Hx::FileInfo info;
     info.path = Tq_1_1::String::fromUtf8(source.file.string());
@@ -47,9 +37,14 @@ std::vector<Ovr::ScanListing> ScanImporter::list(const std::string& file,
                                                  const ScanOptions& options) const {
     requireUtf8(file);
     std::vector<Ovr::ScanListing> scans;
-    requireOk(Ovr::listScans(file, scans));
+    requireOk(Ovr::listScans(file, scans, options.lenient));
+    const std::string shown = console_.aliased(file);
     for (Ovr::ScanListing& scan : scans) {
         scan.source.project = project_;
+        scan.source.lenient = options.lenient;
+        if (shown != file) {
+            scan.name.replace(0, scan.source.file.filename().string().size(), shown);
+        }
     }
     if (scans.size() > 1) {
         Ovr::chooseOrigin(scans);
@@ -63,6 +58,7 @@ ImportedScan ScanImporter::import(const Ovr::ScanListing& listing, const ScanOpt
     scan.name = listing.name;
     scan.classIdentifier = listing.classIdentifier;
     scan.source = withOptions(listing.source, options);
+    scan.units = unitsOf(scan.source, options.unit);
     scan.trajectoryNamed = scan.source.trajectory.has_value();
     scan.source.progress = console_.progress();
     scan.source.cancel = std::make_shared<Interrupt>();
@@ -98,6 +94,29 @@ void ScanImporter::readPoints(const ImportedScan& scan) const {
     Hx::AllocMain guard(true, Hx::Models::the().context(Hx::ModelContext::ALL_MODELS));
     Hx::clearLastErrorMessage();
     requireOk(scan.pointSet->import(info, guard), scan.source.file.string());
+}
+
+Ovr::ScanSource withOptions(Ovr::ScanSource source, const ScanOptions& options) {
+    if (options.trajectory) {
+        source.trajectory = options.trajectory;
+    }
+    source.withoutTrajectory = options.withoutTrajectory;
+    source.sortTrajectory = options.sortTrajectory || source.sortTrajectory;
+    source.lenient = options.lenient || source.lenient;
+    Ovr::ClockSettings& clock = source.clock;
+    clock.unit = options.timeUnit.value_or(clock.unit);
+    clock.offset = options.timeOffset.value_or(clock.offset);
+    clock.points = options.clock ? options.clock : clock.points;
+    clock.trajectoryUnit = options.trajectoryUnit ? options.trajectoryUnit : clock.trajectoryUnit;
+    clock.trajectory = options.trajectoryClock ? options.trajectoryClock : clock.trajectory;
+    if (options.week) {
+        clock.week = static_cast<std::uint32_t>(*options.week);
+    }
+    if (Ovr::lacksWeek(clock)) {
+        throw unexpected(source.file.string(), "GPS week seconds next to another clock",
+                         "their week, --week N");
+    }
+    return source;
 }
 
 void requireNumber(const ScanOptions& options, std::size_t count, const std::string& file) {

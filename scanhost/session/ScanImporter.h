@@ -44,6 +44,9 @@ class ScanImporter {
     std::shared_ptr<Ovr::ScanProject> project_;
 };
 
+/// A source with what the user says of the scan.
+Ovr::ScanSource withOptions(Ovr::ScanSource source, const ScanOptions& options);
+
 /// Throws a Failure unless a file with @p count scans has the one that the options ask for.
 void requireNumber(const ScanOptions& options, std::size_t count, const std::string& file);
 

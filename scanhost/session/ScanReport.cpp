@@ -13,6 +13,7 @@
 
 #include "report/DateText.h"
 #include "report/NumberText.h"
+#include "session/LasReport.h"
 #include "session/MobileReport.h"
 #include "session/MobileScan.h"
 #include "session/PointSummary.h"
@@ -53,12 +54,12 @@ Json::Value jsonRanges(const std::array<Range<Value>, count>& ranges) {
     return value;
 }
 
-void describeBounds(const PointSummary& summary, Report& report) {
+void describeBounds(const PointSummary& summary, const ScanUnits& units, Report& report) {
     if (summary.returns == 0) {
         report.addNone("bounds", "bounds", "none, no point has a return");
         return;
     }
-    report.add("bounds", "bounds [m]", jsonRanges(summary.bounds),
+    report.add("bounds", "bounds " + units.brackets(), jsonRanges(summary.bounds),
                fmt::format("x {}, y {}, z {}", rangeText(summary.bounds[0], kMetreDigits),
                            rangeText(summary.bounds[1], kMetreDigits),
                            rangeText(summary.bounds[2], kMetreDigits)));
@@ -94,7 +95,7 @@ void describePoints(const ImportedScan& scan, Report& report) {
     report.addCount("points", "points", summary.returns);
     report.addCount("cellsWithoutReturn", "without a return", summary.cells - summary.returns);
     describeRecord(scan, report);
-    describeBounds(summary, report);
+    describeBounds(summary, scan.units, report);
     describeLight(summary, report);
     if (summary.withNormal > 0) {
         report.addCount("normals", "points with normal", summary.withNormal);
@@ -137,7 +138,7 @@ void describePlacement(const ImportedScan& scan, Report& report) {
                         matrixLines(pose));
         report.addHidden("placement", jsonMatrix(toWorld));
     } else {
-        report.add("placement", "placed at [m]", jsonMatrix(toWorld),
+        report.add("placement", "placed at " + scan.units.brackets(), jsonMatrix(toWorld),
                    pointText({toWorld(0, 3), toWorld(1, 3), toWorld(2, 3)}, kMetreDigits));
     }
 }
@@ -221,12 +222,16 @@ void describeScan(const ImportedScan& scan, Report& report, Console& console) {
     report.add("cells", "grid", Json::UInt64{points.getNumPoints()},
                fmt::format("{} x {}", countText(static_cast<std::uint64_t>(rows), "row", "rows"),
                            countText(static_cast<std::uint64_t>(cols), "column", "columns")));
+    scan.units.addTo(report);
     describePoints(scan, report);
     describePlacement(scan, report);
     describeMetadata(scan, report);
+    describeLas(scan, report, console);
     describeAnswers(scan, report);
     if (MobileScan::isMobile(scan)) {
         describeMobile(scan, report, console);
+    } else {
+        remarkOnStance(scan, console);
     }
 }
 

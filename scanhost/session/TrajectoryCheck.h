@@ -10,6 +10,7 @@
 #include "Ovr/TrajectoryNode.h"
 
 #include "report/Report.h"
+#include "session/ScanUnits.h"
 
 namespace ScanHost {
 
@@ -19,9 +20,10 @@ namespace ScanHost {
 /// @param file     the text
 /// @param project  whose origin the nodes are relative to; may be null
 /// @param nodes    what was exported
+/// @param units    of the positions
 /// @param report   gets the largest differences
 void requireSameTrajectory(const std::filesystem::path& file, Ovr::ScanProject* project,
                            const std::vector<Ovr::VardexLib::TrajectoryNode>& nodes,
-                           Report& report);
+                           const ScanUnits& units, Report& report);
 
 }  // namespace ScanHost

@@ -94,7 +94,9 @@ TEST(Threads, AskFirstWhileBuildsFail) {
                 if (++built <= kFailures) {
                     throw std::runtime_error("no streams today");
                 }
-                return Ovr::findStructuredStreams(ScanFiles::the().las, nullptr, nullptr);
+                Ovr::ScanSource source;
+                source.file = ScanFiles::the().las;
+                return Ovr::findStructuredStreams(source);
             });
         const auto ask = [&] {
             for (bool answered = false; !answered;) {

@@ -124,7 +124,7 @@ TEST_F(LasReader, CountsCoordinatesFromTheProjectsOrigin) {
     second.memory.source.project = scan.memory.source.project;
     ASSERT_FALSE(second.loadPoints());
     EXPECT_EQ(second.memory.at(0, 0).point.x, 3568800.25F);
-    EXPECT_NE(second.warnings().find("the resolution of 0.01 m in x is lost"), std::string::npos);
+    EXPECT_NE(second.warnings().find("the resolution of 0.01 in x is lost"), std::string::npos);
     EXPECT_EQ(second.warnings().find("in y is lost"), std::string::npos);
 }
 

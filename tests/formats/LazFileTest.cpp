@@ -244,11 +244,12 @@ TEST_F(LazFile, IsWrittenAsItWasRead) {
         constexpr std::size_t kPiece = 210030;  // 7001 records
         LasRecordWriter writer;
         const auto path = folder_.path() / "out.laz";
-        ASSERT_FALSE(writer.open(path, header, plain.vlrs, true));
+        ASSERT_FALSE(writer.open(path, Existing::Replace, header, plain.vlrs, true));
         for (std::size_t at = 0; at < records.size(); at += kPiece) {
             ASSERT_FALSE(writer.write(std::string_view(records).substr(at, kPiece)));
         }
-        ASSERT_FALSE(writer.finish(header, "extended"));
+        ASSERT_FALSE(writer.writeRest("extended"));
+        ASSERT_FALSE(writer.finish(header, 99));
         const Answer answer = read(path);
         EXPECT_FALSE(answer.error) << answer.error->message();
         EXPECT_TRUE(answer.records == records);

@@ -15,11 +15,12 @@ using Ovr::ScanListing;
 using enum Ovr::Interfaces::ErrorCode;
 using Support::StanceScan;
 
-/// Header of a scan whose pose counts from 0.25.
-std::string header(const std::string& columns, const std::string& rows) {
-    return columns + "\n" + rows +
-           "\n431203 5412347.5 314.15\n1 0 0\n0 1 0\n0 0 1\n"
-           "0.25 1.25 2.25 0\n4.25 5.25 6.25 0\n8.25 9.25 10.25 0\n12.25 13.25 14.25 1\n";
+/// The lines of a matrix that turns x to y, y to z and z to x.
+const std::string kMatrix = "0 1 0 0\n0 0 1 0\n1 0 0 0\n12.25 13.25 14.25 1\n";
+
+std::string header(const std::string& columns, const std::string& rows,
+                   const std::string& matrix = kMatrix) {
+    return columns + "\n" + rows + "\n12.25 13.25 14.25\n0 1 0\n0 0 1\n1 0 0\n" + matrix;
 }
 
 class PtxReader : public testing::Test {
@@ -55,10 +56,8 @@ TEST_F(PtxReader, TurnsColumnsOfTheFileIntoRowsOfTheRecords) {
     const auto& missing = memory.at(1, 1).point;
     EXPECT_EQ(missing.position(), (Tq_1_1::Vec3d<float>()));
     EXPECT_EQ(missing.color, (Tq_1_1::Color4d<unsigned char>()));
-    for (std::size_t i = 0; i < 16; ++i) {
-        const double expected = i % 4 == 3 ? (i == 15 ? 1.0 : 0.0) : static_cast<double>(i) + 0.25;
-        EXPECT_EQ(scan.metaData().SlamPose()[i], expected) << i;
-    }
+    EXPECT_EQ(scan.metaData().SlamPose(),
+              (std::array<double, 16>{0, 1, 0, 0, 0, 0, 1, 0, 1, 0, 0, 0, 12.25, 13.25, 14.25, 1}));
     EXPECT_EQ(scan.statistics.reflection->count, 5U);
     EXPECT_EQ(scan.statistics.distance->minimum, 1.0);
     EXPECT_DOUBLE_EQ(scan.statistics.distance->maximum, 2.8284271247461903);
@@ -127,6 +126,59 @@ TEST_F(PtxReader, ListsTheScansOfAFileAndLoadsEachFromItsPlace) {
     EXPECT_EQ(second.memory.cols, 2);
     EXPECT_TRUE(second.memory.separateReflection);
     EXPECT_EQ(second.memory.at(0, 0).point.x, 7.0F);
+}
+
+TEST_F(PtxReader, SaysWhatIsOddAboutTheMatrix) {
+    const std::string last = "12.25 13.25 14.25 1\n";
+    const std::string other = "the scan's matrix has other axes than the lines above it";
+    const struct {
+        std::string matrix;
+        std::vector<std::string> warnings;
+    } cases[] = {
+        {kMatrix, {}},
+        {"0 1.000001 0 0\n0 0 1 0\n1 0 0 0\n12.2501 13.25 14.25 1\n", {}},
+        {"0 2 0 0\n0 0 1 0\n1 0 0 0\n" + last, {"scales x, y, z by 2, 1, 1", other}},
+        {"0 1 0 0\n0 0.6 0.8 0\n1 0 0 0\n" + last,
+         {"shears: its axes 1 and 2 are not at a right angle (cosine 0.6)", other}},
+        {"0 1 0 0\n0 0 1 0\n-1 0 0 0\n" + last, {"mirrors the points", other}},
+        {"1 0 0 0\n0 1 0 0\n0 0 1 0\n" + last, {other + ", by up to 1;"}},
+        {"0 1 0 0\n0 0 1 0\n1 0 0 0\n15.25 17.25 14.25 1\n",
+         {"puts the scanner 5 m away from the position above it; the matrix is used"}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.matrix);
+        StanceScan scan(only(header("1", "1", c.matrix) + "1 2 3 0.5\n"));
+        ASSERT_FALSE(scan.loadPoints());
+        EXPECT_EQ(scan.data.getWarnings().size(), c.warnings.size()) << scan.warnings();
+        for (const std::string& words : c.warnings) {
+            EXPECT_NE(scan.warnings().find(words), std::string::npos) << scan.warnings();
+        }
+    }
+}
+
+TEST_F(PtxReader, TakesColorsThatAreFractions) {
+    const struct {
+        const char* colors[2];
+        unsigned red[2];
+        bool scaled;
+    } cases[] = {
+        {{"0.5 0 1", "1 0.25 0"}, {128, 255}, true},
+        {{"0 0 1", "1 0 0"}, {0, 1}, false},       // a dark scan
+        {{"0.5 0 0", "2 0.25 0"}, {1, 2}, false},  // one channel above 1
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.colors[0]);
+        StanceScan scan(only(header("1", "2") + "1 2 3 0.5 " + c.colors[0] + "\n4 5 6 1 " +
+                             c.colors[1] + "\n"));
+        ASSERT_FALSE(scan.loadPoints());
+        for (int row = 0; row < 2; ++row) {
+            EXPECT_EQ(scan.memory.at(row, 0).point.color[0], c.red[row]);
+        }
+        EXPECT_EQ(scan.warnings().find("colours are fractions 0 .. 1; they are taken times 255") !=
+                      std::string::npos,
+                  c.scaled);
+        EXPECT_EQ(scan.statistics.reflection->count, 2U);
+    }
 }
 
 }  // namespace

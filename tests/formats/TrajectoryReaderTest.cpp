@@ -26,7 +26,7 @@ class TrajectoryReader : public testing::Test {
     Ovr::ErrorPtr read(const std::string& text) {
         Ovr::Remarks remarks;
         Ovr::ErrorPtr error =
-            Ovr::Formats::readTrajectoryFile(folder_.write("walk.txt", text), nodes_, remarks);
+            Ovr::Formats::readTrajectoryFile(folder_.write("walk.txt", text), {}, nodes_, remarks);
         warnings_.clear();
         for (const std::string& line : remarks.warnings()) {
             warnings_ += line + "\n";

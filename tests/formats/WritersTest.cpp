@@ -15,6 +15,7 @@
 namespace {
 
 using Ovr::Formats::AtomicFile;
+using Ovr::Formats::Existing;
 using Ovr::Formats::LasPoint;
 using Ovr::Formats::LasWriter;
 using enum Ovr::Interfaces::ErrorCode;
@@ -28,12 +29,12 @@ TEST(AtomicFile, AppearsWholeOrNotAtAll) {
         target, std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
     {
         AtomicFile dropped;
-        ASSERT_FALSE(dropped.open(target));
+        ASSERT_FALSE(dropped.open(target, Existing::Replace));
         dropped.stream() << "half";
     }
     EXPECT_EQ(TempFolder::read(target), "old");
     AtomicFile file;
-    ASSERT_FALSE(file.open(target));
+    ASSERT_FALSE(file.open(target, Existing::Replace));
     file.stream() << "new" << std::flush;
     EXPECT_EQ(TempFolder::read(target), "old");
     ASSERT_FALSE(file.commit());
@@ -48,22 +49,30 @@ TEST(AtomicFile, RefusesWhatItCannotReplace) {
     const auto link = folder.path() / "link";
     std::filesystem::create_symlink(folder.write("real", "old"), link);
     AtomicFile through;
-    ASSERT_FALSE(through.open(link));
+    ASSERT_FALSE(through.open(link, Existing::Replace));
     through.stream() << "new";
     ASSERT_FALSE(through.commit());
     EXPECT_TRUE(std::filesystem::is_symlink(link));
     EXPECT_EQ(TempFolder::read(folder.path() / "real"), "new");
 
-    EXPECT_EQ(AtomicFile().open(folder.path())->code(), IsDirectory);
-    EXPECT_EQ(AtomicFile().open("/dev/null")->code(), WriteFailed);
-    expectError(AtomicFile().open(folder.path() / "none" / "out.txt"), WriteFailed,
+    EXPECT_EQ(AtomicFile().open(folder.path(), Existing::Replace)->code(), IsDirectory);
+    EXPECT_EQ(AtomicFile().open("/dev/null", Existing::Replace)->code(), WriteFailed);
+    expectError(AtomicFile().open(folder.path() / "none" / "out.txt", Existing::Keep), WriteFailed,
                 "none/out.txt: found a file that cannot be created");
 
     AtomicFile failing;
-    ASSERT_FALSE(failing.open(folder.path() / "lost"));
+    ASSERT_FALSE(failing.open(folder.path() / "lost", Existing::Keep));
     failing.stream().setstate(std::ios::badbit);
     EXPECT_EQ(failing.commit()->code(), WriteFailed);
-    EXPECT_EQ(folder.entries(), 2);
+
+    const auto kept = folder.write("kept", "old");
+    expectError(AtomicFile().open(kept, Existing::Keep), WriteFailed, "found a file of that name");
+    AtomicFile late;
+    ASSERT_FALSE(late.open(folder.path() / "late", Existing::Keep));
+    folder.write("late", "another's");
+    expectError(late.commit(), WriteFailed, "late: found a file of that name");
+    EXPECT_EQ(TempFolder::read(folder.path() / "late"), "another's");
+    EXPECT_EQ(folder.entries(), 4);
 }
 
 TEST(LasWriter, WritesWhatTheReaderReads) {

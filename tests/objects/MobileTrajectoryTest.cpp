@@ -33,7 +33,7 @@ struct NamedStreams final : Ovr::IStructuredStreams {
     std::shared_ptr<Ovr::ScanProject> project() const override { return nullptr; }
 };
 
-Ovr::ErrorPtr readByName(const std::filesystem::path& file,
+Ovr::ErrorPtr readByName(const std::filesystem::path& file, const Ovr::TrajectoryReading&,
                          std::vector<Ovr::VardexLib::TrajectoryNode>& nodes,
                          Ovr::Remarks& /*remarks*/) {
     if (file == "words") {
@@ -65,7 +65,7 @@ class WatchedContainer final : public Hx::PtSetObject {
 class MobileTrajectory : public testing::Test {
   protected:
     MobileTrajectory() {
-        Ovr::FormatRegistry::the().setTrajectoryFormat({{}, readByName});
+        Ovr::FormatRegistry::the().setTrajectoryFormat({{}, readByName, {}});
         set->setMaxScanPointTime(10.0);
         set->getIntegration()->setStructuredStreams([this](bool writable) {
             EXPECT_FALSE(writable);

@@ -117,7 +117,7 @@ TEST(TrajectoryCheck, FindsEveryPoseThatIsNotTheSame) {
         Report report;
         std::string message;
         try {
-            requireSameTrajectory(file, nullptr, nodes, report);
+            requireSameTrajectory(file, nullptr, nodes, ScanUnits(), report);
         } catch (const Failure& failure) {
             message = failure.what();
         }

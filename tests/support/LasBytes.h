@@ -26,6 +26,20 @@ void poke(std::string& bytes, std::size_t at, T value) {
     std::memcpy(bytes.data() + at, &value, sizeof value);
 }
 
+/// A variable-length record: its head of 54 bytes, extended of 60, and its data.
+inline std::string lasRecord(const std::string& user, std::uint16_t id, const std::string& data,
+                             bool extended = false) {
+    std::string record(extended ? 60 : 54, '\0');
+    record.replace(2, user.size(), user);
+    poke(record, 18, id);
+    if (extended) {
+        poke(record, 20, static_cast<std::uint64_t>(data.size()));
+    } else {
+        poke(record, 20, static_cast<std::uint16_t>(data.size()));
+    }
+    return record + data;
+}
+
 /// Makes LAS files byte by byte, right or wrong, from the published layout alone.
 struct LasBytes {
     struct Point {

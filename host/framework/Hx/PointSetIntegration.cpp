@@ -73,9 +73,7 @@ std::shared_ptr<Ovr::IStructuredStreams> PointSetIntegration::openStructuredStre
     if (openStreams_) {
         return openStreams_(writable);
     }
-    const Ovr::ScanSource source = getScanSource();
-    const std::filesystem::path* named = source.trajectory ? &*source.trajectory : nullptr;
-    return Ovr::findStructuredStreams(source.file, named, source.project);
+    return Ovr::findStructuredStreams(getScanSource());
 }
 
 Ovr::ScanSource PointSetIntegration::getScanSource() const {

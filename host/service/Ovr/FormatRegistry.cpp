@@ -131,15 +131,30 @@ bool FormatRegistry::isProject(const fs::path& file) const {
 
 ErrorPtr FormatRegistry::readTrajectory(const fs::path& file, ScanProject* project,
                                         std::vector<VardexLib::TrajectoryNode>& nodes,
-                                        Remarks& remarks) const {
+                                        Remarks& remarks, const TrajectoryReading& reading) const {
     const TrajectoryFormat format = trajectoryFormat();
     if (!format.read) {
         return makeError(ErrorCode::Unsupported,
                          {file.string(), "", "a trajectory, which nothing here reads", ""});
     }
-    ErrorPtr error = format.read(file, nodes, remarks);
+    ErrorPtr error = format.read(file, reading, nodes, remarks);
     if (!error && project != nullptr && !nodes.empty()) {
         countFromOrigin(*project, nodes);
+    }
+    return error;
+}
+
+ErrorPtr FormatRegistry::readTrajectory(const IStructuredStreams& streams,
+                                        std::vector<VardexLib::TrajectoryNode>& nodes,
+                                        Remarks& remarks) const {
+    const fs::path file = streams.trajectoryFile();
+    ErrorPtr error = readTrajectory(file, streams.project().get(), nodes, remarks,
+                                    streams.trajectoryReading());
+    const auto begins = trajectoryFormat().begins;
+    if (error && !streams.isNamed() && begins && !begins(file)) {
+        remarks.warn(error->message() + "; no trajectory, although its name says so");
+        nodes.clear();
+        return nullptr;
     }
     return error;
 }
@@ -188,12 +203,12 @@ ErrorPtr checkReadable(const fs::path& file) {
     return nullptr;
 }
 
-ErrorPtr listScans(const fs::path& file, std::vector<ScanListing>& scans) {
+ErrorPtr listScans(const fs::path& file, std::vector<ScanListing>& scans, bool lenient) {
     if (ErrorPtr error = checkReadable(file)) {
         return error;
     }
     const auto format = FormatRegistry::the().find(file);
-    return format ? format->list(file, scans) : unknownFormat(file);
+    return format ? format->list(file, lenient, scans) : unknownFormat(file);
 }
 
 }  // namespace Ovr

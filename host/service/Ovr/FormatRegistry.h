@@ -14,6 +14,7 @@
 
 #include "HostExport.h"
 #include "Ovr/Errors.h"
+#include "Ovr/IStructuredStreams.h"
 #include "Ovr/ProjectFile.h"
 #include "Ovr/Remarks.h"
 #include "Ovr/ScanFormat.h"
@@ -27,10 +28,13 @@ struct TrajectoryFormat {
     std::vector<std::string> extensions;  ///< without the dot; a scan's trajectory is looked for
                                           ///< under them next to its points, in this order
     /// Reads a file.
+    /// @param reading  how; the nodes' times are seconds
     /// @param nodes  in world coordinates; replaced on success, untouched on failure
-    std::function<ErrorPtr(const std::filesystem::path& file,
+    std::function<ErrorPtr(const std::filesystem::path& file, const TrajectoryReading& reading,
                            std::vector<VardexLib::TrajectoryNode>& nodes, Remarks& remarks)>
         read;
+    /// Whether a file begins as a trajectory, that is with a pose. May be empty: all do.
+    std::function<bool(const std::filesystem::path& file)> begins;
 };
 
 /// How project files are read.
@@ -80,6 +84,12 @@ class HOST_EXPORT FormatRegistry {
     /// @param nodes    replaced on success, untouched on failure
     [[nodiscard]] ErrorPtr readTrajectory(const std::filesystem::path& file, ScanProject* project,
                                           std::vector<VardexLib::TrajectoryNode>& nodes,
+                                          Remarks& remarks,
+                                          const TrajectoryReading& reading = {}) const;
+    /// Reads the trajectory of streams likewise. A file that was only found next to the points, and
+    /// does not begin as a trajectory, is none: that is a remark.
+    [[nodiscard]] ErrorPtr readTrajectory(const IStructuredStreams& streams,
+                                          std::vector<VardexLib::TrajectoryNode>& nodes,
                                           Remarks& remarks) const;
     /// Reads a project with the format that was set. Unsupported when none was.
     /// @param project  changed only on success; its warnings are what the format remarked
@@ -106,6 +116,7 @@ class HOST_EXPORT FormatRegistry {
 /// Lists the scans of a points file of any known format. Tells a missing file, a directory, an
 /// empty file and an unknown format apart.
 [[nodiscard]] HOST_EXPORT ErrorPtr listScans(const std::filesystem::path& file,
-                                             std::vector<ScanListing>& scans);
+                                             std::vector<ScanListing>& scans,
+                                             bool lenient = false);
 
 }  // namespace Ovr

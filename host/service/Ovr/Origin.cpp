@@ -17,8 +17,7 @@ bool hasOrigin(const ScanListing& scan) {
 
 /// Reads the trajectory, if there is one: that chooses the origin from its first pose.
 void chooseFromTrajectory(const ScanSource& source) {
-    const auto streams = findStructuredStreams(
-        source.file, source.trajectory ? &*source.trajectory : nullptr, source.project);
+    const auto streams = findStructuredStreams(source);
     if (streams) {
         std::vector<VardexLib::TrajectoryNode> nodes;
         static_cast<void>(VardexLib::CorvinMobileScanData::readTrajectory(*streams, nodes));

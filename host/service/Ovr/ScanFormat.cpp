@@ -22,7 +22,7 @@ ErrorPtr IScanReader::loadTimes(const TimeTarget& /*target*/) {
 
 IScanFormat::~IScanFormat() = default;
 
-ErrorPtr IScanFormat::list(const std::filesystem::path& file,
+ErrorPtr IScanFormat::list(const std::filesystem::path& file, bool /*lenient*/,
                            std::vector<ScanListing>& scans) const {
     ScanSource source;
     source.file = file;

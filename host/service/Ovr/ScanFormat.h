@@ -103,7 +103,8 @@ class HOST_EXPORT IScanFormat {
     /// Lists the scans of a file, in file order: by default one, named after the file, without a
     /// look into it.
     /// @return empty on success, and then there is at least one
-    [[nodiscard]] virtual ErrorPtr list(const std::filesystem::path& file,
+    /// @param lenient  of ScanSource; the sources that are listed carry it on
+    [[nodiscard]] virtual ErrorPtr list(const std::filesystem::path& file, bool lenient,
                                         std::vector<ScanListing>& scans) const;
     virtual std::unique_ptr<IScanReader> makeReader(const ScanSource& source) const = 0;
 };

@@ -8,20 +8,11 @@
 #include <memory>
 #include <optional>
 
+#include "Ovr/Clock.h"
 #include "Ovr/Progress.h"
 #include "Ovr/ScanProject.h"
-#include "Ovr/TimeUnit.h"
 
 namespace Ovr {
-
-/// How the clock of a points file is brought onto the trajectory's:
-/// trajectory time [s] = value in the file x unit + offset.
-struct ClockSettings {
-    TimeUnit unit = TimeUnit::Seconds;
-    double offset = 0.0;  ///< [s]
-
-    friend bool operator==(const ClockSettings&, const ClockSettings&) = default;
-};
 
 /// Where a scan comes from: the file, the place of the scan in it, and what the user said of it.
 struct ScanSource {
@@ -30,6 +21,9 @@ struct ScanSource {
     std::uint64_t byteOffset = 0;  ///< where the scan begins in the file
     std::uint64_t line = 1;        ///< the same place as a line number, in text formats
     std::optional<std::filesystem::path> trajectory;  ///< instead of the file found next to it
+    bool withoutTrajectory = false;  ///< take none, whatever lies next to it
+    bool sortTrajectory = false;     ///< put its poses into the order of their times
+    bool lenient = false;  ///< read a file with fewer or more points than it says as far as it goes
     ClockSettings clock;
     std::shared_ptr<ScanProject> project;  ///< empty: coordinates stay as they are in the file
     std::shared_ptr<DataStructures::IProgress> progress;  ///< may be empty

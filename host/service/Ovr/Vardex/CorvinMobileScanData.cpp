@@ -49,8 +49,7 @@ void CorvinMobileScanData::setTrajectoryNodes(const std::vector<TrajectoryNode>&
 ErrorPtr CorvinMobileScanData::readTrajectory(const IStructuredStreams& streams,
                                               std::vector<TrajectoryNode>& nodes) {
     Remarks unheard;
-    return FormatRegistry::the().readTrajectory(streams.trajectoryFile(), streams.project().get(),
-                                                nodes, unheard);
+    return FormatRegistry::the().readTrajectory(streams, nodes, unheard);
 }
 
 ErrorPtr CorvinMobileScanData::fetchTrajectory(SharedTrajectory& nodes) {
@@ -67,8 +66,7 @@ ErrorPtr CorvinMobileScanData::fetchTrajectory(SharedTrajectory& nodes) {
         return nullptr;
     }
     std::vector<TrajectoryNode> read;
-    ErrorPtr error = FormatRegistry::the().readTrajectory(
-        streams->trajectoryFile(), streams->project().get(), read, remarks());
+    ErrorPtr error = FormatRegistry::the().readTrajectory(*streams, read, remarks());
     if (!error) {
         nodes = std::make_shared<const std::vector<TrajectoryNode>>(std::move(read));
         holdTrajectory(nodes);

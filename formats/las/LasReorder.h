@@ -1,0 +1,71 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "Ovr/Errors.h"
+#include "Ovr/Progress.h"
+#include "Ovr/Remarks.h"
+#include "kit/AtomicFile.h"
+#include "kit/InputFile.h"
+#include "las/LasBlocks.h"
+#include "las/LasHeader.h"
+#include "las/LasRecordWriter.h"
+
+namespace Ovr::Formats {
+
+/// Writes a LAS file again with its point records in another order, plain or compressed. Header,
+/// variable-length records and what follows the points stay as they are but for what a change of
+/// the compression changes. The records of a compressed file are kept in memory, those of a plain
+/// one are not.
+class LasReorder {
+  public:
+    /// @param lenient  take the points that can be read of a damaged file
+    /// @return empty on success; NoTimes for a point format without time, Unsupported for more
+    ///         points than one scan may have. Requires: called once.
+    [[nodiscard]] ErrorPtr open(const std::filesystem::path& file, bool lenient, Remarks& remarks,
+                                const DataStructures::Work& work);
+
+    /// Points in the file.
+    std::uint64_t count() const { return header_.count; }
+
+    /// Visits every point in the order of the file.
+    /// @param visit  takes the point's number, from 0 on, and its time as the file has it
+    [[nodiscard]] ErrorPtr visitTimes(
+        const std::function<void(std::uint32_t number, double time)>& visit,
+        const DataStructures::Work& work);
+
+    /// Writes the file.
+    /// @param compress  write compressed points
+    /// @param ranks  by number, the place of each point among the points written: a permutation
+    [[nodiscard]] ErrorPtr write(const std::filesystem::path& target, Existing existing,
+                                 bool compress, std::span<const std::uint32_t> ranks,
+                                 const DataStructures::Work& work);
+
+  private:
+    [[nodiscard]] ErrorPtr hold(const DataStructures::Work& work);
+    std::unique_ptr<LasBlocks> blocks(std::uint64_t end, std::uint64_t first);
+    [[nodiscard]] ErrorPtr writeHead(LasRecordWriter& writer, const std::filesystem::path& target,
+                                     Existing existing, bool compress);
+    [[nodiscard]] ErrorPtr writePoints(LasRecordWriter& writer,
+                                       std::span<const std::uint32_t> ranks,
+                                       const DataStructures::Work& work);
+    [[nodiscard]] ErrorPtr writeRest(LasRecordWriter& writer);
+    [[nodiscard]] ErrorPtr readBytes(std::uint64_t begin, std::uint64_t end, std::string& bytes);
+
+    InputFile file_;
+    LasHeader header_;
+    std::string head_;        ///< the header's bytes, as for plain points
+    std::vector<char> held_;  ///< the records of a compressed file
+    bool isHeld_ = false;
+};
+
+}  // namespace Ovr::Formats
