@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The VardexScandata developers
 // SPDX-License-Identifier: MIT
 
+#include <algorithm>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -9,53 +10,38 @@
 
 #include <fmt/format.h>
 
-#include "Ovr/FormatRegistry.h"
 #include "kit/AtomicFile.h"
 
 #include "commands/CommandList.h"
 #include "report/Failure.h"
 #include "report/NumberText.h"
-#include "session/Interrupt.h"
 #include "session/KnownFiles.h"
 #include "session/ModuleSession.h"
+#include "session/OutputRules.h"
 #include "session/ProjectImport.h"
 #include "session/Require.h"
+#include "session/SpooledInput.h"
+#include "view/ScanAddress.h"
 #include "view/ScanPage.h"
 
 namespace ScanHost {
 
 namespace {
 
-/// A word as a shell takes it.
-std::string quoted(const std::string& word) {
-    constexpr std::string_view kPlain =
-        "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_./+-:,=@%";
-    if (!word.empty() && word.find_first_not_of(kPlain) == std::string::npos) {
-        return word;
-    }
-    std::string text = "'";
-    for (const char c : word) {
-        text += c == '\'' ? std::string("'\\''") : std::string(1, c);
-    }
-    return text + "'";
-}
-
-/// What the user said of scans, as on the command line.
-std::string settingsText(const ScanOptions& options) {
-    std::string text;
-    if (options.trajectory) {
-        text += " --trajectory " + quoted(options.trajectory->string());
-    }
-    if (options.timeOffset) {
-        text += " --time-offset=" + shortText(*options.timeOffset);
-    }
-    if (options.timeUnit) {
-        for (const Ovr::TimeUnitEntry& entry : Ovr::kTimeUnits) {
-            text += entry.unit == *options.timeUnit ? fmt::format(" --time-unit {}", entry.name)
-                                                    : std::string();
+/// Distances and shapes need one unit of length for all that is shown.
+void requireOneLength(const std::vector<ImportedScan>& scans) {
+    for (const ImportedScan& scan : scans) {
+        if (!scan.units.hasDistances()) {
+            throw unexpected(scan.source.file.string(), "coordinates in " + scan.units.words(),
+                             "one unit of length for all axes, see --unit");
+        }
+        if (scan.units.words() != scans.front().units.words()) {
+            throw unexpected(scan.source.file.string(),
+                             fmt::format("coordinates in {} after some in {}", scan.units.words(),
+                                         scans.front().units.words()),
+                             "scans in one unit, see --unit");
         }
     }
-    return text;
 }
 
 class ViewCommand final : public Command {
@@ -73,49 +59,52 @@ class ViewCommand final : public Command {
             .required();
         declareScanSettings(options, scan_);
         options.file("-o,--output", output_, "FILE", "The page to write").required();
-        options.count("--points", points_, "N",
-                      "Thin the points evenly in space until at most N are left; without this "
-                      "option to what fits into a page of 15 MB, but not below 300000");
+        options.ordinal("--points", points_, "N", "a number of points, 1 or more",
+                        "Thin the points evenly in space until at most N are left; without this "
+                        "option as many as fit into a page of 15 MB, or 300000 when those are "
+                        "more");
+        declareForce(options, rules_);
     }
     void run(const CommonOptions& /*common*/, Console& console) override {
-        if (points_ == 0U) {
-            throw unexpected("--points", "0", "1 or more", ExitCode::WrongUsage);
-        }
+        const std::vector<std::string> names = scan_.files;
+        const auto spooled = spoolInput(scan_, console);
+        rules_.protect(scan_);
+        rules_.check(page());
         ModuleSession session;
         ScanImporter importer(session, console);
         std::vector<ImportedScan> scans;
         std::vector<std::string> addresses;
-        for (const std::string& file : scan_.files) {
-            importFile(session, importer, file, scans, console);
-            nameScans(file, scans.size(), addresses);
+        for (std::size_t i = 0; i < names.size(); ++i) {
+            ScanOptions one = scan_;
+            one.files = {scan_.files[i]};
+            for (ImportedScan& scan : importAll(session, importer, one, console)) {
+                rules_.protect(scan);
+                scans.push_back(std::move(scan));
+            }
+            nameScans(names[i], scans.size(), addresses);
         }
+        rules_.check(page());
+        requireOneLength(scans);
         std::vector<PageScan> pageScans;
         pageScans.reserve(scans.size());
         for (std::size_t i = 0; i < scans.size(); ++i) {
             pageScans.push_back(loadPageScan(scans[i], addresses[i], console));
         }
-        const PageRequest request{
-            std::filesystem::path(scan_.files.front()).filename().string(),
-            fmt::format("scanhost, {} {}", session.moduleName(), session.moduleVersion()), points_};
         Report report;
-        report.addText("file", "page", output_.string());
-        writePage(pageScans, request, console, report);
+        writePage(pageScans,
+                  {titleOf(names),
+                   fmt::format("scanhost, {} {}", session.moduleName(), session.moduleVersion()),
+                   points_},
+                  console, report);
         console.show(report);
     }
 
   private:
-    void importFile(ModuleSession& session, ScanImporter& importer, const std::string& file,
-                    std::vector<ImportedScan>& scans, Console& console) const {
-        if (Ovr::FormatRegistry::the().isProject(file)) {
-            const auto project = openProject(session, console, file);
-            for (ImportedScan& scan : importProject(*project, importer, scan_, console)) {
-                scans.push_back(std::move(scan));
-            }
-            return;
-        }
-        for (const Ovr::ScanListing& listing : importer.list(file, scan_)) {
-            scans.push_back(importer.import(listing, scan_, session.root()));
-        }
+    OutputFile page() const { return {output_, {".html", ".htm"}}; }
+
+    static std::string titleOf(const std::vector<std::string>& names) {
+        const std::string first = std::filesystem::path(names.front()).filename().string();
+        return names.size() == 1 ? first : fmt::format("{} and {} more", first, names.size() - 1);
     }
 
     /// Names the scans that came from a file, up to @p count of all.
@@ -124,33 +113,34 @@ class ViewCommand final : public Command {
         const std::size_t before = addresses.size();
         const bool several = count > before + 1 || scan_.number;
         while (addresses.size() < count) {
-            const std::size_t number = scan_.number ? *scan_.number : addresses.size() - before + 1;
-            addresses.push_back(quoted(file) +
-                                (several ? fmt::format(" --scan {}", number) : std::string()) +
-                                settingsText(scan_));
+            const auto next = static_cast<std::uint32_t>(addresses.size() - before + 1);
+            addresses.push_back(scanAddress(
+                file, several ? std::optional(scan_.number.value_or(next)) : std::nullopt, scan_));
         }
     }
 
     void writePage(const std::vector<PageScan>& scans, const PageRequest& request, Console& console,
                    Report& report) const {
         Ovr::Formats::AtomicFile file;
-        requireOk(file.open(output_));
+        requireOk(file.open(output_, rules_.existing()));
         const PageContent content = writeScanPage(file.stream(), scans, request, console);
-        const auto length = static_cast<std::uint64_t>(file.stream().tellp());
         requireOk(file.commit());
+        report.addText("file", "page", output_.string());
         report.addCount("points", "points in it", content.points);
         report.addCount("returns", "of", content.returns);
         if (content.spacing > 0.0) {
-            report.addMetres("spacing", "one in each cube of", content.spacing);
+            report.addNumber("spacing", "one in each cube of", content.spacing, kMetreDigits,
+                             scans.front().scan.units.behind());
         } else {
             report.addHidden("spacing", Json::Value());
         }
-        report.addCount("bytes", "bytes", length);
+        report.addCount("bytes", "bytes", std::filesystem::file_size(output_));
     }
 
     ScanOptions scan_;
+    OutputRules rules_;
     std::filesystem::path output_;
-    std::optional<std::uint64_t> points_;
+    std::optional<std::uint32_t> points_;
 };
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "report/Report.h"
+#include "session/NodePose.h"
 #include "session/PointTimes.h"
 
 namespace ScanHost {

@@ -9,15 +9,16 @@
 #include <limits>
 #include <vector>
 
+#include <fmt/format.h>
+
 #include "report/Failure.h"
-#include "report/ProgressLine.h"
 #include "session/Interrupt.h"
 
 namespace ScanHost {
 
 namespace {
 
-constexpr std::uint64_t kPointsBetweenLooks = 1U << 16U;  // for Ctrl-C and the progress line
+constexpr std::uint64_t kPointsBetweenLooks = 1U << 16U;  // for Ctrl-C
 
 bool isNear(const PageScan& scan, const Tq_1_1::Vec3d<double>& world) {
     constexpr double kReach = kPointStep * std::numeric_limits<std::int32_t>::max();
@@ -78,6 +79,13 @@ void loadMobile(PageScan& page, Console& console) {
             hasNodes = !mobile.nodes().empty();
         },
         page.scan.trajectoryNamed, console);
+    if (hasNodes && !page.scan.units.fitTrajectory()) {
+        hasNodes = false;
+        console.warn(fmt::format(
+            "{}: the points are in {}, the trajectory is taken to be in metres and left out, see "
+            "--unit",
+            page.scan.source.file.string(), page.scan.units.words()));
+    }
     tryTo([&] { page.hasTimes = mobile.loadTimes(); }, false, console);
     if (hasNodes) {
         page.hasTrajectory = tryTo([&] { mobile.requireDuration(); }, false, console) &&
@@ -91,6 +99,8 @@ PageScan loadPageScan(const ImportedScan& scan, const std::string& address, Cons
     PageScan page{scan, address, {}, false, false, {}, {}, 0};
     if (MobileScan::isMobile(scan)) {
         loadMobile(page, console);
+    } else {
+        remarkOnStance(scan, console);
     }
     page.summary = summarize(*scan.pointSet, scan.toWorld());
     page.origin = middleOf(scan);

@@ -5,7 +5,11 @@
 
 #include <algorithm>
 
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+
 #include "report/Failure.h"
+#include "report/NumberText.h"
 #include "report/ProgressLine.h"
 #include "view/PagePanorama.h"
 #include "view/PagePath.h"
@@ -34,10 +38,39 @@ Json::Value describeScan(const PageScan& scan) {
     return value;
 }
 
+/// The coordinate systems and the unit of the scans, in words.
+std::string systemText(const std::vector<PageScan>& scans) {
+    std::vector<std::string> names;
+    for (const PageScan& scan : scans) {
+        const Ovr::Formats::CrsDescription crs = coordinateSystemOf(scan.scan.source.file);
+        const std::string name = printable(crs.name.empty() ? crs.code : crs.name);
+        if (!name.empty() && std::find(names.begin(), names.end(), name) == names.end()) {
+            names.push_back(name);
+        }
+    }
+    const ScanUnits& units = scans.front().scan.units;
+    const bool isAssumed = units.source == ScanUnits::Source::Assumed;
+    return fmt::format(
+        "{}; {}{}",
+        names.empty() ? "no coordinate system named" : fmt::format("{}", fmt::join(names, ", ")),
+        units.words(), isAssumed ? " assumed" : "");
+}
+
+Json::Value describeClock(const ScanClock& clock) {
+    Json::Value value;
+    value["zero"] = jsonNumber(clock.zero());
+    const std::optional<double> utc = clock.utcOf(0.0);
+    value["utc"] = utc ? jsonNumber(*utc) : Json::Value();
+    return value;
+}
+
 void addMobile(const PageScan& scan, PageWriter& page, Json::Value& value) {
     const double duration = scan.mobile->duration();
     value["mobile"] = true;
     value["duration"] = jsonNumber(scan.hasTimes || scan.hasTrajectory ? duration : 0.0);
+    if (scan.hasTrajectory || scan.hasTimes) {
+        value["clock"] = describeClock(scan.mobile->clock({}));
+    }
     if (scan.hasTrajectory) {
         value["path"] = writePagePath(scan, page);
     }
@@ -116,11 +149,11 @@ PageContent writeScanPage(std::ostream& out, const std::vector<PageScan>& scans,
     Json::Value description;
     description["title"] = request.title;
     description["program"] = request.program;
-    description["unit"] = "m";
-    description["heightUnit"] = "m";
-    description["system"] = "coordinates in metres; coordinate system not known";
+    description["unit"] = scans.front().scan.units.label(0);
+    description["system"] = systemText(scans);
     description["scans"] = describeScans(scans, page);
-    const std::uint64_t limit = request.mostPoints.value_or(pointsThatFit(scans, page));
+    const std::uint64_t limit =
+        request.mostPoints ? *request.mostPoints : pointsThatFit(scans, page);
     content.spacing = thinningSize(walkOver(scans), content.returns, limit);
     VoxelThinning thinning(content.spacing);
     for (std::size_t i = 0; i < scans.size(); ++i) {

@@ -18,7 +18,7 @@ namespace ScanHost {
 struct PageRequest {
     std::string title;
     std::string program;                      ///< that made it, and its version
-    std::optional<std::uint64_t> mostPoints;  ///< empty: what fits into a page to be mailed
+    std::optional<std::uint32_t> mostPoints;  ///< empty: what fits into a page to be mailed
 };
 
 /// What a page holds.
@@ -30,6 +30,7 @@ struct PageContent {
 
 /// Writes a page that shows scans in a browser: one HTML file that needs nothing else.
 /// @param out  a failed write shows in its state
+/// @param scans  have coordinates in one unit of length
 /// @throw Failure  no scan has a return, or Ctrl-C
 PageContent writeScanPage(std::ostream& out, const std::vector<PageScan>& scans,
                           const PageRequest& request, Console& console);

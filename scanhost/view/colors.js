@@ -89,7 +89,7 @@ const COLOR_MODES = {
         has: () => true,
         ramp: RAMPS.viridis,
         value: heightOf,
-        unit: (page) => page.heightUnit,
+        unit: (page) => page.unit,
         digits: 2,
     },
     time: {

@@ -61,6 +61,7 @@ class Scan {
         this.origin = said.origin;
         this.duration = said.duration || 0;
         this.histogram = said.histogram || null;
+        this.clock = said.clock || null;
         this.position = said.position || null;
         this.panorama = said.panorama || null;
         this.returns = said.points.of;

@@ -204,7 +204,7 @@ class Timeline {
             context.fillStyle = style.getPropertyValue(name);
             context.fillRect(x, y, w, h);
         };
-        paint('--line', 0, 0, width, height);
+        paint('--track', 0, 0, width, height);
         const counts = this.scan.histogram || [];
         const most = Math.max(1, ...counts);
         counts.forEach((count, i) => {
@@ -213,18 +213,25 @@ class Timeline {
             const bar = count > 0 ? Math.max(1, count / most * height) : 0;
             const share = (i + 0.5) / counts.length;
             const isInside = share >= this.from && share <= this.to;
-            paint(isInside ? '--bar' : '--faint', left, height - bar, right - left, bar);
+            paint(isInside ? '--bar' : '--dim', left, height - bar, right - left, bar);
         });
         paint('--span', this.from * width, height - 2, (this.to - this.from) * width, 2);
         paint('--path', this.now / this.scan.duration * width - 1, 0, 2, height);
     }
 }
 
-/** A span on the clock of the points file; empty when that is not known. */
+/** A span on the clock of the points file, with dates where they are known; empty without a clock. */
 function fileTimesText(scan, start, end) {
     if (!scan.clock) {
         return '';
     }
-    const {zero} = scan.clock;
-    return `file times ${fixedText(zero + start, 3)} .. ${fixedText(zero + end, 3)} s`;
+    const {zero, utc} = scan.clock;
+    const times = `file times ${fixedText(zero + start, 3)} .. ${fixedText(zero + end, 3)} s`;
+    return utc === null ? times : `${times} (${dateText(utc + start)} .. ${dateText(utc + end)} UTC)`;
+}
+
+/** Date and time of day in UTC, to a tenth of a second. @param {number} seconds since 1970 */
+function dateText(seconds) {
+    const date = new Date(Math.floor(seconds * 10) * 100);
+    return Number.isNaN(date.getTime()) ? secondsText(seconds) : date.toISOString().slice(0, 21).replace('T', ' ');
 }
