@@ -21,13 +21,9 @@ const SCAN_COLORS = [
 ];
 const NO_COLOR = [128, 128, 128];
 
-function scanColor(scan) {
-    return SCAN_COLORS[scan.number % SCAN_COLORS.length];
-}
+function scanColor(scan) { return SCAN_COLORS[scan.number % SCAN_COLORS.length]; }
 
-function cssColor(color) {
-    return `rgb(${color.join(',')})`;
-}
+function cssColor(color) { return `rgb(${color.join(',')})`; }
 
 /** A ramp as 256 colours, one after the other. */
 function rampTable(ramp) {
@@ -69,7 +65,8 @@ function sampleOf(scans, value) {
     return values;
 }
 
-const heightOf = (scan, i) => scan.points.origin[2] + scan.points.steps[3 * i + 2] * scan.points.step;
+const heightOf = (scan, i) =>
+    scan.points.origin[2] + scan.points.steps[3 * i + 2] * scan.points.step;
 const timeShareOf = (scan, i) => scan.times === null ? null : scan.timeOf(i);
 const reflectionValue = (scan, i) => scan.reflectionOf(i);
 
@@ -111,30 +108,39 @@ function colorRange(scans, mode) {
 
 /** Writes the colours of a scan's points. @param {Uint8Array} out four bytes for each point */
 function paintScan(scan, mode, range, out) {
-    const {ramp, value} = COLOR_MODES[mode];
-    const table = ramp ? rampTable(ramp) : null;
-    const own = mode === 'scan' ? scanColor(scan) : NO_COLOR;
-    for (let i = 0; i < scan.points.count; ++i) {
-        let color = own;
-        if (mode === 'rgb') {
-            color = scan.colorOf(i) || greyOf(scan, i);
-        } else if (table) {
-            const found = value(scan, i);
-            if (found !== null) {
-                const place = clamp((found - range.low) / (range.high - range.low), 0, 1);
-                const entry = 3 * Math.round(place * 255);
-                color = table.subarray(entry, entry + 3);
-            }
+    if (mode === 'rgb') {
+        paintOwn(scan, out);
+    } else if (COLOR_MODES[mode].value) {
+        paintRamp(scan, COLOR_MODES[mode], range, out);
+    } else {
+        const color = scanColor(scan);
+        for (let i = 0; i < out.length; i += 4) {
+            out.set(color, i);
         }
-        out[4 * i] = color[0];
-        out[4 * i + 1] = color[1];
-        out[4 * i + 2] = color[2];
-        out[4 * i + 3] = 255;
     }
 }
 
-/** The reflection of a point as a grey. */
-function greyOf(scan, i) {
-    const grey = scan.reflections === null ? 128 : scan.reflections[i] >> 8;
-    return [grey, grey, grey];
+/** A point's own colour, else its reflection as a grey. */
+function paintOwn(scan, out) {
+    const {colors, reflections} = scan;
+    for (let i = 0; i < scan.points.count; ++i) {
+        const hasOwn = colors !== null && colors[4 * i + 3] !== 0;
+        const grey = reflections === null ? NO_COLOR[0] : reflections[i] >> 8;
+        for (let axis = 0; axis < 3; ++axis) {
+            out[4 * i + axis] = hasOwn ? colors[4 * i + axis] : grey;
+        }
+    }
+}
+
+function paintRamp(scan, {ramp, value}, range, out) {
+    const table = rampTable(ramp);
+    const scale = 255 / (range.high - range.low);
+    for (let i = 0; i < scan.points.count; ++i) {
+        const found = value(scan, i);
+        const entry =
+            found === null ? 0 : 3 * Math.round(clamp((found - range.low) * scale, 0, 255));
+        for (let axis = 0; axis < 3; ++axis) {
+            out[4 * i + axis] = found === null ? NO_COLOR[axis] : table[entry + axis];
+        }
+    }
 }

@@ -104,7 +104,9 @@ class Scan {
 
     /** Red, green and blue of a point; null when it has none. */
     colorOf(i) {
-        return this.colors !== null && this.colors[4 * i + 3] ? this.colors.subarray(4 * i, 4 * i + 3) : null;
+        return this.colors !== null && this.colors[4 * i + 3] ?
+            this.colors.subarray(4 * i, 4 * i + 3) :
+            null;
     }
 
     /** Reflection of a point, 0 to 65535; null when it has none. */

@@ -11,7 +11,8 @@ function turn(view, sideways, upward) {
     seen.theta -= sideways;
     seen.phi = clamp(seen.phi - upward, 1e-4, Math.PI - 1e-4);
     const turned = new THREE.Vector3().setFromSpherical(seen);
-    view.camera.position.copy(view.controls.target).add(new THREE.Vector3(turned.x, -turned.z, turned.y));
+    view.camera.position.copy(view.controls.target)
+        .add(new THREE.Vector3(turned.x, -turned.z, turned.y));
     view.controls.update();
     view.requestDrawing();
 }
@@ -23,7 +24,8 @@ function move(view, sideways, upward) {
     const {elements} = view.camera.matrixWorld;
     const shift = new THREE.Vector3(elements[0], elements[1], elements[2])
                       .multiplyScalar(sideways * seen)
-                      .addScaledVector(new THREE.Vector3(elements[4], elements[5], elements[6]), upward * seen);
+                      .addScaledVector(
+                          new THREE.Vector3(elements[4], elements[5], elements[6]), upward * seen);
     view.controls.target.add(shift);
     view.camera.position.add(shift);
     view.controls.update();
@@ -51,7 +53,12 @@ function chooseNext(id) {
     choice.dispatchEvent(new Event('change'));
 }
 
-const ARROWS = {ArrowLeft: [-1, 0], ArrowRight: [1, 0], ArrowUp: [0, 1], ArrowDown: [0, -1]};
+const ARROWS = {
+    ArrowLeft: [-1, 0],
+    ArrowRight: [1, 0],
+    ArrowUp: [0, 1],
+    ArrowDown: [0, -1]
+};
 
 /** What keys do to time. */
 const TIME_KEYS = {
@@ -89,7 +96,8 @@ const PAGE_KEYS = {
 function pressKey(page, event) {
     const {key, target} = event;
     const isField = target.matches('input[type=number], select');
-    if (event.ctrlKey || event.altKey || event.metaKey || isField || document.querySelector('dialog[open]')) {
+    if (event.ctrlKey || event.altKey || event.metaKey || isField ||
+        document.querySelector('dialog[open]')) {
         return;
     }
     if (ARROWS[key] && !target.matches('input')) {
@@ -101,7 +109,8 @@ function pressKey(page, event) {
         }
     } else if (key === 'Enter' && target === page.view.canvas) {
         page.pick(page.view.canvas.clientWidth / 2, page.view.canvas.clientHeight / 2);
-    } else if (TIME_KEYS[key] && page.timeline && !(key === ' ' && target.matches('button, input'))) {
+    } else if (
+        TIME_KEYS[key] && page.timeline && !(key === ' ' && target.matches('button, input'))) {
         TIME_KEYS[key](page.timeline);
     } else if (PAGE_KEYS[key]) {
         PAGE_KEYS[key](page);

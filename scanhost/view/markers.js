@@ -6,7 +6,7 @@
 
 const MOST_PATH_DOTS = 20000;
 
-/** The path of a scan: a line, dots along it that are seen where a line is too thin, and its span. */
+/** The path of a scan: a line, dots along it where a line is too thin to be seen, and its span. */
 class PathMark {
     constructor(view, scan) {
         this.view = view;
@@ -31,7 +31,8 @@ class PathMark {
         const floats = Float32Array.from(kept, (value) => value * this.scan.path.step);
         const geometry = new THREE.BufferGeometry();
         geometry.setAttribute('position', new THREE.BufferAttribute(floats, 3));
-        return new THREE.Points(geometry, new THREE.PointsMaterial({size: 3, sizeAttenuation: false}));
+        return new THREE.Points(
+            geometry, new THREE.PointsMaterial({size: 3, sizeAttenuation: false}));
     }
 
     add(object) {
@@ -94,7 +95,8 @@ class Marks {
             const place = world && this.view.onScreen(world);
             node.style.visibility = place ? 'visible' : 'hidden';
             if (place) {
-                node.style.transform = `translate(${place.x.toFixed(1)}px, ${place.y.toFixed(1)}px)`;
+                node.style.transform =
+                    `translate(${place.x.toFixed(1)}px, ${place.y.toFixed(1)}px)`;
             }
         }
     }

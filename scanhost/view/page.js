@@ -31,7 +31,8 @@ class Page {
         this.points = [];
         this.place = null;
         this.view = new View(byId('canvas'), page);
-        this.paths = page.scans.filter((scan) => scan.path).map((scan) => new PathMark(this.view, scan));
+        this.paths =
+            page.scans.filter((scan) => scan.path).map((scan) => new PathMark(this.view, scan));
         this.marks = new Marks(this.view, byId('markers'));
         this.panorama = new Panorama(page);
         this.colors = new ColorChoice(page, this.view);
@@ -39,7 +40,8 @@ class Page {
         listScans(page, this.view, () => this.changed(), (scan) => this.panorama.show(scan));
         this.connect();
         const clocks = page.scans.filter((scan) => scan.hasClock);
-        this.timeline = clocks.length > 0 ? new Timeline(clocks, page.unit, () => this.changed()) : null;
+        this.timeline =
+            clocks.length > 0 ? new Timeline(clocks, page.unit, () => this.changed()) : null;
         this.setTheme(matchMedia('(prefers-color-scheme: light)').matches ? 'light' : 'dark');
         this.setClip();
         this.lookFrom('oblique');
@@ -56,8 +58,11 @@ class Page {
             });
         }
         for (const {scan} of this.paths) {
-            this.marks.put(`start ${scan.number}`, scan.path.world(0), () => markOf('end', 'start'));
-            this.marks.put(`end ${scan.number}`, scan.path.world(scan.path.count - 1), () => markOf('end', 'end'));
+            this.marks.put(
+                `start ${scan.number}`, scan.path.world(0), () => markOf('end', 'start'));
+            this.marks.put(
+                `end ${scan.number}`, scan.path.world(scan.path.count - 1),
+                () => markOf('end', 'end'));
         }
     }
 
@@ -65,7 +70,8 @@ class Page {
         for (const button of byId('views').children) {
             button.addEventListener('click', () => this.lookFrom(button.dataset.view));
         }
-        byId('parallel').addEventListener('change', () => this.view.useCamera(byId('parallel').checked));
+        byId('parallel')
+            .addEventListener('change', () => this.view.useCamera(byId('parallel').checked));
         byId('point-size').addEventListener('input', () => this.setPointSize());
         byId('cut-above').addEventListener('input', () => this.setClip());
         byId('cut-below').addEventListener('input', () => this.setClip());
@@ -83,7 +89,8 @@ class Page {
         let pressed = null;
         const canvas = byId('canvas');
         canvas.addEventListener('pointerdown', (event) => {
-            pressed = event.isPrimary && event.button === 0 ? {x: event.clientX, y: event.clientY} : null;
+            pressed =
+                event.isPrimary && event.button === 0 ? {x: event.clientX, y: event.clientY} : null;
         });
         canvas.addEventListener('pointerup', (event) => {
             const {clientX: x, clientY: y} = event;
@@ -114,7 +121,10 @@ class Page {
         const to = Number(above.value) < 1 ? height('cut-above') : 1e30;
         this.view.setClip(from, to);
         const unit = this.page.unit;
-        const ends = [from > -1e30 ? `from ${fixedText(from, 2)}` : '', to < 1e30 ? `up to ${fixedText(to, 2)}` : ''];
+        const ends = [
+            from > -1e30 ? `from ${fixedText(from, 2)}` : '',
+            to < 1e30 ? `up to ${fixedText(to, 2)}` : ''
+        ];
         const text = ends.filter((end) => end).join(' ');
         byId('cut-text').textContent = text ? `heights ${text} ${unit}` : '';
     }
@@ -125,7 +135,8 @@ class Page {
         this.background = new THREE.Color(style.getPropertyValue('--back').trim());
         this.view.renderer.setClearColor(this.background, 1);
         for (const path of this.paths) {
-            path.setColors(style.getPropertyValue('--path').trim(), style.getPropertyValue('--span').trim());
+            path.setColors(
+                style.getPropertyValue('--path').trim(), style.getPropertyValue('--span').trim());
         }
         if (this.timeline) {
             this.timeline.update();
@@ -138,32 +149,35 @@ class Page {
         this.setTheme(document.documentElement.dataset.theme === 'light' ? 'dark' : 'light');
     }
 
-    showHelp() {
-        byId('help').showModal();
-    }
+    showHelp() { byId('help').showModal(); }
 
     /** Brings marks, paths and lit points to what time, span and boxes say. */
     changed() {
         const always = {from: -1e30, to: 1e30};
         const {timeline} = this;
         this.view.setLit(
-            this.page.scans.map((scan) => timeline ? timeline.litRange(scan) : always), this.background,
-            byId('hide-others').checked);
+            this.page.scans.map((scan) => timeline ? timeline.litRange(scan) : always),
+            this.background, byId('hide-others').checked);
         for (const path of this.paths) {
             const isCurrent = timeline && path.scan === timeline.scan;
             path.setShown(path.scan.isShown);
-            path.setSpan(isCurrent ? timeline.from * path.scan.duration : 0,
-                         isCurrent ? timeline.to * path.scan.duration : path.scan.duration);
+            path.setSpan(
+                isCurrent ? timeline.from * path.scan.duration : 0,
+                isCurrent ? timeline.to * path.scan.duration : path.scan.duration);
             for (const end of ['start', 'end']) {
                 const world = path.scan.path.world(end === 'start' ? 0 : path.scan.path.count - 1);
-                this.marks.put(`${end} ${path.scan.number}`, path.scan.isShown ? world : null, () => null);
+                this.marks.put(
+                    `${end} ${path.scan.number}`, path.scan.isShown ? world : null, () => null);
             }
         }
         if (timeline) {
-            this.marks.put('scanner', timeline.scan.isShown ? timeline.position : null, () => markOf('scanner'));
+            this.marks.put(
+                'scanner', timeline.scan.isShown ? timeline.position : null,
+                () => markOf('scanner'));
         }
         for (const scan of this.page.scans.filter((candidate) => candidate.position)) {
-            this.marks.put(`stance ${scan.number}`, scan.isShown ? scan.position : null, () => null);
+            this.marks.put(
+                `stance ${scan.number}`, scan.isShown ? scan.position : null, () => null);
         }
     }
 
@@ -196,8 +210,9 @@ class Page {
     showPicks() {
         ['A', 'B'].forEach((name, i) => {
             const point = this.points[i];
-            this.marks.put(`pick ${name}`, point ? point.scan.points.world(point.index) : null,
-                           () => markOf('pick', name));
+            this.marks.put(
+                `pick ${name}`, point ? point.scan.points.world(point.index) : null,
+                () => markOf('pick', name));
         });
         showPicked(this.page, this.points, this.place);
     }

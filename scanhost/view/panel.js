@@ -23,7 +23,8 @@ function showFacts(page) {
         counts = `${countText(kept)} of ${countText(all)} points, one in each cube of ${
             lengthText(page.spacing, page.unit)}`;
     }
-    byId('counts').textContent = counts + (far ? `; ${countText(far)} too far off for this page` : '');
+    byId('counts').textContent =
+        counts + (far ? `; ${countText(far)} too far off for this page` : '');
     byId('system').textContent = page.system;
     byId('program').textContent = `Made by ${page.program}.`;
     byId('licence-text').textContent = byId('licence').content.textContent;
@@ -105,13 +106,14 @@ function describePoint(page, {scan, index}) {
     if (scan.isMobile) {
         rows.push(['number', String(number)]);
     } else {
-        rows.push(['row, column', `${Math.floor(number / scan.columns)}, ${number % scan.columns}`]);
+        rows.push(
+            ['row, column', `${Math.floor(number / scan.columns)}, ${number % scan.columns}`]);
     }
     const seconds = scan.timeOf(index);
     if (seconds !== null) {
         rows.push(['time', `${fixedText(seconds, 6)} s`]);
     }
-    const scanner = !scan.isMobile ? scan.position :
+    const scanner = !scan.isMobile    ? scan.position :
         seconds !== null && scan.path ? positionAt(scan, clamp(seconds, 0, scan.duration)) :
                                         null;
     if (scanner) {
@@ -136,9 +138,7 @@ function describePlace(page, {scan, seconds}) {
     ];
 }
 
-function distance(a, b) {
-    return Math.hypot(a[0] - b[0], a[1] - b[1], a[2] - b[2]);
-}
+function distance(a, b) { return Math.hypot(a[0] - b[0], a[1] - b[1], a[2] - b[2]); }
 
 function factTable(rows) {
     const table = element('table');

@@ -97,12 +97,11 @@ class Panorama {
         const row = upsideDown ? this.scan.rows - 1 - y * step : y * step;
         const col = mirrored ? this.scan.columns - 1 - x * step : x * step;
         const range = this.cells.ranges[y * cols + x];
-        const found = range === 0 ? 'no return' : `range ${lengthOf(range / 65535 * longest, this.unit)}`;
+        const found =
+            range === 0 ? 'no return' : `range ${lengthOf(range / 65535 * longest, this.unit)}`;
         this.text.textContent = `row ${row}, column ${col}: ${found}`;
     }
 }
 
 /** A length to the centimetre, as the ranges of a panorama are kept. */
-function lengthOf(length, unit) {
-    return `${fixedText(length, 2)} ${unit}`;
-}
+function lengthOf(length, unit) { return `${fixedText(length, 2)} ${unit}`; }

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 'use strict';
 
-// Where the scanner was. The module's positions lie at equal steps of scan time: the first at 0, the
-// last at the scan's duration. Functions of this file ask scans with a path.
+// Where the scanner was. The module's positions lie at equal steps of scan time: the first at 0,
+// the last at the scan's duration. Functions of this file ask scans with a path.
 
 /** The module's position for a scan time: the nearest one, the later of two equally near ones. */
 function positionAt(scan, seconds) {
@@ -34,7 +34,7 @@ function firstNodeFrom(scan, seconds) {
     return low;
 }
 
-/** The nodes of a span of scan time, both ends included: index of the first and of the one after. */
+/** The nodes of a span of scan time with both ends: index of the first and of the one after. */
 function nodesBetween(scan, from, to) {
     const first = firstNodeFrom(scan, from);
     let end = firstNodeFrom(scan, to);

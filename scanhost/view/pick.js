@@ -94,7 +94,7 @@ function nearestOnLine(a, b, x, y) {
     return {share, away: Math.hypot(a.x + share * dx - x, a.y + share * dy - y)};
 }
 
-/** The place on a path that is seen at a pixel. @return {any} {scan, seconds}; null when none is near */
+/** The place on a path that is seen at a pixel. @return {any} {scan, seconds}; null when far */
 function pickPath(view, pathMarks, x, y) {
     let best = null;
     let nearest = PATH_REACH;

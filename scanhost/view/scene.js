@@ -62,7 +62,9 @@ class View {
     measure() {
         const axes = [0, 1, 2].map((axis) => {
             const values = sampleOf(
-                this.scans, (scan, i) => scan.origin[axis] + scan.points.steps[3 * i + axis] * scan.points.step);
+                this.scans,
+                (scan, i) =>
+                    scan.origin[axis] + scan.points.steps[3 * i + axis] * scan.points.step);
             for (const scan of this.scans) {
                 if (scan.position) {
                     values.push(scan.position[axis]);
@@ -99,7 +101,8 @@ class View {
         const tint = new THREE.BufferAttribute(new Uint8Array(4 * scan.points.count), 4, true);
         geometry.setAttribute('tint', tint);
         if (scan.times !== null) {
-            const seconds = Float32Array.from(scan.times, (time) => time === NO_TIME ? -1 : time / 1e6);
+            const seconds =
+                Float32Array.from(scan.times, (time) => time === NO_TIME ? -1 : time / 1e6);
             geometry.setAttribute('time', new THREE.BufferAttribute(seconds, 1));
         }
         const material = new THREE.ShaderMaterial({
@@ -172,14 +175,10 @@ class View {
         this.requestDrawing();
     }
 
-    /** Zoom of the parallel camera that shows at the target what the other shows from a distance. */
-    zoomFor(distance) {
-        return 1 / (distance * Math.tan(FIELD_OF_VIEW * Math.PI / 360));
-    }
+    /** The parallel camera's zoom that shows the target as large as the other from a distance. */
+    zoomFor(distance) { return 1 / (distance * Math.tan(FIELD_OF_VIEW * Math.PI / 360)); }
 
-    get isParallel() {
-        return this.camera === this.parallel;
-    }
+    get isParallel() { return this.camera === this.parallel; }
 
     useCamera(isParallel) {
         const next = isParallel ? this.parallel : this.perspective;
@@ -248,7 +247,7 @@ class View {
         this.afterDrawing.forEach((tell) => tell());
     }
 
-    /** Where a world position is seen, in pixels of the page; null unless it lies in front of the eye. */
+    /** Where a world position is seen [pixels]; null unless it lies in front of the eye. */
     onScreen(world) {
         const seen = this.toScene(world).applyMatrix4(this.camera.matrixWorldInverse);
         if (!this.isParallel && seen.z > -this.perspective.near) {

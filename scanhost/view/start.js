@@ -14,8 +14,9 @@ function openPage() {
     showFacts(page);
     if (!hasWebGl()) {
         byId('panel').hidden = true;
-        byId('message').textContent = 'This page draws its points with WebGL. This browser has none, or it is ' +
-            'switched off: allow hardware acceleration or WebGL in its settings, or open the page in another browser.';
+        byId('message').textContent =
+            'This page draws its points with WebGL. This browser has none, or it is switched off: ' +
+            'allow hardware acceleration or WebGL in its settings, or take another browser.';
         return null;
     }
     const opened = new Page(page);
@@ -27,10 +28,11 @@ function openPage() {
 let scanPage = null;
 // After the first words are on the screen: reading the points takes a moment.
 requestAnimationFrame(() => setTimeout(() => {
-    try {
-        scanPage = openPage();
-    } catch (problem) {
-        byId('message').textContent = `The page cannot be shown: ${problem.message}`;
-        throw problem;
-    }
-}));
+                          try {
+                              scanPage = openPage();
+                          } catch (problem) {
+                              byId('message').textContent =
+                                  `The page cannot be shown: ${problem.message}`;
+                              throw problem;
+                          }
+                      }));

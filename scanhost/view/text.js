@@ -5,9 +5,7 @@
 // Texts and elements. What comes from a scan goes into elements as text, never as HTML.
 
 /** @param {string} id @returns {any} */
-function byId(id) {
-    return document.getElementById(id);
-}
+function byId(id) { return document.getElementById(id); }
 
 /** A new element. @param {string} tag @param {string} text @returns {any} */
 function element(tag, text = '') {
@@ -23,19 +21,13 @@ function fixedText(value, digits) {
 }
 
 /** Three coordinates to the millimetre. */
-function pointText(point) {
-    return Array.from(point, (value) => fixedText(value, 3)).join(', ');
-}
+function pointText(point) { return Array.from(point, (value) => fixedText(value, 3)).join(', '); }
 
 /** Scan time or duration [s]. */
-function secondsText(seconds) {
-    return `${fixedText(seconds, 3)} s`;
-}
+function secondsText(seconds) { return `${fixedText(seconds, 3)} s`; }
 
 /** A count with its digits in groups of three. */
-function countText(count) {
-    return String(count).replace(/\B(?=(\d{3})+$)/g, '\u202f');
-}
+function countText(count) { return String(count).replace(/\B(?=(\d{3})+$)/g, '\u202f'); }
 
 /** The largest of 1, 2 or 5 times a power of ten that is not above a value. */
 function roundDown(value) {
@@ -49,6 +41,4 @@ function lengthText(length, unit) {
     return `${length.toFixed(digits)} ${unit}`;
 }
 
-function clamp(value, low, high) {
-    return Math.min(Math.max(value, low), high);
-}
+function clamp(value, low, high) { return Math.min(Math.max(value, low), high); }

@@ -25,9 +25,13 @@ class Timeline {
         choice.addEventListener('change', () => this.choose(this.scans[Number(choice.value)]));
         byId('play').addEventListener('click', () => this.play(!this.isPlaying));
         byId('time').addEventListener('input', () => this.goTo(Number(byId('time').value)));
-        byId('time-field').addEventListener('change', () => this.goTo(Number(byId('time-field').value)));
-        byId('span-from').addEventListener('input', () => this.setSpan(Number(byId('span-from').value), this.to));
-        byId('span-to').addEventListener('input', () => this.setSpan(this.from, Number(byId('span-to').value)));
+        byId('time-field')
+            .addEventListener('change', () => this.goTo(Number(byId('time-field').value)));
+        byId('span-from')
+            .addEventListener(
+                'input', () => this.setSpan(Number(byId('span-from').value), this.to));
+        byId('span-to').addEventListener(
+            'input', () => this.setSpan(this.from, Number(byId('span-to').value)));
         for (const id of ['light', 'last-seconds', 'hide-others']) {
             byId(id).addEventListener('change', () => this.update());
         }
@@ -55,7 +59,14 @@ class Timeline {
 
     /** Arrow keys step by 0.1 % of the scan, with shift by one of the module's positions. */
     stepByKey(id, event) {
-        const way = {ArrowRight: 1, ArrowUp: 1, ArrowLeft: -1, ArrowDown: -1, PageUp: 20, PageDown: -20}[event.key];
+        const way = {
+            ArrowRight: 1,
+            ArrowUp: 1,
+            ArrowLeft: -1,
+            ArrowDown: -1,
+            PageUp: 20,
+            PageDown: -20
+        }[event.key];
         if (!way) {
             return;
         }
@@ -109,7 +120,8 @@ class Timeline {
             // A slow frame must not let the scanner leap.
             const passed = clamp((time - last) / 1000, 0, 0.5);
             last = time;
-            this.now = Math.min(this.now + passed * Number(byId('speed').value), this.scan.duration);
+            this.now =
+                Math.min(this.now + passed * Number(byId('speed').value), this.scan.duration);
             this.update();
             if (this.now >= this.scan.duration) {
                 this.play(false);
@@ -140,7 +152,9 @@ class Timeline {
             span: {from: this.from * this.scan.duration, to: this.to * this.scan.duration},
         };
         const mode = byId('light').value;
-        return scan === this.scan && scan.times !== null ? ranges[mode] : mode === 'all' ? always : never;
+        return scan === this.scan && scan.times !== null ? ranges[mode] :
+            mode === 'all'                               ? always :
+                                                           never;
     }
 
     update() {
@@ -153,7 +167,8 @@ class Timeline {
         byId('span-to').value = this.to;
         byId('last-label').hidden = byId('light').value !== 'last';
         const {position} = this;
-        const speed = position ? `, ${fixedText(speedAt(this.scan, this.now), 2)} ${this.unit}/s` : '';
+        const speed =
+            position ? `, ${fixedText(speedAt(this.scan, this.now), 2)} ${this.unit}/s` : '';
         byId('now-text').textContent = position ? `scanner at ${pointText(position)}${speed}` : '';
         this.tellSpan();
         this.drawHistogram();
@@ -162,7 +177,9 @@ class Timeline {
 
     /** The command line that gives the span's path; empty for a scan without one. */
     get command() {
-        return this.scan.path ? `scanhost path ${this.scan.address} --from ${this.from} --to ${this.to}` : '';
+        return this.scan.path ?
+            `scanhost path ${this.scan.address} --from ${this.from} --to ${this.to}` :
+            '';
     }
 
     tellSpan() {
@@ -220,18 +237,20 @@ class Timeline {
     }
 }
 
-/** A span on the clock of the points file, with dates where they are known; empty without a clock. */
+/** A span on the clock of the points file, with dates where known; empty without a clock. */
 function fileTimesText(scan, start, end) {
     if (!scan.clock) {
         return '';
     }
     const {zero, utc} = scan.clock;
     const times = `file times ${fixedText(zero + start, 3)} .. ${fixedText(zero + end, 3)} s`;
-    return utc === null ? times : `${times} (${dateText(utc + start)} .. ${dateText(utc + end)} UTC)`;
+    return utc === null ? times :
+                          `${times} (${dateText(utc + start)} .. ${dateText(utc + end)} UTC)`;
 }
 
 /** Date and time of day in UTC, to a tenth of a second. @param {number} seconds since 1970 */
 function dateText(seconds) {
     const date = new Date(Math.floor(seconds * 10) * 100);
-    return Number.isNaN(date.getTime()) ? secondsText(seconds) : date.toISOString().slice(0, 21).replace('T', ' ');
+    return Number.isNaN(date.getTime()) ? secondsText(seconds) :
+                                          date.toISOString().slice(0, 21).replace('T', ' ');
 }
