@@ -152,17 +152,35 @@ class View {
         this.requestDrawing();
     }
 
-    /** Looks at the middle of the points from a direction, so that all of them are seen. */
+    /** Looks at the middle of the points from a direction, so that the box around them is seen. */
     look(direction, isParallel) {
         const away = new THREE.Vector3(...direction).normalize();
-        const aspect = Math.min(1, this.canvas.clientWidth / this.canvas.clientHeight);
-        const distance = this.radius * 1.02 / Math.sin(FIELD_OF_VIEW * Math.PI / 360) / aspect;
         this.useCamera(isParallel);
         this.controls.target.copy(this.center);
+        this.camera.position.copy(this.center).addScaledVector(away, this.radius * 4);
+        this.controls.update();
+        this.camera.updateMatrixWorld();
+        this.parallel.zoom = 1;
+        const distance = this.fittingDistance();
         this.camera.position.copy(this.center).addScaledVector(away, distance);
-        this.parallel.zoom = isParallel ? this.zoomFor(distance) : 1;
+        this.parallel.zoom = this.zoomFor(distance);
         this.controls.update();
         this.requestDrawing();
+    }
+
+    /** The distance from the middle of the points from which the camera sees all their box. */
+    fittingDistance() {
+        const toCamera = new THREE.Matrix4().extractRotation(this.camera.matrixWorld).transpose();
+        const half = this.high.clone().sub(this.low).multiplyScalar(0.5);
+        const slope = 0.96 * Math.tan(FIELD_OF_VIEW * Math.PI / 360);
+        let distance = this.radius * 0.2;
+        for (let corner = 0; corner < 8; ++corner) {
+            const signs = [corner & 1, corner & 2, corner & 4].map((bit) => bit ? 1 : -1);
+            const place = half.clone().multiply(new THREE.Vector3(...signs)).applyMatrix4(toCamera);
+            const side = Math.max(Math.abs(place.x) / this.perspective.aspect, Math.abs(place.y));
+            distance = Math.max(distance, (this.isParallel ? 0 : place.z) + side / slope);
+        }
+        return distance;
     }
 
     /** Looks at a place from nearby, in the direction that one looks now. */
@@ -232,7 +250,7 @@ class View {
         this.parallel.far = reach;
         this.camera.updateProjectionMatrix();
         this.camera.updateMatrixWorld();
-        this.pixelSize = this.spacing * 1.3 * this.sizeFactor * this.canvas.clientHeight / 2 *
+        this.pixelSize = this.spacing * 1.6 * this.sizeFactor * this.canvas.clientHeight / 2 *
             (this.isParallel ? this.parallel.zoom : this.zoomFor(1));
         for (const object of this.objects) {
             object.material.uniforms.size.value = this.pixelSize * this.renderer.getPixelRatio();

@@ -152,8 +152,9 @@ class Browser:
     def key(self, key, code="", modifiers=0):
         """Presses a key, as KeyboardEvent names it."""
         text = key if len(key) == 1 else ""
+        number = {"Escape": 27, "Enter": 13}.get(key, 0)
         self.call("Input.dispatchKeyEvent", type="keyDown", key=key, code=code, text=text,
-                  modifiers=modifiers)
+                  modifiers=modifiers, windowsVirtualKeyCode=number)
         self.call("Input.dispatchKeyEvent", type="keyUp", key=key, code=code, modifiers=modifiers)
         self.settle()
 
