@@ -28,12 +28,12 @@ namespace ScanHost {
 
 namespace {
 
-/// Distances and shapes need one unit of length for all that is shown.
-void requireOneLength(const std::vector<ImportedScan>& scans) {
+/// Shapes need lengths, and the same ones for all that is shown.
+void requireLengths(const std::vector<ImportedScan>& scans) {
     for (const ImportedScan& scan : scans) {
-        if (!scan.units.hasDistances()) {
+        if (scan.units.horizontal.isAngle) {
             throw unexpected(scan.source.file.string(), "coordinates in " + scan.units.words(),
-                             "one unit of length for all axes, see --unit");
+                             "a unit of length, see --unit");
         }
         if (scan.units.words() != scans.front().units.words()) {
             throw unexpected(scan.source.file.string(),
@@ -84,7 +84,7 @@ class ViewCommand final : public Command {
             nameScans(names[i], scans.size(), addresses);
         }
         rules_.check(page());
-        requireOneLength(scans);
+        requireLengths(scans);
         std::vector<PageScan> pageScans;
         pageScans.reserve(scans.size());
         for (std::size_t i = 0; i < scans.size(); ++i) {

@@ -149,7 +149,10 @@ PageContent writeScanPage(std::ostream& out, const std::vector<PageScan>& scans,
     Json::Value description;
     description["title"] = request.title;
     description["program"] = request.program;
-    description["unit"] = scans.front().scan.units.label(0);
+    const ScanUnits& units = scans.front().scan.units;
+    description["unit"] = units.label(0);
+    description["heightUnit"] = units.label(2);
+    description["hasDistances"] = units.hasDistances();
     description["system"] = systemText(scans);
     description["scans"] = describeScans(scans, page);
     const std::uint64_t limit =

@@ -30,7 +30,7 @@ struct PageContent {
 
 /// Writes a page that shows scans in a browser: one HTML file that needs nothing else.
 /// @param out  a failed write shows in its state
-/// @param scans  have coordinates in one unit of length
+/// @param scans  have coordinates in the same units of length
 /// @throw Failure  no scan has a return, or Ctrl-C
 PageContent writeScanPage(std::ostream& out, const std::vector<PageScan>& scans,
                           const PageRequest& request, Console& console);

@@ -86,7 +86,7 @@ const COLOR_MODES = {
         has: () => true,
         ramp: RAMPS.viridis,
         value: heightOf,
-        unit: (page) => page.unit,
+        unit: (page) => page.heightUnit,
         digits: 2,
     },
     time: {

@@ -120,7 +120,7 @@ class Page {
         const from = Number(below.value) > 0 ? height('cut-below') : -1e30;
         const to = Number(above.value) < 1 ? height('cut-above') : 1e30;
         this.view.setClip(from, to);
-        const unit = this.page.unit;
+        const unit = this.page.heightUnit;
         const ends = [
             from > -1e30 ? `from ${fixedText(from, 2)}` : '',
             to < 1e30 ? `up to ${fixedText(to, 2)}` : ''

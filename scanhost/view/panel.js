@@ -98,11 +98,16 @@ class ColorChoice {
     }
 }
 
+/** "world [m]", with the unit of heights where it is another one. */
+function worldLabel({unit, heightUnit}) {
+    return unit === heightUnit ? `world [${unit}]` : `world [${unit}, z in ${heightUnit}]`;
+}
+
 /** What is known of a point, as pairs of name and text. */
 function describePoint(page, {scan, index}) {
     const world = scan.points.world(index);
     const number = scan.indices[index];
-    const rows = [['scan', scan.name], [`world [${page.unit}]`, pointText(world)]];
+    const rows = [['scan', scan.name], [worldLabel(page), pointText(world)]];
     if (scan.isMobile) {
         rows.push(['number', String(number)]);
     } else {
@@ -118,7 +123,7 @@ function describePoint(page, {scan, index}) {
                                         null;
     if (scanner) {
         rows.push(['scanner at', pointText(scanner)]);
-        rows.push(['away from it', `${fixedText(distance(scanner, world), 3)} ${page.unit}`]);
+        rows.push(['away from it', distanceText(page, scanner, world)]);
     }
     const reflection = scan.reflectionOf(index);
     rows.push(['reflection', reflection === null ? 'none' : String(reflection)]);
@@ -138,7 +143,12 @@ function describePlace(page, {scan, seconds}) {
     ];
 }
 
-function distance(a, b) { return Math.hypot(a[0] - b[0], a[1] - b[1], a[2] - b[2]); }
+function distanceText(page, a, b) {
+    if (!page.hasDistances) {
+        return 'none: heights have another unit';
+    }
+    return `${fixedText(Math.hypot(a[0] - b[0], a[1] - b[1], a[2] - b[2]), 3)} ${page.unit}`;
+}
 
 function factTable(rows) {
     const table = element('table');
@@ -164,7 +174,7 @@ function showPicked(page, points, place) {
         const [a, b] = points.map(({scan, index}) => scan.points.world(index));
         const apart = b.map((value, axis) => value - a[axis]);
         card.append(element('h2', 'From A to B'), factTable([
-                        ['distance', `${fixedText(distance(a, b), 3)} ${page.unit}`],
+                        ['distance', distanceText(page, a, b)],
                         ['level', `${fixedText(Math.hypot(apart[0], apart[1]), 3)} ${page.unit}`],
                         ['x, y, z', pointText(apart)],
                     ]));
