@@ -25,6 +25,11 @@ function scanColor(scan) { return SCAN_COLORS[scan.number % SCAN_COLORS.length];
 
 function cssColor(color) { return `rgb(${color.join(',')})`; }
 
+/** Whether a scan has colours, and not just black: some programs write that for none. */
+function hasSomeColor(scan) {
+    return scan.colors !== null && scan.colors.some((channel, i) => i % 4 < 3 && channel > 0);
+}
+
 /** A ramp as 256 colours, one after the other. */
 function rampTable(ramp) {
     const table = new Uint8Array(256 * 3);

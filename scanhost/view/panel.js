@@ -18,9 +18,9 @@ function showFacts(page) {
     const kept = page.scans.reduce((sum, scan) => sum + scan.points.count, 0);
     const all = page.scans.reduce((sum, scan) => sum + scan.returns, 0);
     const far = page.scans.reduce((sum, scan) => sum + scan.tooFar, 0);
-    let counts = `${countText(all)} points`;
+    let counts = pointsText(all);
     if (page.spacing > 0) {
-        counts = `${countText(kept)} of ${countText(all)} points, one in each cube of ${
+        counts = `${countText(kept)} of ${pointsText(all)}, one in each cube of ${
             lengthText(page.spacing, page.unit)}`;
     }
     byId('counts').textContent =
@@ -43,11 +43,16 @@ function listScans(page, view, changed, openPanorama) {
             changed();
         });
         const label = element('label');
-        label.title = `${scan.file}: ${countText(scan.returns)} points`;
+        label.title = `${scan.file}: ${pointsText(scan.returns)}`;
         const color = element('i');
         color.style.background = cssColor(scanColor(scan));
         label.append(box, color, element('span', scan.name));
-        item.append(label);
+        const find = element('button', '⌖');
+        find.type = 'button';
+        find.title = 'Look at this scan';
+        find.setAttribute('aria-label', `Look at ${scan.name}`);
+        find.addEventListener('click', () => view.approachScan(scan));
+        item.append(label, find);
         if (scan.panorama) {
             const button = element('button', 'Panorama');
             button.type = 'button';
@@ -67,6 +72,7 @@ class ColorChoice {
         const known = Object.entries(COLOR_MODES)
                           .filter(([, mode]) => page.scans.some((scan) => mode.has(scan)));
         this.choice.replaceChildren(...known.map(([key, mode]) => new Option(mode.label, key)));
+        this.choice.value = page.scans.some(hasSomeColor) ? 'rgb' : 'height';
         this.choice.addEventListener('change', () => this.apply());
         this.apply();
     }

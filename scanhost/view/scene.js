@@ -31,6 +31,27 @@ void main() {
     gl_FragColor = vec4(shade, 1.0);
 }`;
 
+/** The range of most points along each axis, in world coordinates. */
+function boxOfMost(scans) {
+    return [0, 1, 2].map((axis) => {
+        const values = sampleOf(
+            scans, ({points}, i) => points.origin[axis] + points.steps[3 * i + axis] * points.step);
+        return rangeOfMost(values, values.length > 1000 ? 0.003 : 0);
+    });
+}
+
+/** Places of a scan beyond its points: its stance, or some of its path. */
+function placesOf(scan) {
+    const places = scan.position ? [scan.position] : [];
+    if (scan.path) {
+        const step = Math.ceil(scan.path.count / 1000);
+        for (let i = 0; i < scan.path.count; i += step) {
+            places.push(scan.path.world(i));
+        }
+    }
+    return places;
+}
+
 class View {
     /** @param {any} canvas @param {any} page */
     constructor(canvas, page) {
@@ -60,26 +81,24 @@ class View {
 
     /** Where most of the points lie, and how densely. */
     measure() {
-        const axes = [0, 1, 2].map((axis) => {
-            const values = sampleOf(
-                this.scans,
-                (scan, i) =>
-                    scan.origin[axis] + scan.points.steps[3 * i + axis] * scan.points.step);
-            for (const scan of this.scans) {
-                if (scan.position) {
-                    values.push(scan.position[axis]);
-                }
-            }
-            return rangeOfMost(values, values.length > 1000 ? 0.003 : 0);
-        });
-        this.heights = axes[2];
-        this.low = this.toScene(axes.map((range) => range.low));
-        this.high = this.toScene(axes.map((range) => range.high));
-        this.center = this.low.clone().add(this.high).multiplyScalar(0.5);
+        const box = boxOfMost(this.scans);
+        this.low = this.toScene(box.map((range) => range.low));
+        this.high = this.toScene(box.map((range) => range.high));
         const extent = this.high.clone().sub(this.low);
-        this.radius = Math.max(extent.length() / 2, 0.25);
         const area = extent.x * extent.y + extent.x * extent.z + extent.y * extent.z;
         const count = this.scans.reduce((sum, scan) => sum + scan.points.count, 0);
+        const reach = Math.max(extent.length() * 10, 5);
+        for (const place of this.scans.flatMap(placesOf)) {
+            const spot = this.toScene(place);
+            // Farther ones would leave no more than a dot of the points; the list of scans finds them.
+            if (spot.distanceTo(this.low) < reach) {
+                this.low.min(spot);
+                this.high.max(spot);
+            }
+        }
+        this.heights = {low: this.low.z + this.origin[2], high: this.high.z + this.origin[2]};
+        this.center = this.low.clone().add(this.high).multiplyScalar(0.5);
+        this.radius = Math.max(this.low.distanceTo(this.high) / 2, 0.25);
         this.spacing = this.page.spacing || Math.min(Math.sqrt(2 * area / count), this.radius / 10);
     }
 
@@ -191,6 +210,13 @@ class View {
         this.parallel.zoom = this.zoomFor(distance);
         this.controls.update();
         this.requestDrawing();
+    }
+
+    /** Looks at the points of one scan, in the direction that one looks now. */
+    approachScan(scan) {
+        const box = boxOfMost([scan]);
+        const extent = Math.hypot(...box.map(({low, high}) => high - low));
+        this.approach(box.map(({low, high}) => (low + high) / 2), Math.max(extent, 1));
     }
 
     /** The parallel camera's zoom that shows the target as large as the other from a distance. */

@@ -29,6 +29,9 @@ function secondsText(seconds) { return `${fixedText(seconds, 3)} s`; }
 /** A count with its digits in groups of three. */
 function countText(count) { return String(count).replace(/\B(?=(\d{3})+$)/g, '\u202f'); }
 
+/** "1 point", "2 points". */
+function pointsText(count) { return `${countText(count)} ${count === 1 ? 'point' : 'points'}`; }
+
 /** The largest of 1, 2 or 5 times a power of ten that is not above a value. */
 function roundDown(value) {
     const power = 10 ** Math.floor(Math.log10(value));
