@@ -47,7 +47,7 @@ function listScans(page, view, changed, openPanorama) {
         const color = element('i');
         color.style.background = cssColor(scanColor(scan));
         label.append(box, color, element('span', scan.name));
-        const find = element('button', '⌖');
+        const find = element('button', '◎');
         find.type = 'button';
         find.title = 'Look at this scan';
         find.setAttribute('aria-label', `Look at ${scan.name}`);
@@ -96,9 +96,10 @@ class ColorChoice {
                 context.fillStyle = cssColor(table.subarray(entry, entry + 3));
                 context.fillRect(x, 0, 1, 10);
             }
-            const unit = mode.unit(this.page);
-            const texts = [range.low, (range.low + range.high) / 2, range.high].map(
-                (value) => `${fixedText(value, mode.digits)}${unit && ` ${unit}`}`);
+            const texts = [
+                fixedText(range.low, mode.digits), mode.unit(this.page),
+                fixedText(range.high, mode.digits)
+            ];
             byId('ramp-text').replaceChildren(...texts.map((text) => element('span', text)));
         }
     }

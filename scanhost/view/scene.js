@@ -267,11 +267,10 @@ class View {
     }
 
     prepare() {
-        const distance = this.camera.position.distanceTo(this.center);
-        const toTarget = this.camera.position.distanceTo(this.controls.target);
-        const reach = distance + this.radius * 20;
-        this.perspective.near = Math.max(Math.min(toTarget / 100, this.radius / 10), reach / 1e6);
-        this.perspective.far = reach;
+        const reach = this.camera.position.distanceTo(this.center) + this.radius * 20;
+        const near = this.camera.position.distanceTo(this.controls.target) / 50;
+        this.perspective.near = near;
+        this.perspective.far = Math.min(reach, near * 5e5);  // what 24 bits of depth can tell apart
         this.parallel.near = -reach;
         this.parallel.far = reach;
         this.camera.updateProjectionMatrix();

@@ -197,7 +197,7 @@ class Timeline {
         }
         byId('span-text').textContent = parts.join('; ');
         byId('span-command').textContent = this.command;
-        byId('copy').hidden = !this.command;
+        byId('span-line').hidden = !this.command;
     }
 
     async copy() {
