@@ -33,7 +33,7 @@ void PageBytes::add(double number) {
 }
 
 void writeBase64(std::ostream& out, std::string_view bytes) {
-    constexpr std::size_t kPiece = 3 * 4096;  // bytes; whole groups
+    constexpr std::size_t kPiece = kGroup * 4096;  // bytes
     std::string text;
     for (std::size_t begin = 0; begin < bytes.size(); begin += kPiece) {
         const std::string_view piece = bytes.substr(begin, kPiece);

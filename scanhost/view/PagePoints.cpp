@@ -5,7 +5,8 @@
 
 #include <cmath>
 #include <limits>
-#include <optional>
+#include <numeric>
+#include <vector>
 
 #include "report/Report.h"
 
@@ -65,6 +66,17 @@ void addPoint(const PageScan& scan, std::uint64_t index, const Tq_1_1::Vec3d<dou
     }
 }
 
+/// A step that goes through so many places in a circle and comes by each once. Golden-ratio steps
+/// leave no large gaps: the first part of a page's points is a thinner picture of all of them.
+std::size_t spreadingStride(std::size_t count) {
+    constexpr double kGoldenShare = 0.6180339887498949;
+    auto stride = static_cast<std::size_t>(static_cast<double>(count) * kGoldenShare);
+    while (std::gcd(stride, count) > 1) {
+        ++stride;
+    }
+    return stride;
+}
+
 void addBlock(const PageBytes& bytes, const char* key, PageWriter& page, Json::Value& points) {
     points[key] = bytes.bytes().empty() ? Json::Value() : Json::Value(page.addBlock(bytes));
 }
@@ -78,15 +90,21 @@ std::uint64_t bytesPerPagePoint(const PageScan& scan) {
 
 Json::Value writePagePoints(const PageScan& scan, std::uint32_t number, VoxelThinning& thinning,
                             PageWriter& page) {
-    Columns columns;
-    std::uint64_t count = 0;
+    std::vector<std::uint32_t> kept;
     forEachPagePoint(scan, [&](std::uint64_t index, const Tq_1_1::Vec3d<double>& world) {
         if (thinning.takes(number, world)) {
-            addPoint(scan, index, world, columns);
-            ++count;
+            kept.push_back(static_cast<std::uint32_t>(index));
         }
         return true;
     });
+    const Tq_1_1::Mat4d<double> toWorld = scan.scan.toWorld();
+    Columns columns;
+    const std::size_t count = kept.size();
+    const std::size_t stride = spreadingStride(count);
+    for (std::size_t i = 0, place = 0; i < count; ++i, place = (place + stride) % count) {
+        const Hx::PointSet::ScanPt& point = scan.scan.pointSet->getScanPt(kept[place]);
+        addPoint(scan, kept[place], toWorld.transform(positionOf(point)), columns);
+    }
     Json::Value points;
     points["count"] = Json::UInt64{count};
     points["of"] = Json::UInt64{scan.summary.returns};

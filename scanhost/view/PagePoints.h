@@ -16,7 +16,8 @@ namespace ScanHost {
 /// Bytes that a point of a scan takes in a page, before base64.
 std::uint64_t bytesPerPagePoint(const PageScan& scan);
 
-/// Puts the points of a scan that stay into a page.
+/// Puts the points of a scan that stay into a page, in an order in which any first part of them is
+/// spread over all.
 /// @param number    of the scan among those of the page
 /// @param thinning  decides which stay
 /// @return what the page needs to know of them

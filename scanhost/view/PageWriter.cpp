@@ -20,9 +20,9 @@ constexpr std::string_view kFrame = "page.html";
 constexpr std::string_view kStyleMark = "<!-- style -->";
 constexpr std::string_view kContentMark = "<!-- content -->";
 // In the order in which they use each other.
-constexpr std::array<std::string_view, 15> kScripts{
-    "three.min.js", "OrbitControls.js", "text.js",    "data.js", "path.js",
-    "colors.js",    "scene.js",         "markers.js", "pick.js", "panorama.js",
+constexpr std::array<std::string_view, 17> kScripts{
+    "three.min.js", "OrbitControls.js", "text.js",    "data.js", "path.js",     "colors.js",
+    "drawing.js",   "scene.js",         "markers.js", "pick.js", "panorama.js", "times.js",
     "timeline.js",  "panel.js",         "page.js",    "keys.js", "start.js"};
 
 std::string_view fileText(std::string_view name) {

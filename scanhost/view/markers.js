@@ -4,36 +4,47 @@
 
 // What is drawn over the points: paths in the scene, and marks with words that follow their place.
 
-const MOST_PATH_DOTS = 20000;
+// A line of more pieces takes long to draw and looks the same.
+const MOST_PIECES = 6000;
 
 /** The path of a scan: a line, dots along it where a line is too thin to be seen, and its span. */
 class PathMark {
     constructor(view, scan) {
         this.view = view;
         this.scan = scan;
-        const geometry = new THREE.BufferGeometry();
-        geometry.setAttribute('position', new THREE.BufferAttribute(scan.path.floats(), 3));
-        this.line = this.add(new THREE.Line(geometry, new THREE.LineBasicMaterial()));
-        this.span = this.add(new THREE.Line(geometry.clone(), new THREE.LineBasicMaterial()));
-        this.dots = this.add(this.dotsOf());
-        this.spanDots = this.add(this.dotsOf());
-        this.spanDots.material.size = 5;
+        this.takeNodes();
+        this.line = this.add(new THREE.Line(this.geometry(), new THREE.LineBasicMaterial()));
+        this.span = this.add(new THREE.Line(this.geometry(), new THREE.LineBasicMaterial()));
+        this.dots = this.add(new THREE.Points(this.geometry(), this.dotMaterial(3)));
+        this.spanDots = this.add(new THREE.Points(this.geometry(), this.dotMaterial(5)));
     }
 
-    dotsOf() {
-        const step = Math.ceil(this.scan.path.count / MOST_PATH_DOTS);
-        const kept = [];
-        this.dotNodes = [];
-        for (let i = 0; i < this.scan.path.count; i += step) {
-            kept.push(...this.scan.path.steps.subarray(3 * i, 3 * i + 3));
-            this.dotNodes.push(i);
+    /** Chooses the nodes that are drawn. */
+    takeNodes() {
+        const {count, step, steps} = this.scan.path;
+        const stride = Math.ceil(count / MOST_PIECES);
+        this.nodes = [];
+        for (let node = 0; node < count; node += stride) {
+            this.nodes.push(node);
         }
-        const floats = Float32Array.from(kept, (value) => value * this.scan.path.step);
-        const geometry = new THREE.BufferGeometry();
-        geometry.setAttribute('position', new THREE.BufferAttribute(floats, 3));
-        return new THREE.Points(
-            geometry, new THREE.PointsMaterial({size: 3, sizeAttenuation: false}));
+        if ((count - 1) % stride > 0) {
+            this.nodes.push(count - 1);
+        }
+        this.floats = new Float32Array(this.nodes.length * 3);
+        this.nodes.forEach((node, i) => {
+            for (let axis = 0; axis < 3; ++axis) {
+                this.floats[3 * i + axis] = steps[3 * node + axis] * step;
+            }
+        });
     }
+
+    geometry() {
+        const geometry = new THREE.BufferGeometry();
+        geometry.setAttribute('position', new THREE.BufferAttribute(this.floats, 3));
+        return geometry;
+    }
+
+    dotMaterial(size) { return new THREE.PointsMaterial({size, sizeAttenuation: false}); }
 
     add(object) {
         object.frustumCulled = false;
@@ -62,10 +73,10 @@ class PathMark {
     setSpan(from, to) {
         const isWhole = from <= 0 && to >= this.scan.duration;
         const {first, end} = isWhole ? {first: 0, end: 0} : nodesBetween(this.scan, from, to);
-        this.span.geometry.setDrawRange(first, end - first);
-        const dot = this.dotNodes.findIndex((node) => node >= first);
-        const dots = this.dotNodes.filter((node) => node >= first && node < end).length;
-        this.spanDots.geometry.setDrawRange(Math.max(0, dot), dots);
+        const start = Math.max(0, this.nodes.findIndex((node) => node >= first));
+        const drawn = this.nodes.filter((node) => node >= first && node < end).length;
+        this.span.geometry.setDrawRange(start, drawn);
+        this.spanDots.geometry.setDrawRange(start, drawn);
     }
 }
 

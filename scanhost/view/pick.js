@@ -100,7 +100,7 @@ function pickPath(view, pathMarks, x, y) {
     let nearest = PATH_REACH;
     for (const mark of pathMarks.filter((candidate) => candidate.line.visible)) {
         const {scan} = mark;
-        const floats = mark.line.geometry.attributes.position.array;
+        const floats = scan.path.floats();
         const projection = new Projection(view, mark.line);
         let before = null;
         for (let i = 0; i < scan.path.count; ++i) {

@@ -2,35 +2,10 @@
 // SPDX-License-Identifier: MIT
 'use strict';
 
-// The scene in space: points and paths, the two cameras, and when it is drawn. Coordinates in the
-// scene are world coordinates from an origin of the page on: single precision is enough then.
+// The view of the scene: where the points lie, and the two cameras. Coordinates in the scene are
+// world coordinates from an origin of the page on: single precision is enough then.
 
 const FIELD_OF_VIEW = 50;  // degrees, from top to bottom
-
-const POINT_VERTEX = `
-attribute vec4 tint;
-attribute float time;
-uniform float size;      // of a point at depth 1 [pixels]
-uniform vec2 sizes;      // the smallest and the largest [pixels]
-uniform vec2 heights;    // what is cut off lies outside
-uniform vec2 lit;        // from when to when points are lit [s]
-uniform vec4 unlit;      // colour of the others, and how much of it they get; above 1 hides them
-varying vec3 shade;
-void main() {
-    gl_Position = projectionMatrix * (modelViewMatrix * vec4(position, 1.0));
-    gl_PointSize = clamp(size / gl_Position.w, sizes.x, sizes.y);
-    bool isLit = time >= lit.x && time <= lit.y;
-    shade = isLit ? tint.rgb : mix(tint.rgb, unlit.rgb, min(unlit.a, 1.0));
-    if (position.z < heights.x || position.z > heights.y || (!isLit && unlit.a > 1.0)) {
-        gl_Position = vec4(2.0, 2.0, 2.0, 1.0);
-    }
-}`;
-const POINT_FRAGMENT = `
-varying vec3 shade;
-void main() {
-    gl_FragColor = vec4(shade, 1.0);
-}`;
-
 /** The range of most points along each axis, in world coordinates. */
 function boxOfMost(scans) {
     return [0, 1, 2].map((axis) => {
@@ -52,31 +27,17 @@ function placesOf(scan) {
     return places;
 }
 
-class View {
+class View extends Drawing {
     /** @param {any} canvas @param {any} page */
     constructor(canvas, page) {
-        this.canvas = canvas;
+        const largest = page.scans.reduce((a, b) => b.points.count > a.points.count ? b : a);
+        super(canvas, page.scans, largest.origin);
         this.page = page;
-        this.scans = page.scans;
-        this.renderer = new THREE.WebGLRenderer({canvas, antialias: false});
-        this.scene = new THREE.Scene();
-        const largest = this.scans.reduce((a, b) => b.points.count > a.points.count ? b : a);
-        this.origin = largest.origin;
-        this.measure();
-        this.clip = {low: -Infinity, high: Infinity};
         this.sizeFactor = 1;
-        this.afterDrawing = [];
+        this.measure();
         this.makeCameras();
-        this.objects = this.scans.map((scan) => this.addPoints(scan));
-        this.isDirty = false;
-        this.frames = 0;
         new ResizeObserver(() => this.resize()).observe(canvas.parentElement);
         this.resize();
-    }
-
-    /** From world coordinates into the scene's. */
-    toScene(world) {
-        return new THREE.Vector3(...world.map((value, axis) => value - this.origin[axis]));
     }
 
     /** Where most of the points lie, and how densely. */
@@ -86,11 +47,10 @@ class View {
         this.high = this.toScene(box.map((range) => range.high));
         const extent = this.high.clone().sub(this.low);
         const area = extent.x * extent.y + extent.x * extent.z + extent.y * extent.z;
-        const count = this.scans.reduce((sum, scan) => sum + scan.points.count, 0);
         const reach = Math.max(extent.length() * 10, 5);
         for (const place of this.scans.flatMap(placesOf)) {
             const spot = this.toScene(place);
-            // Farther ones would leave no more than a dot of the points; the list of scans finds them.
+            // Farther ones would leave a dot of the points; the list of scans finds them.
             if (spot.distanceTo(this.low) < reach) {
                 this.low.min(spot);
                 this.high.max(spot);
@@ -99,7 +59,8 @@ class View {
         this.heights = {low: this.low.z + this.origin[2], high: this.high.z + this.origin[2]};
         this.center = this.low.clone().add(this.high).multiplyScalar(0.5);
         this.radius = Math.max(this.low.distanceTo(this.high) / 2, 0.25);
-        this.spacing = this.page.spacing || Math.min(Math.sqrt(2 * area / count), this.radius / 10);
+        const apart = area > 0 ? Math.sqrt(2 * area / this.count) : this.radius;
+        this.spacing = this.page.spacing || Math.min(apart, this.radius / 10);
     }
 
     makeCameras() {
@@ -112,63 +73,6 @@ class View {
         this.controls.enableKeys = false;
         this.controls.screenSpacePanning = true;
         this.controls.addEventListener('change', () => this.requestDrawing());
-    }
-
-    addPoints(scan) {
-        const geometry = new THREE.BufferGeometry();
-        geometry.setAttribute('position', new THREE.BufferAttribute(scan.floats, 3));
-        const tint = new THREE.BufferAttribute(new Uint8Array(4 * scan.points.count), 4, true);
-        geometry.setAttribute('tint', tint);
-        if (scan.times !== null) {
-            const seconds =
-                Float32Array.from(scan.times, (time) => time === NO_TIME ? -1 : time / 1e6);
-            geometry.setAttribute('time', new THREE.BufferAttribute(seconds, 1));
-        }
-        const material = new THREE.ShaderMaterial({
-            vertexShader: POINT_VERTEX,
-            fragmentShader: POINT_FRAGMENT,
-            uniforms: {
-                size: {value: 1},
-                sizes: {value: new THREE.Vector2(1.5, 14)},
-                heights: {value: new THREE.Vector2(-1e30, 1e30)},
-                lit: {value: new THREE.Vector2(-1e30, 1e30)},
-                unlit: {value: new THREE.Vector4(0, 0, 0, 0)},
-            },
-        });
-        const object = new THREE.Points(geometry, material);
-        object.frustumCulled = false;
-        object.position.copy(this.toScene(scan.origin));
-        this.scene.add(object);
-        return object;
-    }
-
-    setColors(mode, range) {
-        this.scans.forEach((scan, number) => {
-            const {tint} = this.objects[number].geometry.attributes;
-            paintScan(scan, mode, range, tint.array);
-            tint.needsUpdate = true;
-        });
-        this.requestDrawing();
-    }
-
-    /** Lights the points of some scan times. @param {any} ranges for each scan {from, to} */
-    setLit(ranges, background, hidesOthers) {
-        this.objects.forEach((object, number) => {
-            const {lit, unlit} = object.material.uniforms;
-            lit.value.set(ranges[number].from, ranges[number].to);
-            unlit.value.set(background.r, background.g, background.b, hidesOthers ? 2 : 0.82);
-        });
-        this.requestDrawing();
-    }
-
-    /** Cuts off what lies below and above two world heights. */
-    setClip(low, high) {
-        this.clip = {low, high};
-        this.objects.forEach((object, number) => {
-            const zero = this.scans[number].origin[2];
-            object.material.uniforms.heights.value.set(low - zero, high - zero);
-        });
-        this.requestDrawing();
     }
 
     /** Looks at the middle of the points from a direction, so that the box around them is seen. */
@@ -259,13 +163,6 @@ class View {
         return this.isParallel ? half * this.parallel.zoom : half * this.zoomFor(distance);
     }
 
-    requestDrawing() {
-        if (!this.isDirty) {
-            this.isDirty = true;
-            requestAnimationFrame(() => this.draw());
-        }
-    }
-
     prepare() {
         const reach = this.camera.position.distanceTo(this.center) + this.radius * 20;
         const near = this.camera.position.distanceTo(this.controls.target) / 50;
@@ -280,14 +177,6 @@ class View {
         for (const object of this.objects) {
             object.material.uniforms.size.value = this.pixelSize * this.renderer.getPixelRatio();
         }
-    }
-
-    draw() {
-        this.isDirty = false;
-        this.prepare();
-        this.renderer.render(this.scene, this.camera);
-        ++this.frames;
-        this.afterDrawing.forEach((tell) => tell());
     }
 
     /** Where a world position is seen [pixels]; null unless it lies in front of the eye. */

@@ -15,8 +15,8 @@ function openPage() {
     if (!hasWebGl()) {
         byId('panel').hidden = true;
         byId('message').textContent =
-            'This page draws its points with WebGL. This browser has none, or it is switched off: ' +
-            'allow hardware acceleration or WebGL in its settings, or take another browser.';
+            'This page draws its points with WebGL. This browser has none, or it is switched ' +
+            'off: allow hardware acceleration or WebGL in its settings, or take another browser.';
         return null;
     }
     const opened = new Page(page);

@@ -114,7 +114,7 @@ class Page(unittest.TestCase):
     def colors(self):
         """How many pixels of the scene have which colour."""
         pixels = self.browser.eval(
-            "(() => { const gl = scanPage.view.renderer.getContext(); scanPage.view.draw(); "
+            "(() => { const gl = scanPage.view.renderer.getContext(); scanPage.view.drawAll(); "
             "const [w, h] = [canvas.width, canvas.height]; const p = new Uint8Array(w * h * 4); "
             "gl.readPixels(0, 0, w, h, gl.RGBA, gl.UNSIGNED_BYTE, p); const counts = {}; "
             "for (let i = 0; i < p.length; i += 4) { const c = p[i] + ',' + p[i+1] + ',' + p[i+2]; "
