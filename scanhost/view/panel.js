@@ -20,8 +20,8 @@ function showFacts(page) {
     const far = page.scans.reduce((sum, scan) => sum + scan.tooFar, 0);
     let counts = pointsText(all);
     if (page.spacing > 0) {
-        counts = `${countText(kept)} of ${
-            pointsText(all)}, one in each cube of ${`${fixedText(page.spacing, 3)} ${page.unit}`}`;
+        const size = `${fixedText(page.spacing, 3)} ${page.unit}`;
+        counts = `${countText(kept)} of ${pointsText(all)}, one in each cube of ${size}`;
     }
     byId('counts').textContent =
         counts + (far ? `; ${countText(far)} too far off for this page` : '');
