@@ -130,7 +130,7 @@ class ViewCommand final : public Command {
         report.addCount("returns", "of", content.returns);
         if (content.spacing > 0.0) {
             report.addNumber("spacing", "one in each cube of", content.spacing, kMetreDigits,
-                             scans.front().scan.units.behind());
+                             scans.front().scan.units.suffix());
         } else {
             report.addHidden("spacing", Json::Value());
         }
