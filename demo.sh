@@ -82,6 +82,13 @@ run times walk-sorted.las --trajectory walk.txt
 section 'Pictures'
 printf '%s\n' "$demo"/*.png
 
+section 'A page for a browser'
+run view project.json -o house.html
+printf '%s\n' "$demo/house.html"
+if python3 -B ../../tests/view/screenshot.py house.html house-page.png; then
+  printf '%s\n' "$demo/house-page.png"
+fi
+
 section 'Round trip: the exported trajectory, read back, has the same poses to 1e-9'
 run export walk.las -o walk-exported.txt --verify
 run where walk.las --at 4.5 --trajectory walk-exported.txt

@@ -36,4 +36,7 @@ vardex_describe_package(program scanhost
 vardex_describe_package(development vardexscandata-dev
   "hand-held SLAM scanner data, development files\n Headers and CMake packages of the module and of the stand-in of its host."
   "vardexscandata ${same_version}, libjsoncpp-dev")
+# The program carries three.js for the pages that it writes.
+install(FILES scanhost/view/three-licence.txt DESTINATION ${document_folder}/scanhost
+  COMPONENT program)
 include(CPack)

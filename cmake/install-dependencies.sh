@@ -10,10 +10,11 @@ packages=(
   libgtest-dev libgmock-dev libbenchmark-dev
   libjsoncpp-dev libpng-dev libcli11-dev libtbb-dev
   libfmt-dev libutfcpp-dev libhowardhinnant-date-dev
+  libjs-three
 )
 if [ "${1:-}" = lint ]; then
-  packages+=(clang-14 clang-format-14 clang-tidy-14 debootstrap dpkg-dev git jq libclang-rt-14-dev
-    python3-clang-14)
+  packages+=(chromium clang-14 clang-format-14 clang-tidy-14 debootstrap dpkg-dev git jq
+    libclang-rt-14-dev node-typescript python3-clang-14)
 fi
 
 if ! command -v dpkg-query >/dev/null || ! command -v apt-get >/dev/null; then

@@ -34,12 +34,15 @@ ScanClock::ScanClock(const Ovr::ClockSettings& settings, double zero, const Time
     }
 }
 
-std::string ScanClock::dateOf(double scanTime) const {
+std::optional<double> ScanClock::utcOf(double scanTime) const {
     const auto gps = settings_.points ? Ovr::Formats::gpsTime(zero_ + scanTime, *settings_.points,
                                                               settings_.week)
                                       : std::optional<double>();
-    const auto utc =
-        gps ? Ovr::Formats::timeOnClock(*gps, Ovr::Clock::Utc, {}) : std::optional<double>();
+    return gps ? Ovr::Formats::timeOnClock(*gps, Ovr::Clock::Utc, {}) : std::nullopt;
+}
+
+std::string ScanClock::dateOf(double scanTime) const {
+    const auto utc = utcOf(scanTime);
     return utc ? dateText(*utc) : std::string();
 }
 

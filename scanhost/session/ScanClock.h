@@ -36,7 +36,9 @@ class ScanClock {
 
     /// Scan time 0 on the clock of the points file [s].
     double zero() const { return zero_; }
-    /// The date of a scan time; empty when the clock is not known well enough.
+    /// A scan time in seconds since 1970, UTC; empty when the clock is not known well enough.
+    std::optional<double> utcOf(double scanTime) const;
+    /// The same as a date; empty when it is not known.
     std::string dateOf(double scanTime) const;
 
     /// Says what printed times count from, unless they are scan times.
