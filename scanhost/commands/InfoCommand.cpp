@@ -13,7 +13,9 @@
 #include "kit/AtomicFile.h"
 
 #include "commands/CommandList.h"
+#include "picture/PictureReport.h"
 #include "picture/ScanPictures.h"
+#include "picture/Sheet.h"
 #include "report/Failure.h"
 #include "report/NumberText.h"
 #include "session/Interrupt.h"
@@ -73,7 +75,7 @@ class InfoCommand final : public Command {
             describeScan(scan, report.item("scans", "scan " + scan.name), console);
             Interrupt::check();
         }
-        writeOutputs(scans, report);
+        writeOutputs(scans, report, console);
         console.show(report);
     }
 
@@ -102,7 +104,7 @@ class InfoCommand final : public Command {
 
     void checkOutputs() const {
         if (picture_) {
-            rules_.check({*picture_, {".png"}});
+            rules_.check({*picture_, pictureEndings()});
         }
         if (projectOutput_) {
             rules_.check({*projectOutput_, {".txt"}});
@@ -137,12 +139,13 @@ class InfoCommand final : public Command {
         }
     }
 
-    void writeOutputs(const std::vector<ImportedScan>& scans, Report& report) const {
+    void writeOutputs(const std::vector<ImportedScan>& scans, Report& report,
+                      Console& console) const {
         if (picture_) {
-            for (const PictureFile& picture : drawScans(scans, *picture_, rules_)) {
-                Report& item = report.item("pictures", "picture");
-                item.addText("file", "file", picture.file.string());
-                item.addText("shows", "shows", picture.shows);
+            const Scene scene = openScene(scans, false, console);
+            for (const PictureFile& picture :
+                 drawPlanAndPanoramas(scene, scan_.files, *picture_, rules_)) {
+                describePicture(picture, report.item("pictures", "picture"));
             }
         }
         if (projectOutput_) {

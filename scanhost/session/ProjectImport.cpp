@@ -117,6 +117,24 @@ std::vector<ImportedScan> importProject(Vardex::VardexDataObj& project, ScanImpo
     return scans;
 }
 
+std::vector<ImportedScan> importAll(ModuleSession& session, ScanImporter& importer,
+                                    const ScanOptions& options, Console& console) {
+    std::vector<ImportedScan> scans;
+    for (const std::string& file : options.files) {
+        if (Ovr::FormatRegistry::the().isProject(file)) {
+            const auto project = openProject(session, console, file);
+            for (ImportedScan& scan : importProject(*project, importer, options, console)) {
+                scans.push_back(std::move(scan));
+            }
+            continue;
+        }
+        for (const Ovr::ScanListing& listing : importer.list(file, options)) {
+            scans.push_back(importer.import(listing, options, session.root()));
+        }
+    }
+    return scans;
+}
+
 Ovr::ScanListing findOne(ModuleSession& session, Console& console, const ScanOptions& options) {
     ScanImporter importer(session, console);
     const std::string& file = options.files.front();

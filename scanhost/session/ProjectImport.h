@@ -27,6 +27,10 @@ Tq_1_1::SmartPtr<Vardex::VardexDataObj> openProject(ModuleSession& session, Cons
 std::vector<ImportedScan> importProject(Vardex::VardexDataObj& project, ScanImporter& importer,
                                         const ScanOptions& options, Console& console);
 
+/// Imports the scans of all files and projects that the options name, into one project.
+std::vector<ImportedScan> importAll(ModuleSession& session, ScanImporter& importer,
+                                    const ScanOptions& options, Console& console);
+
 /// The scan that the options name, of a points file or a project; several to choose from are a
 /// failure. Nothing of it is read.
 Ovr::ScanListing findOne(ModuleSession& session, Console& console, const ScanOptions& options);

@@ -52,19 +52,6 @@ std::string pluralOf(const CrsUnit& unit) {
     return fmt::format("'{}'", unit.name);
 }
 
-/// The coordinate system of a file. What is wrong with it is said when the points are read.
-Ovr::Formats::CrsDescription systemOf(const std::filesystem::path& path) {
-    const auto format = Ovr::FormatRegistry::the().find(path);
-    Ovr::Formats::InputFile file;
-    Ovr::Formats::LasHeader header;
-    Ovr::Remarks remarks;
-    if (!format || format->name() != "LAS" || file.open(path) ||
-        readLasHeader(file, header, remarks, true)) {
-        return {};
-    }
-    return readLasCrs(file, header, remarks).crs;
-}
-
 ScanUnits unitsIn(const Ovr::Formats::CrsDescription& crs) {
     ScanUnits units;
     if (crs.horizontal.unit.kind != UnitKind::Unsaid) {
@@ -81,6 +68,18 @@ ScanUnits unitsIn(const Ovr::Formats::CrsDescription& crs) {
 }
 
 }  // namespace
+
+Ovr::Formats::CrsDescription coordinateSystemOf(const std::filesystem::path& path) {
+    const auto format = Ovr::FormatRegistry::the().find(path);
+    Ovr::Formats::InputFile file;
+    Ovr::Formats::LasHeader header;
+    Ovr::Remarks remarks;
+    if (!format || format->name() != "LAS" || file.open(path) ||
+        readLasHeader(file, header, remarks, true)) {
+        return {};
+    }
+    return readLasCrs(file, header, remarks).crs;
+}
 
 std::string ScanUnits::label(std::size_t axis) const {
     return shortName(axis < 2 ? horizontal : vertical);
@@ -115,7 +114,7 @@ void ScanUnits::addTo(Report& report) const {
 }
 
 ScanUnits unitsOf(const Ovr::ScanSource& source, std::optional<UnitKind> chosen) {
-    ScanUnits units = unitsIn(systemOf(source.file));
+    ScanUnits units = unitsIn(coordinateSystemOf(source.file));
     if (chosen) {
         units.source = ScanUnits::Source::User;
         units.horizontal = knownUnit(*chosen);

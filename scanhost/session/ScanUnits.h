@@ -4,10 +4,12 @@
 #pragma once
 
 #include <cstddef>
+#include <filesystem>
 #include <optional>
 #include <string>
 
 #include "Ovr/ScanSource.h"
+#include "las/CrsDescription.h"
 #include "las/CrsUnit.h"
 
 #include "report/Report.h"
@@ -46,6 +48,10 @@ struct ScanUnits {
 
     friend bool operator==(const ScanUnits&, const ScanUnits&) = default;
 };
+
+/// The coordinate system that a points file names; empty where it names none. What is wrong with it
+/// is said when the points are read.
+Ovr::Formats::CrsDescription coordinateSystemOf(const std::filesystem::path& file);
 
 /// The units that the user gives, else those of the file's coordinate system.
 /// @param chosen  of all axes; with degrees the heights keep what the file says

@@ -1,0 +1,76 @@
+// SPDX-FileCopyrightText: 2026 The VardexScandata developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "picture/Geometry.h"
+#include "picture/PictureRequest.h"
+#include "picture/Scene.h"
+#include "session/PointSummary.h"
+
+namespace ScanHost {
+
+/// Which world axes a view shows: 0 is x, 1 is y, 2 is z.
+struct ViewAxes {
+    std::size_t across;  ///< grows to the right
+    std::size_t up;      ///< grows upwards
+};
+
+/// Plan: from above. Front: from the south. Side: from the east.
+ViewAxes viewAxes(PictureKind kind);
+
+/// Which part of the world a view shows.
+struct MapBounds {
+    Range<double> across;
+    Range<double> up;
+    std::uint64_t returns = 0;  ///< all of the scans, also those outside
+
+    void add(const MapBounds& other);
+};
+
+/// Where the points of a scan lie in a view, without the few that are far away from all others.
+/// Walks over all points. Empty when none has a return.
+/// @param likely  see likelyBounds
+MapBounds boundsOfPoints(const SceneScan& scan, const ViewAxes& axes,
+                         const std::array<Range<double>, 3>& likely);
+/// Where the path and the stance of a scan lie.
+MapBounds boundsOfScanner(const SceneScan& scan, const ViewAxes& axes);
+
+/// How the world lies in a picture.
+struct MapFrame {
+    ViewAxes axes{};
+    Scale across;
+    Scale up;
+    double exaggeration = 1.0;  ///< heights are drawn so many times larger
+
+    Box plot() const {
+        return {across.start, up.end, across.end - across.start, up.start - up.end};
+    }
+    Spot spot(const Tq_1_1::Vec3d<double>& world) const {
+        return {across(world[axes.across]), up(world[axes.up])};
+    }
+    /// The same part of the world at another place of the picture.
+    MapFrame moved(double right, double down) const;
+    /// World length of a pixel along the picture's lower edge.
+    double pixel() const { return (across.high - across.low) / (across.end - across.start); }
+};
+
+/// What a plot may be like.
+struct PlotRoom {
+    double width;  ///< [pixels]
+    double least;  ///< height at least [pixels]
+    double most;   ///< height at most [pixels]
+};
+
+/// Fits a part of the world into a plot, with a margin around it. Both directions have one scale.
+/// Only heights that would be too flat to be seen are exaggerated by a round factor.
+/// @param oneUnit  whether both axes have the same one; else heights fill the plot
+MapFrame fitFrame(const MapBounds& bounds, PictureKind kind, bool oneUnit, const PlotRoom& room);
+
+}  // namespace ScanHost
