@@ -52,6 +52,7 @@ void MapBounds::add(const MapBounds& other) {
     addTo(across, other.across);
     addTo(up, other.up);
     returns += other.returns;
+    farStances += other.farStances;
 }
 
 MapBounds boundsOfPoints(const SceneScan& scan, const ViewAxes& axes,
@@ -78,17 +79,34 @@ MapBounds boundsOfPoints(const SceneScan& scan, const ViewAxes& axes,
     return bounds;
 }
 
-MapBounds boundsOfScanner(const SceneScan& scan, const ViewAxes& axes) {
+MapBounds boundsOfPath(const SceneScan& scan, const ViewAxes& axes) {
     MapBounds bounds;
     for (const PathNode& node : scan.path) {
         bounds.across.add(node.position[axes.across]);
         bounds.up.add(node.position[axes.up]);
     }
-    if (scan.stance) {
-        bounds.across.add(scan.stance->position[axes.across]);
-        bounds.up.add(scan.stance->position[axes.up]);
-    }
     return bounds;
+}
+
+void addStance(const SceneScan& scan, const ViewAxes& axes, MapBounds& points) {
+    constexpr double kFar = 2.0;  // of the extent of the points
+    if (!scan.stance || points.across.isEmpty()) {
+        return;
+    }
+    const double across = scan.stance->position[axes.across];
+    const double up = scan.stance->position[axes.up];
+    const auto away = [](const Range<double>& range, double value) {
+        return std::max({range.low - value, value - range.high, 0.0});
+    };
+    const double extent =
+        std::max(points.across.high - points.across.low, points.up.high - points.up.low);
+    const double farthest = std::max(away(points.across, across), away(points.up, up));
+    if (extent > 0.0 && farthest > kFar * extent) {
+        ++points.farStances;
+        return;
+    }
+    points.across.add(across);
+    points.up.add(up);
 }
 
 MapFrame MapFrame::moved(double right, double down) const {

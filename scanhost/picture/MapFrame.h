@@ -29,7 +29,8 @@ ViewAxes viewAxes(PictureKind kind);
 struct MapBounds {
     Range<double> across;
     Range<double> up;
-    std::uint64_t returns = 0;  ///< all of the scans, also those outside
+    std::uint64_t returns = 0;   ///< all of the scans, also those outside
+    std::size_t farStances = 0;  ///< that stand far away from their points
 
     void add(const MapBounds& other);
 };
@@ -39,8 +40,11 @@ struct MapBounds {
 /// @param likely  see likelyBounds
 MapBounds boundsOfPoints(const SceneScan& scan, const ViewAxes& axes,
                          const std::array<Range<double>, 3>& likely);
-/// Where the path and the stance of a scan lie.
-MapBounds boundsOfScanner(const SceneScan& scan, const ViewAxes& axes);
+/// Where the path of a scan lies; empty without one.
+MapBounds boundsOfPath(const SceneScan& scan, const ViewAxes& axes);
+/// Adds the place of a scan's stance to the bounds of its points, unless it is far away from them:
+/// then the pose and the points do not belong together.
+void addStance(const SceneScan& scan, const ViewAxes& axes, MapBounds& points);
 
 /// How the world lies in a picture.
 struct MapFrame {

@@ -61,6 +61,11 @@ std::string withName(const char* what, const SceneScan& scan, bool named) {
     return named ? fmt::format("{}, {}", what, scan.name) : what;
 }
 
+bool holds(const MapFrame& frame, const Tq_1_1::Vec3d<double>& world) {
+    const Spot spot = frame.spot(world);
+    return frame.plot().holds({spot.x, spot.y, 0.0, 0.0});
+}
+
 Box boxOf(const Spot& spot, double radius) {
     return {spot.x - radius, spot.y - radius, 2.0 * radius, 2.0 * radius};
 }
@@ -126,7 +131,7 @@ std::size_t drawMarks(Canvas& canvas, const Scene& scene, const MapFrame& frame,
             marks.push_back({start, withName("start", scan, paths > 1)});
             marks.push_back({end, withName("end", scan, paths > 1)});
         }
-        if (scan.stance) {
+        if (scan.stance && holds(frame, scan.stance->position)) {
             drawHeading(canvas, scan, frame, labels, fontSize);
             const Spot spot = frame.spot(scan.stance->position);
             canvas.disc(spot, 1.1 * radius, kBlack, kWhite, 0.15 * fontSize);

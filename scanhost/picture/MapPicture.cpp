@@ -26,7 +26,7 @@ namespace ScanHost {
 namespace {
 
 constexpr double kMostHeight = 0.8;  // of a plot, as a part of its width
-constexpr double kFoot = 4.6;        // numbers and scale bar below the plot, in sizes of letters
+constexpr double kFoot = 5.0;        // numbers and scale bar below the plot, in sizes of letters
 
 /// All that is drawn, in the order in which it is found.
 struct Map {
@@ -43,8 +43,10 @@ MapBounds boundsOf(const Scene& scene, const std::vector<PointSample>& samples,
                    const ViewAxes& axes) {
     MapBounds bounds;
     for (std::size_t i = 0; i < scene.size(); ++i) {
-        bounds.add(boundsOfPoints(scene[i], axes, likelyBounds(samples[i])));
-        bounds.add(boundsOfScanner(scene[i], axes));
+        MapBounds own = boundsOfPoints(scene[i], axes, likelyBounds(samples[i]));
+        own.add(boundsOfPath(scene[i], axes));
+        addStance(scene[i], axes, own);
+        bounds.add(own);
     }
     if (bounds.returns == 0) {
         throw Failure("there is nothing to draw: no point has a return");
@@ -70,33 +72,33 @@ Image paintPoints(const Scene& scene, const MapFrame& frame, const PointColors& 
     const Box plot = frame.plot();
     PixelField field(static_cast<int>(plot.width), static_cast<int>(plot.height));
     outside = projectPoints(scene, frame, colors, field);
-    return paintField(field, splatSize(field),
+    const bool largest = colors.by == ColorBy::Height || colors.by == ColorBy::Time;
+    const SplatOrder order = largest ? SplatOrder::LargestFirst : SplatOrder::NearestFirst;
+    return paintField(field, splatSize(field), order,
                       [&colors](const PixelField::Cell& cell) { return cellColor(cell, colors); });
 }
 
-int mostTicks(double pixels, double each) {
-    return std::max(2, static_cast<int>(pixels / each));
-}
-
-/// The axes of a frame, and where their numbers leave room for the plot: its left edge [pixels].
+/// The axes of a frame. @return width of the numbers on the left [pixels]
 double layAxes(const ScanUnits& units, const SheetSizes& sizes, Map& map) {
     const MapFrame& frame = map.frame;
     const Box plot = frame.plot();
-    map.up = {frame.up,
-              ticksBetween(frame.up.low, frame.up.high, mostTicks(plot.height, 3.5 * sizes.font)),
+    const int lines = std::max(2, static_cast<int>(plot.height / (3.5 * sizes.font)));
+    map.up = {frame.up, ticksBetween(frame.up.low, frame.up.high, lines),
               axisLabel(units, frame.axes.up)};
     map.across.title = axisLabel(units, frame.axes.across);
-    const double each = 1.0 + 0.7 * static_cast<double>(fixedText(frame.across.high, 0).size());
-    map.across.ticks = ticksBetween(frame.across.low, frame.across.high,
-                                    mostTicks(plot.width, 1.6 * each * sizes.font));
+    map.across.ticks = fittingTicks(frame.across.low, frame.across.high, plot.width, sizes.font);
     return numbersWidth(map.up.ticks, sizes.font);
 }
 
-std::vector<std::string> notesOf(const Map& map, bool oneUnit) {
+std::vector<std::string> notesOf(const Map& map, std::size_t outside, bool oneUnit) {
     std::vector<std::string> notes;
     if (map.outside > 0) {
         notes.push_back(groupedCount(map.outside, "point lies", "points lie") +
                         " outside of the picture.");
+    }
+    if (outside > 0) {
+        notes.push_back(groupedCount(outside, "stance stands", "stances stand") +
+                        " outside of the picture, far from the points.");
     }
     if (map.frame.exaggeration != 1.0 && oneUnit) {
         notes.push_back(
@@ -161,7 +163,7 @@ Sheet mapSheet(const Scene& scene, const PictureRequest& request) {
     Sheet sheet;
     sheet.title.facts = factsText(request.kind, bounds.returns, scene);
     sheet.width = sizes.width;
-    sheet.notes = notesOf(*map, oneUnit);
+    sheet.notes = notesOf(*map, bounds.farStances, oneUnit);
     sheet.height = std::ceil(plot.bottom() + kFoot * sizes.font + notesHeight(sheet.notes, sizes));
     sheet.draw = [&scene, map, column, sizes](Canvas& canvas) {
         drawMap(canvas, scene, *map, column, sizes);

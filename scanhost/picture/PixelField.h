@@ -4,7 +4,9 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace ScanHost {
@@ -28,28 +30,30 @@ class PixelField {
     int rows() const { return rows_; }
     const std::vector<Cell>& cells() const { return cells_; }
 
-    /// @return the pixel at a place of the plot; null outside
-    Cell* find(double x, double y) {
+    /// @return the number of the cell at a place of the plot; empty outside
+    std::optional<std::size_t> find(double x, double y) const {
         if (!(x >= 0.0 && y >= 0.0 && x < cols_ && y < rows_)) {
-            return nullptr;
+            return std::nullopt;
         }
-        return &cells_[static_cast<std::size_t>(y) * static_cast<std::size_t>(cols_) +
-                       static_cast<std::size_t>(x)];
+        return static_cast<std::size_t>(static_cast<int>(y)) * static_cast<std::size_t>(cols_) +
+               static_cast<std::size_t>(static_cast<int>(x));
     }
+    Cell& cell(std::size_t number) { return cells_[number]; }
 
     /// Adds a point to those whose mean a pixel shows.
-    static void addToMean(Cell& cell, float a, float b = 0.0F, float c = 0.0F) {
+    static void addToMean(Cell& cell, const std::array<float, 3>& values) {
         // From there on a sum of colours is no exact number, and the mean is known well enough.
         if (cell.count < kEnoughForMean) {
-            cell.values[0] += a;
-            cell.values[1] += b;
-            cell.values[2] += c;
+            cell.values[0] += values[0];
+            cell.values[1] += values[1];
+            cell.values[2] += values[2];
         }
         ++cell.count;
     }
-    /// Adds a point to those of whom a pixel shows the largest value.
-    static void addToLargest(Cell& cell, float value) {
-        cell.values[0] = cell.count == 0 || value > cell.values[0] ? value : cell.values[0];
+    /// Adds a point to those of whom a pixel shows the largest first value.
+    static void addToLargest(Cell& cell, const std::array<float, 3>& values) {
+        const bool larger = cell.count == 0 || values[0] > cell.values[0];
+        cell.values[0] = larger ? values[0] : cell.values[0];
         ++cell.count;
     }
     /// One of the means of a pixel that has points.

@@ -55,6 +55,17 @@ double numbersWidth(const Ticks& ticks, double fontSize) {
     return widest;
 }
 
+Ticks fittingTicks(double low, double high, double width, double fontSize) {
+    for (int most = static_cast<int>(width / (4.0 * fontSize)); most > 2; --most) {
+        Ticks ticks = ticksBetween(low, high, most);
+        const double each = numbersWidth(ticks, fontSize) + 2.5 * fontSize;
+        if (each * static_cast<double>(ticks.values.size()) <= width) {
+            return ticks;
+        }
+    }
+    return ticksBetween(low, high, 2);
+}
+
 void drawPlotFrame(Canvas& canvas, const PlotAxis& across, const PlotAxis& up, double fontSize,
                    PlotGrid grid) {
     const double tick = kTickLength * fontSize;
@@ -97,7 +108,7 @@ void drawColorBar(Canvas& canvas, const Box& box, Palette palette, double low, d
     canvas.frame(bar, kInk, 1.0);
     const Scale scale{low, high, bar.bottom(), bar.y};
     const Ticks ticks =
-        ticksBetween(low, high, std::max(2, static_cast<int>(bar.height / (2.2 * fontSize))));
+        ticksBetween(low, high, std::max(2, static_cast<int>(bar.height / (1.6 * fontSize))));
     for (const double value : ticks.values) {
         const double y = scale(value);
         canvas.line({{bar.right(), y}, {bar.right() + kTickLength * fontSize, y}}, kInk, 1.5);

@@ -23,6 +23,9 @@ struct PlotAxis {
 /// Room for the widest number of an axis [pixels].
 double numbersWidth(const Ticks& ticks, double fontSize);
 
+/// As many ticks as there is room for their numbers side by side.
+Ticks fittingTicks(double low, double high, double width, double fontSize);
+
 /// What goes through a plot where ticks meet.
 enum class PlotGrid { None, Lines, Crosses };
 

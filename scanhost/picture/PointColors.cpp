@@ -63,26 +63,64 @@ void requireTimes(const Scene& scene) {
     }
 }
 
-/// Calls @p add with the cell, index, record and world position of every point in the plot.
-template <typename Add>
-std::uint64_t project(const SceneScan& scan, const MapFrame& frame, PixelField& field, Add add) {
+/// From a scan's own coordinates straight to the pixels of a plot, one axis.
+struct PixelAxis {
+    double x;
+    double y;
+    double z;
+    double zero;
+
+    PixelAxis(const Tq_1_1::Mat4d<double>& toWorld, std::size_t axis, const Scale& scale) {
+        const double factor = (scale.end - scale.start) / (scale.high - scale.low);
+        x = factor * toWorld(axis, 0);
+        y = factor * toWorld(axis, 1);
+        z = factor * toWorld(axis, 2);
+        zero = factor * (toWorld(axis, 3) - scale.low) + scale.start;
+    }
+    double operator()(const Hx::PointSet::ScanPt& point) const {
+        return x * point.x + y * point.y + z * point.z + zero;
+    }
+};
+
+/// What one point adds to a pixel.
+struct Hit {
+    std::size_t cell;
+    std::array<float, 3> values;
+};
+
+/// Puts the points of a scan into a field. Finding places and writing to them take turns: writes
+/// that follow each other directly wait for memory at the same time.
+/// @param valuesOf  gives the numbers of a point, by its index and record
+/// @param add       adds them to a cell
+/// @return how many points lie outside
+template <typename ValuesOf, typename Add>
+std::uint64_t project(const SceneScan& scan, const MapFrame& frame, PixelField& field,
+                      ValuesOf valuesOf, Add add) {
+    constexpr std::uint64_t kBatch = 512;
+    constexpr std::uint64_t kCheckEvery = kBatch << 11U;
     const Hx::PointSet& points = scan.points();
     const std::uint64_t cells = points.getNumPoints();
-    constexpr std::uint64_t kCheckEvery = 1U << 20U;
+    const PixelAxis across(scan.toWorld, frame.axes.across, frame.across);
+    const PixelAxis up(scan.toWorld, frame.axes.up, frame.up);
+    std::vector<Hit> hits(kBatch);
     std::uint64_t outside = 0;
-    for (std::uint64_t index = 0; index < cells; ++index) {
-        const Hx::PointSet::ScanPt& point = points.getScanPt(index);
-        if (!isReturn(points, point)) {
-            continue;
+    for (std::uint64_t first = 0; first < cells; first += kBatch) {
+        std::size_t count = 0;
+        for (std::uint64_t index = first; index < std::min(cells, first + kBatch); ++index) {
+            const Hx::PointSet::ScanPt& point = points.getScanPt(index);
+            if (!isReturn(points, point)) {
+                continue;
+            }
+            if (const auto cell = field.find(across(point), up(point))) {
+                hits[count++] = {*cell, valuesOf(index, point)};
+            } else {
+                ++outside;
+            }
         }
-        const Tq_1_1::Vec3d<double> world = scan.toWorld.transform(positionOf(point));
-        const Spot spot = frame.spot(world);
-        if (PixelField::Cell* const cell = field.find(spot.x, spot.y)) {
-            add(*cell, index, point, world);
-        } else {
-            ++outside;
+        for (std::size_t i = 0; i < count; ++i) {
+            add(field.cell(hits[i].cell), hits[i].values);
         }
-        if (index % kCheckEvery == 0) {
+        if (first % kCheckEvery == 0) {
             Interrupt::check();
         }
     }
@@ -91,45 +129,45 @@ std::uint64_t project(const SceneScan& scan, const MapFrame& frame, PixelField& 
 
 using Cell = PixelField::Cell;
 using Point = Hx::PointSet::ScanPt;
-using World = Tq_1_1::Vec3d<double>;
+using Values = std::array<float, 3>;
 
-void addColor(Cell& cell, std::uint64_t /*index*/, const Point& point, const World& /*world*/) {
+Values colorOf(std::uint64_t /*index*/, const Point& point) {
     const bool known = point.hasColor();
-    PixelField::addToMean(cell, known ? point.color[0] : kUnknown[0],
-                          known ? point.color[1] : kUnknown[1],
-                          known ? point.color[2] : kUnknown[2]);
+    return {static_cast<float>(known ? point.color[0] : kUnknown[0]),
+            static_cast<float>(known ? point.color[1] : kUnknown[1]),
+            static_cast<float>(known ? point.color[2] : kUnknown[2])};
 }
 
+void addToScan(Cell& cell, const Values& /*values*/) {
+    ++cell.values[0];
+    ++cell.count;
+}
+
+/// @param lowest  height that counts as 0: single precision keeps what is above it
 std::uint64_t projectScan(const SceneScan& scan, const MapFrame& frame, ColorBy by, double lowest,
                           PixelField& field) {
+    const auto reflectionOf = [&points = scan.points()](std::uint64_t index, const Point&) {
+        return Values{static_cast<float>(points.getReflection(index))};
+    };
+    const auto timeOf = [&scan](std::uint64_t index, const Point&) {
+        return Values{scan.hasTimes ? static_cast<float>(timeAt(*scan.mobile, index)) : kNoTime};
+    };
+    const auto heightOf = [&scan, lowest](std::uint64_t, const Point& point) {
+        return Values{static_cast<float>(scan.toWorld.transform(positionOf(point)).z - lowest)};
+    };
     switch (by) {
         case ColorBy::Own:
-            return project(scan, frame, field, addColor);
+            return project(scan, frame, field, colorOf, PixelField::addToMean);
         case ColorBy::Reflection:
-            return project(scan, frame, field,
-                           [&scan](Cell& cell, std::uint64_t index, const Point&, const World&) {
-                               PixelField::addToMean(cell, scan.points().getReflection(index));
-                           });
+            return project(scan, frame, field, reflectionOf, PixelField::addToMean);
         case ColorBy::Time:
-            return project(scan, frame, field,
-                           [&scan](Cell& cell, std::uint64_t index, const Point&, const World&) {
-                               PixelField::addToLargest(
-                                   cell, scan.hasTimes
-                                             ? static_cast<float>(timeAt(*scan.mobile, index))
-                                             : kNoTime);
-                           });
+            return project(scan, frame, field, timeOf, PixelField::addToLargest);
         case ColorBy::Scan:
-            return project(scan, frame, field,
-                           [](Cell& cell, std::uint64_t, const Point&, const World&) {
-                               ++cell.values[0];
-                               ++cell.count;
-                           });
+            return project(
+                scan, frame, field, [](std::uint64_t, const Point&) { return Values{}; },
+                addToScan);
         default:
-            return project(scan, frame, field,
-                           [lowest](Cell& cell, std::uint64_t, const Point&, const World& world) {
-                               // Single precision keeps a height, not a sea level's distance.
-                               PixelField::addToLargest(cell, static_cast<float>(world.z - lowest));
-                           });
+            return project(scan, frame, field, heightOf, PixelField::addToLargest);
     }
 }
 

@@ -14,16 +14,39 @@ namespace {
 
 constexpr std::uint32_t kNothing = std::numeric_limits<std::uint32_t>::max();
 
-/// Of the squares of a size that are hit, the part that is hit more than once.
+bool isHit(const PixelField& field, int col, int row) {
+    return field
+               .cells()[static_cast<std::size_t>(row) * static_cast<std::size_t>(field.cols()) +
+                        static_cast<std::size_t>(col)]
+               .count > 0;
+}
+
+/// Of the neighbours on the right and below of pixels that are hit, the part that is hit, too.
+double partOfNeighbours(const PixelField& field) {
+    std::size_t all = 0;
+    std::size_t hits = 0;
+    for (int row = 0; row + 1 < field.rows(); ++row) {
+        for (int col = 0; col + 1 < field.cols(); ++col) {
+            if (isHit(field, col, row)) {
+                all += 2;
+                hits +=
+                    (isHit(field, col + 1, row) ? 1U : 0U) + (isHit(field, col, row + 1) ? 1U : 0U);
+            }
+        }
+    }
+    return static_cast<double>(hits) / static_cast<double>(std::max<std::size_t>(1, all));
+}
+
+/// Of the squares of a size that are hit, the part that is hit in more than one pixel: points of
+/// one pixel, such as those of a column on a wall, do not say that others are near.
 double partHitTwice(const PixelField& field, int size) {
     std::vector<std::uint8_t> hits(static_cast<std::size_t>((field.cols() + size - 1) / size));
     std::size_t once = 0;
     std::size_t twice = 0;
-    const PixelField::Cell* cell = field.cells().data();
     for (int row = 0; row < field.rows(); ++row) {
-        for (int col = 0; col < field.cols(); ++col, ++cell) {
+        for (int col = 0; col < field.cols(); ++col) {
             std::uint8_t& hit = hits[static_cast<std::size_t>(col / size)];
-            hit = static_cast<std::uint8_t>(std::min<std::uint32_t>(hit + cell->count, 2));
+            hit = static_cast<std::uint8_t>(std::min(hit + (isHit(field, col, row) ? 1 : 0), 2));
         }
         if ((row + 1) % size == 0 || row + 1 == field.rows()) {
             once += static_cast<std::size_t>(std::count(hits.begin(), hits.end(), 1));
@@ -34,26 +57,26 @@ double partHitTwice(const PixelField& field, int size) {
     return static_cast<double>(twice) / static_cast<double>(std::max<std::size_t>(1, once + twice));
 }
 
-/// How many points fall on each square of a size.
-class SquareCounts {
+/// How many pixels of each square of a size are hit.
+class SquareHits {
   public:
-    SquareCounts(const PixelField& field, int size)
+    SquareHits(const PixelField& field, int size)
         : size_(size), cols_((field.cols() + size - 1) / size) {
-        counts_.resize(static_cast<std::size_t>(cols_) *
-                       static_cast<std::size_t>((field.rows() + size - 1) / size));
+        hits_.resize(static_cast<std::size_t>(cols_) *
+                     static_cast<std::size_t>((field.rows() + size - 1) / size));
         const PixelField::Cell* cell = field.cells().data();
         for (int row = 0; row < field.rows(); ++row) {
             for (int col = 0; col < field.cols(); ++col, ++cell) {
-                counts_[index(col, row)] += cell->count;
+                hits_[index(col, row)] += cell->count > 0 ? 1U : 0U;
             }
         }
     }
-    /// How large the points of a pixel are to be drawn: smaller where there are many, so that a
-    /// dense wall does not grow with the points of a thin floor.
+    /// How large the points of a pixel are to be drawn: smaller where they are next to each other, so
+    /// that a dense wall does not become as thick as the points of a thin floor are large.
     int sizeAt(int col, int row) const {
-        constexpr double kPointsPerSquare = 3.0;
-        const double part = std::sqrt(kPointsPerSquare / counts_[index(col, row)]);
-        return std::clamp(static_cast<int>(size_ * part), std::min(size_, 2), size_);
+        constexpr double kHitsOfFullSize = 4.0;
+        const double part = std::sqrt(kHitsOfFullSize / hits_[index(col, row)]);
+        return std::clamp(static_cast<int>(size_ * part), std::min(size_, 3), size_);
     }
 
   private:
@@ -64,56 +87,58 @@ class SquareCounts {
 
     int size_;
     int cols_;
-    std::vector<std::uint32_t> counts_;
+    std::vector<std::uint32_t> hits_;
 };
 
-/// A pixel's points after each was spread to a disc.
-struct Spread {
-    std::uint32_t density = 0;         ///< points, all of them spread to one size
-    std::uint32_t nearest = kNothing;  ///< index of the cell whose points are nearest
-    std::uint32_t away = kNothing;     ///< square of its distance
-};
-
-/// Spreads the points of the cell in a column and row.
-/// @param size  for the density, and @p own for what is painted [pixels]
-void spread(const PixelField& field, int size, int own, int column, int row,
-            std::vector<Spread>& pixels) {
-    const auto at = [&field](int x, int y) {
-        return static_cast<std::size_t>(y) * static_cast<std::size_t>(field.cols()) +
-               static_cast<std::size_t>(x);
-    };
-    const std::size_t source = at(column, row);
+/// Calls @p visit with the index and the squared distance, in half pixels, of every pixel of a disc
+/// around the one in a column and row.
+template <typename Visit>
+void forDisc(const PixelField& field, int size, int column, int row, Visit visit) {
+    // The middle of a disc of an even size lies between two pixels.
+    const int even = size % 2 == 0 ? 1 : 0;
     const int before = (size - 1) / 2;
-    const auto squareOf = [](int side) { return static_cast<std::uint32_t>(side * side); };
+    const int left = std::max(0, column - before);
+    const int right = std::min(field.cols(), column - before + size);
     for (int y = std::max(0, row - before); y < std::min(field.rows(), row - before + size); ++y) {
-        for (int x = std::max(0, column - before);
-             x < std::min(field.cols(), column - before + size); ++x) {
-            // From the middle of a disc that may lie between two pixels, in half pixels.
-            const int even = size % 2 == 0 ? 1 : 0;
-            const std::uint32_t away =
-                squareOf(2 * (x - column) - even) + squareOf(2 * (y - row) - even);
-            if (away > squareOf(size)) {
-                continue;
-            }
-            Spread& pixel = pixels[at(x, y)];
-            pixel.density += field.cells()[source].count;
-            if ((away <= squareOf(own) || (x == column && y == row)) && away < pixel.away) {
-                pixel.away = away;
-                pixel.nearest = static_cast<std::uint32_t>(source);
+        for (int x = left; x < right; ++x) {
+            const int dx = 2 * (x - column) - even;
+            const int dy = 2 * (y - row) - even;
+            if (dx * dx + dy * dy <= size * size) {
+                visit(static_cast<std::size_t>(y) * static_cast<std::size_t>(field.cols()) +
+                          static_cast<std::size_t>(x),
+                      dx * dx + dy * dy);
             }
         }
     }
 }
 
-std::vector<Spread> spreadAll(const PixelField& field, int size) {
-    const SquareCounts squares(field, size);
+/// A pixel after the points were spread to discs.
+struct Spread {
+    std::uint32_t density = 0;       ///< points, all of them spread to discs of one size
+    std::uint32_t shown = kNothing;  ///< index of the cell whose points are seen
+    float rank = 0.0F;               ///< by which they are
+};
+
+std::vector<Spread> spreadAll(const PixelField& field, int size, SplatOrder order) {
+    const SquareHits squares(field, size);
     std::vector<Spread> pixels(field.cells().size());
     const PixelField::Cell* cell = field.cells().data();
     for (int row = 0; row < field.rows(); ++row) {
         for (int col = 0; col < field.cols(); ++col, ++cell) {
-            if (cell->count > 0) {
-                spread(field, size, squares.sizeAt(col, row), col, row, pixels);
+            if (cell->count == 0) {
+                continue;
             }
+            forDisc(field, size, col, row,
+                    [&](std::size_t i, int /*away*/) { pixels[i].density += cell->count; });
+            const auto source = static_cast<std::uint32_t>(cell - field.cells().data());
+            forDisc(field, squares.sizeAt(col, row), col, row, [&](std::size_t i, int away) {
+                const float rank =
+                    order == SplatOrder::LargestFirst ? cell->values[0] : static_cast<float>(-away);
+                if (pixels[i].shown == kNothing || rank > pixels[i].rank) {
+                    pixels[i].shown = source;
+                    pixels[i].rank = rank;
+                }
+            });
         }
     }
     return pixels;
@@ -141,7 +166,7 @@ double usualDensity(const std::vector<Spread>& pixels) {
     std::vector<std::uint32_t> densities;
     // Every third one tells as much.
     for (std::size_t i = 0; i < pixels.size(); i += 3) {
-        if (pixels[i].nearest != kNothing) {
+        if (pixels[i].shown != kNothing) {
             densities.push_back(pixels[i].density);
         }
     }
@@ -156,25 +181,29 @@ double usualDensity(const std::vector<Spread>& pixels) {
 }  // namespace
 
 int splatSize(const PixelField& field) {
+    constexpr double kEnoughNeighbours = 0.55;
     // Of points that fall evenly on a surface, five of six squares are hit then.
     constexpr double kEnoughHitTwice = 0.65;
     constexpr int kLargestPart = 120;  // of the picture's width
+    if (partOfNeighbours(field) >= kEnoughNeighbours) {
+        return 1;
+    }
     const int largest = std::max(4, std::max(field.cols(), field.rows()) / kLargestPart);
-    int size = 1;
+    int size = 2;
     while (size < largest && partHitTwice(field, size) < kEnoughHitTwice) {
         size += size < 4 ? 1 : size / 3;
     }
     return std::min(size, largest);
 }
 
-Image paintField(const PixelField& field, int size,
+Image paintField(const PixelField& field, int size, SplatOrder order,
                  const std::function<Rgb(const PixelField::Cell&)>& colorOf) {
     Image image(field.cols(), field.rows(), kWhite);
-    const std::vector<Spread> pixels = spreadAll(field, size);
+    const std::vector<Spread> pixels = spreadAll(field, size, order);
     const double usual = usualDensity(pixels);
     for (std::size_t i = 0; i < pixels.size(); ++i) {
-        if (pixels[i].nearest != kNothing) {
-            const Rgb color = colorOf(field.cells()[pixels[i].nearest]);
+        if (pixels[i].shown != kNothing) {
+            const Rgb color = colorOf(field.cells()[pixels[i].shown]);
             image.pixels[i] = Image::pack(toned(color, std::log(pixels[i].density / usual)));
         }
     }

@@ -15,12 +15,18 @@ namespace ScanHost {
 /// @return [pixels], 1 or more; bounded by a part of the picture
 int splatSize(const PixelField& field);
 
-/// Paints a field: each point is a disc, and a pixel has the colour of the nearest one. It is
+/// Which of the points whose discs cover a pixel is seen there.
+enum class SplatOrder {
+    NearestFirst,  ///< the one whose middle is nearest
+    LargestFirst   ///< the one with the largest value
+};
+
+/// Paints a field: each point is a disc. A pixel is
 /// darker where more points fall than usual, and paler where fewer do: a wall, seen edgewise,
 /// stands out from floor and ceiling.
 /// @param size     of a point [pixels]
 /// @param colorOf  called for cells that have points
-Image paintField(const PixelField& field, int size,
+Image paintField(const PixelField& field, int size, SplatOrder order,
                  const std::function<Rgb(const PixelField::Cell&)>& colorOf);
 
 }  // namespace ScanHost
