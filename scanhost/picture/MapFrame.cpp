@@ -59,6 +59,10 @@ MapBounds boundsOfPoints(const SceneScan& scan, const ViewAxes& axes,
                          const std::array<Range<double>, 3>& likely) {
     const Hx::PointSet& points = scan.points();
     const std::uint64_t cells = points.getNumPoints();
+    const PointAxis acrossOf(scan.toWorld, axes.across);
+    const PointAxis upOf(scan.toWorld, axes.up);
+    const Range<double> likelyAcross = likely[axes.across];
+    const Range<double> likelyUp = likely[axes.up];
     MapBounds bounds;
     for (std::uint64_t index = 0; index < cells; ++index) {
         const Hx::PointSet::ScanPt& point = points.getScanPt(index);
@@ -66,11 +70,10 @@ MapBounds boundsOfPoints(const SceneScan& scan, const ViewAxes& axes,
             continue;
         }
         ++bounds.returns;
-        const Tq_1_1::Vec3d<double> world = scan.toWorld.transform(positionOf(point));
-        const double across = world[axes.across];
-        const double up = world[axes.up];
-        if (across >= likely[axes.across].low && across <= likely[axes.across].high &&
-            up >= likely[axes.up].low && up <= likely[axes.up].high) {
+        const double across = acrossOf(point);
+        const double up = upOf(point);
+        if (across >= likelyAcross.low && across <= likelyAcross.high && up >= likelyUp.low &&
+            up <= likelyUp.high) {
             bounds.across.add(across);
             bounds.up.add(up);
         }

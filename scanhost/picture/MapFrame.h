@@ -46,6 +46,31 @@ MapBounds boundsOfPath(const SceneScan& scan, const ViewAxes& axes);
 /// then the pose and the points do not belong together.
 void addStance(const SceneScan& scan, const ViewAxes& axes, MapBounds& points);
 
+/// One coordinate of points, straight from their records: in the world, or in a picture.
+struct PointAxis {
+    double x;
+    double y;
+    double z;
+    double zero;
+
+    /// The world's axis.
+    PointAxis(const Tq_1_1::Mat4d<double>& toWorld, std::size_t axis)
+        : x(toWorld(axis, 0)), y(toWorld(axis, 1)), z(toWorld(axis, 2)), zero(toWorld(axis, 3)) {}
+    /// A picture's axis, along that of the world.
+    PointAxis(const Tq_1_1::Mat4d<double>& toWorld, std::size_t axis, const Scale& scale)
+        : PointAxis(toWorld, axis) {
+        const double factor = (scale.end - scale.start) / (scale.high - scale.low);
+        x *= factor;
+        y *= factor;
+        z *= factor;
+        zero = factor * (zero - scale.low) + scale.start;
+    }
+
+    double operator()(const Hx::PointSet::ScanPt& point) const {
+        return x * point.x + y * point.y + z * point.z + zero;
+    }
+};
+
 /// How the world lies in a picture.
 struct MapFrame {
     ViewAxes axes{};

@@ -63,33 +63,15 @@ void requireTimes(const Scene& scene) {
     }
 }
 
-/// From a scan's own coordinates straight to the pixels of a plot, one axis.
-struct PixelAxis {
-    double x;
-    double y;
-    double z;
-    double zero;
-
-    PixelAxis(const Tq_1_1::Mat4d<double>& toWorld, std::size_t axis, const Scale& scale) {
-        const double factor = (scale.end - scale.start) / (scale.high - scale.low);
-        x = factor * toWorld(axis, 0);
-        y = factor * toWorld(axis, 1);
-        z = factor * toWorld(axis, 2);
-        zero = factor * (toWorld(axis, 3) - scale.low) + scale.start;
-    }
-    double operator()(const Hx::PointSet::ScanPt& point) const {
-        return x * point.x + y * point.y + z * point.z + zero;
-    }
-};
-
 /// What one point adds to a pixel.
 struct Hit {
     std::size_t cell;
     std::array<float, 3> values;
 };
 
-/// Puts the points of a scan into a field. Finding places and writing to them take turns: writes
-/// that follow each other directly wait for memory at the same time.
+/// Puts the points of a scan into a field. Finding places and writing to them take turns, and each
+/// place is fetched early: points may be anywhere, and waiting for memory would take most of the
+/// time.
 /// @param valuesOf  gives the numbers of a point, by its index and record
 /// @param add       adds them to a cell
 /// @return how many points lie outside
@@ -100,8 +82,8 @@ std::uint64_t project(const SceneScan& scan, const MapFrame& frame, PixelField& 
     constexpr std::uint64_t kCheckEvery = kBatch << 11U;
     const Hx::PointSet& points = scan.points();
     const std::uint64_t cells = points.getNumPoints();
-    const PixelAxis across(scan.toWorld, frame.axes.across, frame.across);
-    const PixelAxis up(scan.toWorld, frame.axes.up, frame.up);
+    const PointAxis across(scan.toWorld, frame.axes.across, frame.across);
+    const PointAxis up(scan.toWorld, frame.axes.up, frame.up);
     std::vector<Hit> hits(kBatch);
     std::uint64_t outside = 0;
     for (std::uint64_t first = 0; first < cells; first += kBatch) {
@@ -112,6 +94,7 @@ std::uint64_t project(const SceneScan& scan, const MapFrame& frame, PixelField& 
                 continue;
             }
             if (const auto cell = field.find(across(point), up(point))) {
+                __builtin_prefetch(&field.cell(*cell), 1);
                 hits[count++] = {*cell, valuesOf(index, point)};
             } else {
                 ++outside;
