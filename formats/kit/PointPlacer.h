@@ -50,7 +50,7 @@ class PointPlacer {
     /// @param file        for the message
     /// @param resolution  of the file's coordinates, per axis, not negative
     /// @param origin      what the coordinates count from, for the message
-    /// @param unit        behind numbers: " m", or empty for that of the file
+    /// @param unit        after numbers: " m", or empty for that of the file
     void report(Remarks& remarks, const std::string& file, const std::array<double, 3>& resolution,
                 std::string_view origin, std::string_view unit) const;
 

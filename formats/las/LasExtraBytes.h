@@ -20,7 +20,7 @@ struct LasDimension {
     std::size_t length = 0;  ///< [bytes]
 };
 
-/// What stands in point records behind the fields of their format.
+/// What stands in point records after the fields of their format.
 struct LasExtraBytes {
     std::vector<LasDimension> dimensions;
     std::size_t undocumented = 0;  ///< bytes of a record that nothing describes

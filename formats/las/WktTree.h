@@ -24,7 +24,7 @@ struct WktNode {
 };
 
 /// Reads a well-known text of either version.
-/// @return empty when it is none: brackets that do not match, text behind the last one, deeper
+/// @return empty when it is none: brackets that do not match, text after the last one, deeper
 ///         nesting than coordinate systems have
 std::optional<WktNode> parseWkt(std::string_view text);
 

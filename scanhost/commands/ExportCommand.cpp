@@ -1,7 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The VardexScandata developers
 // SPDX-License-Identifier: MIT
 
+#include <cstddef>
 #include <filesystem>
+#include <limits>
 #include <optional>
 #include <sstream>
 
@@ -32,6 +34,9 @@ class ExportCommand final : public ScanCommand {
         options
             .flag("--verify", verify_, "Read the file back as a trajectory and compare the poses")
             .needs(output);
+        options.number("--from-time", fromTime_, "SECONDS",
+                       "Leave out the nodes before a scan time");
+        options.number("--to-time", toTime_, "SECONDS", "Leave out the nodes after a scan time");
         declareForce(options, outputRules());
     }
     void checkOptions() const override {
@@ -45,7 +50,14 @@ class ExportCommand final : public ScanCommand {
     }
     ScanNeeds needs() const override { return {.trajectory = Need::Required}; }
     void ask(OpenScan& open, Report& report) override {
-        const MobileScan& mobile = *open.mobile;
+        MobileScan& mobile = *open.mobile;
+        if (fromTime_ || toTime_) {
+            constexpr double kOpen = std::numeric_limits<double>::infinity();
+            const std::size_t all = mobile.nodes().size();
+            mobile.cutTrajectory(fromTime_ ? open.clock.taken(*fromTime_) : -kOpen,
+                                 toTime_ ? open.clock.taken(*toTime_) : kOpen);
+            report.addCount("leftOut", "nodes left out", all - mobile.nodes().size());
+        }
         report.addCount("nodes", "nodes", mobile.nodes().size());
         if (writesFile()) {
             writeFile(mobile);
@@ -79,6 +91,8 @@ class ExportCommand final : public ScanCommand {
     }
 
     std::optional<std::filesystem::path> output_;
+    std::optional<double> fromTime_;
+    std::optional<double> toTime_;
     bool verify_ = false;
 };
 

@@ -27,6 +27,7 @@
 #include "session/Require.h"
 #include "session/ScanReport.h"
 #include "session/SpooledInput.h"
+#include "session/StatsReport.h"
 
 namespace ScanHost {
 
@@ -44,11 +45,15 @@ class InfoCommand final : public Command {
                             pointsFileText("Points files"), projectFileText("scanner projects")))
             .required();
         declareScanSettings(options, scan_);
+        options.flag("--stats", stats_,
+                     "Also tell figures of the path, of the points' times and distances, and of "
+                     "what only LAS files hold");
         options.file("--picture", picture_, "FILE",
                      "Draw the scans from above, and each stance as a panorama into a file next "
                      "to it");
         options.file("--project-output", projectOutput_, "FILE",
                      "Write what the point sets give into the host's project output");
+        declareHost(options, host_);
         declareForce(options, rules_);
     }
     void run(const CommonOptions& /*common*/, Console& console) override {
@@ -58,9 +63,6 @@ class InfoCommand final : public Command {
         ModuleSession session;
         ScanImporter importer(session, console);
         Report report;
-        Report& module = report.group("module", "module");
-        module.addText("name", "name", session.moduleName());
-        module.addText("version", "version", session.moduleVersion());
         std::vector<ImportedScan> scans;
         for (const std::string& file : scan_.files) {
             importFile(session, importer, file, scans, report, console);
@@ -72,10 +74,19 @@ class InfoCommand final : public Command {
         warnOfUnits(scans, console);
         describeOrigin(*importer.project(), scans, report);
         for (const ImportedScan& scan : scans) {
-            describeScan(scan, report.item("scans", "scan " + scan.name), console);
+            Report& item = report.item("scans", "scan " + scan.name);
+            describeScan(scan, host_, item, console);
+            if (stats_) {
+                describeStats(scan, item, console);
+            }
             Interrupt::check();
         }
         writeOutputs(scans, report, console);
+        if (host_) {
+            Report& module = report.group("module", "module");
+            module.addText("name", "name", session.moduleName());
+            module.addText("version", "version", session.moduleVersion());
+        }
         console.show(report);
     }
 
@@ -115,14 +126,16 @@ class InfoCommand final : public Command {
                     std::vector<ImportedScan>& scans, Report& report, Console& console) const {
         if (Ovr::FormatRegistry::the().isProject(file)) {
             const auto project = openProject(session, console, file);
-            for (ImportedScan& scan : importProject(*project, importer, scan_, console)) {
+            for (ImportedScan& scan :
+                 importProject(*project, importer, scan_, console, Content::PointsForTimes)) {
                 scans.push_back(std::move(scan));
             }
-            describeProject(*project, report.item("projects", "project " + file));
+            describeProject(*project, host_, report.item("projects", "project " + file));
             return;
         }
         for (const Ovr::ScanListing& listing : importer.list(file, scan_)) {
-            scans.push_back(importer.import(listing, scan_, session.root()));
+            scans.push_back(
+                importer.import(listing, scan_, session.root(), Content::PointsForTimes));
         }
     }
 
@@ -167,8 +180,10 @@ class InfoCommand final : public Command {
 
     ScanOptions scan_;
     OutputRules rules_;
+    bool stats_ = false;
     std::optional<std::filesystem::path> picture_;
     std::optional<std::filesystem::path> projectOutput_;
+    bool host_ = false;
 };
 
 }  // namespace

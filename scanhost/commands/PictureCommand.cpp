@@ -76,7 +76,9 @@ class PictureCommand final : public Command {
         rules_.check({*output_, pictureEndings()});
         ModuleSession session;
         ScanImporter importer(session, console);
-        const std::vector<ImportedScan> scans = importAll(session, importer, scan_, console);
+        const std::vector<ImportedScan> scans =
+            importAll(session, importer, scan_, console,
+                      needsTimes() ? Content::PointsForTimes : Content::Points);
         for (const ImportedScan& scan : scans) {
             rules_.protect(scan);
         }

@@ -6,6 +6,7 @@
 #include <fmt/format.h>
 
 #include "report/Failure.h"
+#include "session/Box.h"
 #include "session/ProjectImport.h"
 #include "session/SpooledInput.h"
 
@@ -15,6 +16,13 @@ namespace {
 
 bool takesStances(const ScanNeeds& needs) {
     return needs.trajectory != Need::Required && needs.times != Need::Required && !needs.duration;
+}
+
+Content contentFor(const ScanNeeds& needs) {
+    const bool asksThePath = needs.trajectory == Need::Required && needs.times == Need::Nothing;
+    return asksThePath                    ? Content::PathOnly
+           : needs.times == Need::Nothing ? Content::Points
+                                          : Content::PointsForTimes;
 }
 
 /// Calls @p load. What stands in its way is a warning, unless the user has asked for it by name.
@@ -55,6 +63,7 @@ void load(const ScanNeeds& needs, OpenScan& open) {
     if (needs.trajectory == Need::Required) {
         requireOneUnit(open.scan);
         mobile.requireTrajectory();
+        remarkOnFarPath(open.scan, headerBounds(open.scan), mobile.nodes(), open.console);
     } else if (needs.trajectory == Need::IfThere) {
         const bool asked = open.scan.trajectoryNamed || needs.times == Need::Required;
         complete = tryTo(open, asked, [&] { mobile.loadTrajectory(); });
@@ -85,7 +94,7 @@ void ScanCommand::run(const CommonOptions& /*common*/, Console& console) {
     rules_.protect(scan_);
     rules_.check(outputs());
     ModuleSession session;
-    const ImportedScan scan = importOne(session, console, scan_);
+    const ImportedScan scan = importOne(session, console, scan_, contentFor(needs()));
     rules_.protect(scan);
     rules_.check(outputs());
     OpenScan open{session, console, scan};

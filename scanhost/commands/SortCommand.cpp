@@ -37,9 +37,9 @@ constexpr std::size_t kMostSpans = 1000;
 /// The points of a file by the spans of time that they lie in. The module holds the times of one
 /// span at a time; nearly every scan has one only.
 struct Spans {
-    Ovr::Formats::TimeRange range;               ///< [s], the file's clock
+    Ovr::Formats::TimeRange range;                 ///< [s], the file's clock
     std::map<std::int64_t, std::uint64_t> counts;  ///< points by number of the span
-    std::uint64_t withoutTime = 0;               ///< points whose time is no finite number
+    std::uint64_t withoutTime = 0;                 ///< points whose time is no finite number
 
     std::int64_t spanOf(double seconds) const {
         return static_cast<std::int64_t>((seconds - range.first) / TimeOrder::kLongestSpan);
@@ -60,7 +60,9 @@ class SortCommand final : public Command {
         declareScanFile(options, scan_);
         declareScanNumber(options, scan_);
         declareTimeUnit(options, scan_);
-        options.file("-o,--output", output_, "OUT.las", "File to write; compressed if it ends in .laz").required();
+        options
+            .file("-o,--output", output_, "OUT.las", "File to write; compressed if it ends in .laz")
+            .required();
         declareForce(options, rules_);
     }
     void run(const CommonOptions& /*common*/, Console& console) override {
@@ -120,10 +122,10 @@ class SortCommand final : public Command {
             },
             work_));
         if (spans.withoutTime > 0) {
-            console.warn(fmt::format(
-                "{}: {} of {} have a time that is no finite number; they go to the end",
-                source_.file.string(), spans.withoutTime,
-                countText(file_.count(), "point", "points")));
+            console.warn(
+                fmt::format("{}: {} of {} have a time that is no finite number; they go to the end",
+                            source_.file.string(), spans.withoutTime,
+                            countText(file_.count(), "point", "points")));
         }
         countSpans(spans);
         return spans;

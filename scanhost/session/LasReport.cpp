@@ -11,16 +11,13 @@
 #include <date/date.h>
 #include <fmt/format.h>
 
-#include "Ovr/FormatRegistry.h"
 #include "kit/InputFile.h"
-#include "las/LasCrs.h"
 #include "las/LasDamage.h"
-#include "las/LasExtraBytes.h"
-#include "las/LasFacts.h"
 #include "las/LasNames.h"
 
 #include "report/NumberText.h"
 #include "session/Interrupt.h"
+#include "session/LasFile.h"
 #include "session/Require.h"
 
 namespace ScanHost {
@@ -89,17 +86,10 @@ void addUnit(Report& report, const std::string& key, const std::string& label,
                                                : ""));
 }
 
-void describeSystem(const Ovr::Formats::LasCrs& found, const ScanUnits& units, Report& report) {
-    using Ovr::Formats::CrsSource;
-    if (found.source == CrsSource::None) {
-        const bool isAssumed = units.source == ScanUnits::Source::Assumed;
-        report.addNone("coordinateSystem", "coordinate system",
-                       isAssumed ? "not said; lengths are taken as metres" : "not said");
-        return;
-    }
+void describeKnownSystem(const Ovr::Formats::LasCrs& found, Report& report) {
     const Ovr::Formats::CrsDescription& crs = found.crs;
     Report& system = report.group("coordinateSystem", "coordinate system");
-    const bool isWkt = found.source == CrsSource::Wkt;
+    const bool isWkt = found.source == Ovr::Formats::CrsSource::Wkt;
     addNamed(system, "whole", "named", crs.name, crs.code);
     system.add("kind", "kind", jsonText(crs.kind), crs.kind.empty() ? "not said" : crs.kind);
     if (!crs.base.empty()) {
@@ -213,36 +203,45 @@ void describeDifferences(const LasHeader& header, const LasFacts& facts, const S
 
 }  // namespace
 
-void describeLas(const ImportedScan& scan, Report& report, Console& console) {
-    const auto format = Ovr::FormatRegistry::the().find(scan.source.file);
-    if (!format || format->name() != "LAS") {
-        return;
+std::optional<LasDescription> readLas(const ImportedScan& scan, Console& console) {
+    if (!isLas(scan.source)) {
+        return std::nullopt;
     }
     Ovr::Formats::InputFile file;
-    LasHeader header;
+    LasDescription las;
     Ovr::Remarks remarks;
     requireOk(file.open(scan.source.file));
-    requireOk(readLasHeader(file, header, remarks, scan.source.lenient));
+    requireOk(readLasHeader(file, las.header, remarks, scan.source.lenient));
     const Interrupt interrupt{};
     if (scan.source.lenient) {
-        requireOk(shortenToReadable(file, header, remarks, {nullptr, &interrupt}));
+        requireOk(shortenToReadable(file, las.header, remarks, {nullptr, &interrupt}));
     }
-    const Ovr::Formats::LasCrs system = readLasCrs(file, header, remarks);
-    const Ovr::Formats::LasExtraBytes extra = readLasExtraBytes(file, header, remarks);
-    LasFacts facts;
-    {
-        const ProgressTask task(console.progress(), scan.name + ": counting points by class");
-        requireOk(countLasFacts(file, header, facts, {console.progress().get(), &interrupt}));
-    }
+    las.system = readLasCrs(file, las.header, remarks);
+    las.extra = readLasExtraBytes(file, las.header, remarks);
+    const ProgressTask task(console.progress(), scan.name + ": counting points by class");
+    requireOk(countLasFacts(file, las.header, las.facts, {console.progress().get(), &interrupt}));
     console.warn(remarks.warnings());
-    Report& las = report.group("las", "LAS file");
-    describeFile(header, las);
-    describeSystem(system, scan.units, las);
-    describeClasses(header, facts, las);
-    addReturns(las, "returns", "points by return", facts.returns, 0);
-    describeFlags(facts, las);
-    describeDimensions(extra, las);
-    describeDifferences(header, facts, scan.units, las);
+    return las;
+}
+
+void describeSystem(const LasDescription* las, const ScanUnits& units, Report& report) {
+    if (las != nullptr && las->system.source != Ovr::Formats::CrsSource::None) {
+        describeKnownSystem(las->system, report);
+        return;
+    }
+    const bool isAssumed = units.source == ScanUnits::Source::Assumed;
+    report.addNone("coordinateSystem", "coordinate system",
+                   isAssumed ? "not said; lengths are taken as metres" : "not said");
+}
+
+void describeLas(const LasDescription& las, const ScanUnits& units, Report& report) {
+    Report& group = report.group("las", "LAS file");
+    describeFile(las.header, group);
+    describeClasses(las.header, las.facts, group);
+    addReturns(group, "returns", "points by return", las.facts.returns, 0);
+    describeFlags(las.facts, group);
+    describeDimensions(las.extra, group);
+    describeDifferences(las.header, las.facts, units, group);
 }
 
 }  // namespace ScanHost

@@ -5,35 +5,71 @@
 
 #include <fmt/format.h>
 
+#include "kit/ClockGuess.h"
+#include "kit/PointClock.h"
+
 #include "report/Failure.h"
 #include "report/NumberText.h"
-#include "session/MobileScan.h"
-#include "session/PointSummary.h"
-#include "session/PointTimes.h"
 
 namespace ScanHost {
 
-namespace {
-
-/// @param units  of the trajectory
-void describeTrajectory(const MobileScan& mobile, const ScanUnits& units, Report& report) {
-    Report& trajectory = report.group("trajectory", "trajectory");
-    const auto& nodes = mobile.nodes();
-    trajectory.addCount("nodes", "nodes", nodes.size());
-    addDistance(units, trajectory, "pathLength", "path length", mobile.pathLength(), kMetreDigits);
-    trajectory.addSeconds("firstTime", "first node at", nodes.front().time);
-    trajectory.addSeconds("lastTime", "last node at", nodes.back().time);
+MobileReport::MobileReport(const ImportedScan& scan, Console& console)
+    : scan_(scan), console_(console), mobile_(scan, console) {
+    loadTrajectory();
+    loadTimes();
 }
 
-void describeTimes(const MobileScan& mobile, Report& report) {
-    Range<double> range;
-    forEachPointTime(mobile.points(), [&](double seconds) { range.add(seconds); });
+void MobileReport::loadTrajectory() {
+    try {
+        mobile_.loadTrajectory();
+        noPath_ = mobile_.nodes().empty() ? "none" : "";
+    } catch (const Failure& failure) {
+        if (failure.code() == ExitCode::Cancelled || scan_.trajectoryNamed) {
+            throw;
+        }
+        console_.warn(failure.what());
+        noPath_ = "not readable, see the warning";
+    }
+}
+
+void MobileReport::loadTimes() {
+    try {
+        hasTimes_ = mobile_.loadTimes();
+        noTimes_ = "none in the file";
+    } catch (const Failure& failure) {
+        if (failure.code() == ExitCode::Cancelled) {
+            throw;
+        }
+        console_.warn(failure.what());
+        noTimes_ = "not loaded, see the warning";
+    }
+}
+
+void MobileReport::describeClock(std::optional<Ovr::Clock> said, Report& report) const {
+    if (hasTimes_) {
+        ScanClock clock = mobile_.clock({});
+        Ovr::Formats::TimeRange times;
+        times.add(clock.zero());
+        times.add(clock.zero() + mobile_.duration());
+        if (said && Ovr::Formats::guessClock(times).isOnly(*said)) {
+            clock.assume(*said);
+        }
+        describeZero(clock, report);
+    } else {
+        report.addHidden("timeZero", Json::Value());
+    }
+}
+
+void MobileReport::describeTimes(const Range<double>& range, Report& report) const {
+    if (!hasTimes_) {
+        report.addNone("times", "point times", noTimes_);
+        return;
+    }
     Report& times = report.group("times", "point times");
-    times.addSeconds("duration", "duration", mobile.duration());
-    describeZero(mobile.clock({}), times);
+    times.addSeconds("duration", "duration", mobile_.duration());
     Json::Value notes(Json::arrayValue);
     std::string lines;
-    for (const std::string& note : mobile.points().getMobileScanData().getNotes()) {
+    for (const std::string& note : mobile_.points().getMobileScanData().getNotes()) {
         notes.append(printable(note));
         lines += (lines.empty() ? "" : "; ") + printable(note);
     }
@@ -42,61 +78,33 @@ void describeTimes(const MobileScan& mobile, Report& report) {
     } else {
         times.add("notes", "noticed", notes, lines);
     }
-    if (range.isEmpty()) {
+    if (!range.isEmpty()) {
+        times.addSeconds("first", "earliest point", range.low);
+        times.addSeconds("last", "latest point", range.high);
+    }
+}
+
+void MobileReport::describePath(const Box& points, Report& report) const {
+    if (!noPath_.empty()) {
+        report.addNone("trajectory", "trajectory", noPath_);
         return;
     }
-    times.addSeconds("first", "earliest point", range.low);
-    times.addSeconds("last", "latest point", range.high);
-    times.addCount("bytesPerPoint", "bytes per point now", mobile.points().getRecordSize());
-}
-
-void describeLoadedTrajectory(const ImportedScan& scan, MobileScan& mobile, Report& report,
-                              Console& console) {
-    try {
-        mobile.loadTrajectory();
-        if (mobile.nodes().empty()) {
-            report.addNone("trajectory", "trajectory", "none");
-        } else {
-            const bool fits = scan.units.fitTrajectory();
-            describeTrajectory(mobile, fits ? scan.units : ScanUnits(), report);
-            if (!fits) {
-                console.warn(fmt::format(
-                    "{}: the points are in {}, the trajectory is taken to be in metres; they are "
-                    "not brought together, see --unit",
-                    scan.source.file.string(), scan.units.words()));
-            }
-        }
-    } catch (const Failure& failure) {
-        if (failure.code() == ExitCode::Cancelled || scan.trajectoryNamed) {
-            throw;
-        }
-        console.warn(failure.what());
-        report.addNone("trajectory", "trajectory", "not readable, see the warning");
+    const bool fits = scan_.units.fitTrajectory();
+    Report& trajectory = report.group("trajectory", "trajectory");
+    const auto& nodes = mobile_.nodes();
+    trajectory.addCount("nodes", "nodes", nodes.size());
+    addDistance(fits ? scan_.units : ScanUnits(), trajectory, "pathLength", "path length",
+                mobile_.pathLength(), kMetreDigits);
+    trajectory.addSeconds("firstTime", "first node at", nodes.front().time);
+    trajectory.addSeconds("lastTime", "last node at", nodes.back().time);
+    if (fits) {
+        remarkOnFarPath(scan_, points, nodes, console_);
+    } else {
+        console_.warn(fmt::format(
+            "{}: the points are in {}, the trajectory is taken to be in metres; they are not "
+            "brought together, see --unit",
+            scan_.source.file.string(), scan_.units.words()));
     }
-}
-
-void describeLoadedTimes(MobileScan& mobile, Report& report, Console& console) {
-    try {
-        if (mobile.loadTimes()) {
-            describeTimes(mobile, report);
-        } else {
-            report.addNone("times", "point times", "none in the file");
-        }
-    } catch (const Failure& failure) {
-        if (failure.code() == ExitCode::Cancelled) {
-            throw;
-        }
-        console.warn(failure.what());
-        report.addNone("times", "point times", "not loaded, see the warning");
-    }
-}
-
-}  // namespace
-
-void describeMobile(const ImportedScan& scan, Report& report, Console& console) {
-    MobileScan mobile(scan, console);
-    describeLoadedTrajectory(scan, mobile, report, console);
-    describeLoadedTimes(mobile, report, console);
 }
 
 }  // namespace ScanHost

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
+#include <vector>
 
 #include <fmt/format.h>
 
@@ -12,6 +14,7 @@
 #include "Ovr/Vardex/CorvinMobileScanData.h"
 
 #include "report/Failure.h"
+#include "report/NumberText.h"
 #include "session/Interrupt.h"
 #include "session/KnownFiles.h"
 #include "session/Require.h"
@@ -78,6 +81,24 @@ void MobileScan::requireDuration() {
         last = std::max(last, node.time);
     }
     points_->setMaxScanPointTime(last - nodes().front().time);
+}
+
+void MobileScan::cutTrajectory(double from, double to) {
+    const double zero = nodes().front().time;
+    std::vector<Ovr::VardexLib::TrajectoryNode> kept;
+    for (const Ovr::VardexLib::TrajectoryNode& node : nodes()) {
+        if (node.time - zero >= from && node.time - zero <= to) {
+            kept.push_back(node);
+        }
+    }
+    if (kept.empty()) {
+        throw unexpected(
+            scan_.source.file.string(),
+            fmt::format("no node from scan time {} to {} s", shortText(from), shortText(to)),
+            fmt::format("some, the trajectory lasts {} s", shortText(nodes().back().time - zero)));
+    }
+    points_->getMobileScanData().setTrajectoryNodes(std::move(kept));
+    loadTrajectory();
 }
 
 ScanClock MobileScan::clock(const TimeOptions& options) const {

@@ -45,6 +45,10 @@ class MobileScan {
     /// Requires: the trajectory is loaded and has nodes.
     void requireDuration();
 
+    /// Leaves the nodes from one scan time to another, both included. Throws a Failure when there
+    /// is none. Requires: the trajectory is loaded and has nodes.
+    void cutTrajectory(double from, double to);
+
     Vardex::CorvinMobilePointSet& points() const { return *points_; }
     /// The trajectory's nodes, in the order of the file; shared with the scan data.
     /// Requires: the trajectory was loaded.

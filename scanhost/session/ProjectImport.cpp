@@ -101,7 +101,8 @@ Tq_1_1::SmartPtr<Vardex::VardexDataObj> openProject(ModuleSession& session, Cons
 }
 
 std::vector<ImportedScan> importProject(Vardex::VardexDataObj& project, ScanImporter& importer,
-                                        const ScanOptions& options, Console& console) {
+                                        const ScanOptions& options, Console& console,
+                                        Content content) {
     std::vector<Ovr::ScanListing> all;
     for (const ProjectScan& said : project.getProject()->scans) {
         all.push_back(said.listing(importer.project()));
@@ -109,7 +110,8 @@ std::vector<ImportedScan> importProject(Vardex::VardexDataObj& project, ScanImpo
     Ovr::chooseOrigin(all);
     std::vector<ImportedScan> scans;
     for (const ProjectScan& said : scansOf(project, options)) {
-        ImportedScan scan = importer.import(said.listing(importer.project()), options, project);
+        ImportedScan scan =
+            importer.import(said.listing(importer.project()), options, project, content);
         setMetadata(said, *scan.pointSet);
         setPose(said, scan, console);
         scans.push_back(std::move(scan));
@@ -118,18 +120,19 @@ std::vector<ImportedScan> importProject(Vardex::VardexDataObj& project, ScanImpo
 }
 
 std::vector<ImportedScan> importAll(ModuleSession& session, ScanImporter& importer,
-                                    const ScanOptions& options, Console& console) {
+                                    const ScanOptions& options, Console& console, Content content) {
     std::vector<ImportedScan> scans;
     for (const std::string& file : options.files) {
         if (Ovr::FormatRegistry::the().isProject(file)) {
             const auto project = openProject(session, console, file);
-            for (ImportedScan& scan : importProject(*project, importer, options, console)) {
+            for (ImportedScan& scan :
+                 importProject(*project, importer, options, console, content)) {
                 scans.push_back(std::move(scan));
             }
             continue;
         }
         for (const Ovr::ScanListing& listing : importer.list(file, options)) {
-            scans.push_back(importer.import(listing, options, session.root()));
+            scans.push_back(importer.import(listing, options, session.root(), content));
         }
     }
     return scans;
@@ -151,17 +154,18 @@ Ovr::ScanListing findOne(ModuleSession& session, Console& console, const ScanOpt
     return std::move(scans.front());
 }
 
-ImportedScan importOne(ModuleSession& session, Console& console, const ScanOptions& options) {
+ImportedScan importOne(ModuleSession& session, Console& console, const ScanOptions& options,
+                       Content content) {
     ScanImporter importer(session, console);
     const std::string& file = options.files.front();
     if (Ovr::FormatRegistry::the().isProject(file)) {
         const auto project = openProject(session, console, file);
         requireOne(scansOf(*project, options).size(), file);
-        return importProject(*project, importer, options, console).front();
+        return importProject(*project, importer, options, console, content).front();
     }
     const std::vector<Ovr::ScanListing> scans = importer.list(file, options);
     requireOne(scans.size(), file);
-    return importer.import(scans.front(), options, session.root());
+    return importer.import(scans.front(), options, session.root(), content);
 }
 
 }  // namespace ScanHost

@@ -25,16 +25,19 @@ Tq_1_1::SmartPtr<Vardex::VardexDataObj> openProject(ModuleSession& session, Cons
 /// Imports the scans of a project that the options choose below its data object, with what the
 /// project says of them.
 std::vector<ImportedScan> importProject(Vardex::VardexDataObj& project, ScanImporter& importer,
-                                        const ScanOptions& options, Console& console);
+                                        const ScanOptions& options, Console& console,
+                                        Content content = Content::Points);
 
 /// Imports the scans of all files and projects that the options name, into one project.
 std::vector<ImportedScan> importAll(ModuleSession& session, ScanImporter& importer,
-                                    const ScanOptions& options, Console& console);
+                                    const ScanOptions& options, Console& console,
+                                    Content content);
 
 /// The scan that the options name, of a points file or a project; several to choose from are a
 /// failure. Nothing of it is read.
 Ovr::ScanListing findOne(ModuleSession& session, Console& console, const ScanOptions& options);
 /// Imports the scan that the options name, likewise.
-ImportedScan importOne(ModuleSession& session, Console& console, const ScanOptions& options);
+ImportedScan importOne(ModuleSession& session, Console& console, const ScanOptions& options,
+                       Content content);
 
 }  // namespace ScanHost

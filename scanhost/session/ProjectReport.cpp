@@ -26,18 +26,22 @@ Json::Value jsonOf(const Hx::AttrValue& value) {
 
 }  // namespace
 
-void describeProject(const Vardex::VardexDataObj& project, Report& report) {
-    report.addText("name", "name", project.getName().toUtf8());
+void describeProject(const Vardex::VardexDataObj& project, bool forHost, Report& report) {
     report.addText("file", "file", project.getFilePath().toUtf8());
-    report.addText("class", "class", project.getClassType()->getName().toUtf8());
-    Report& attributes = report.group("attributes", "attributes");
+    if (!forHost) {
+        return;
+    }
+    Report& host = report.group("host", "what the module says to a host");
+    host.addText("name", "name", project.getName().toUtf8());
+    host.addText("class", "class", project.getClassType()->getName().toUtf8());
+    Report& attributes = host.group("attributes", "attributes");
     for (const auto& attribute : project.getAttributes()) {
         const std::string name = project.getAttrName(attribute->getToken()).toUtf8();
         const Json::Value value = jsonOf(attribute->getValue());
         attributes.add(name, name, value, value.isNull() ? "none" : value.asString());
     }
     const Json::Value form = project.toJson();
-    report.addBlock("json", "JSON form", form, jsonLine(form));
+    host.addBlock("json", "JSON form", form, jsonLine(form));
 }
 
 }  // namespace ScanHost

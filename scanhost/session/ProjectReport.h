@@ -8,7 +8,8 @@
 
 namespace ScanHost {
 
-/// Writes the attributes and the JSON form of a project's data object into a report.
-void describeProject(const Vardex::VardexDataObj& project, Report& report);
+/// Writes what a project is into a report.
+/// @param forHost  add class, attributes and JSON form of its data object, too
+void describeProject(const Vardex::VardexDataObj& project, bool forHost, Report& report);
 
 }  // namespace ScanHost

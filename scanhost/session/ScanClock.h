@@ -27,6 +27,9 @@ class ScanClock {
     /// @param zero  scan time 0 on the trajectory's clock [s]
     ScanClock(const Ovr::ClockSettings& settings, double zero, const TimeOptions& options);
 
+    /// Takes a clock for that of the points file, for dates alone, unless the user has named one.
+    void assume(Ovr::Clock clock) { settings_.points = settings_.points.value_or(clock); }
+
     /// A scan time as it is printed [s], and a time that the user gives as a scan time.
     double shown(double scanTime) const { return scanTime + shift_; }
     double taken(double time) const { return time - shift_; }

@@ -15,6 +15,8 @@
 #include "report/Failure.h"
 #include "report/NumberText.h"
 #include "session/Interrupt.h"
+#include "session/LasFile.h"
+#include "session/MobileScan.h"
 #include "session/Require.h"
 
 namespace ScanHost {
@@ -53,7 +55,7 @@ std::vector<Ovr::ScanListing> ScanImporter::list(const std::string& file,
 }
 
 ImportedScan ScanImporter::import(const Ovr::ScanListing& listing, const ScanOptions& options,
-                                  Hx::Object& parent) {
+                                  Hx::Object& parent, Content content) {
     ImportedScan scan;
     scan.name = listing.name;
     scan.classIdentifier = listing.classIdentifier;
@@ -68,8 +70,16 @@ ImportedScan ScanImporter::import(const Ovr::ScanListing& listing, const ScanOpt
     scan.container = Tq_1_1::SmartPtr<Hx::PtSetObject>(new Hx::PtSetObject);
     scan.container->init(Tq_1_1::BaseNode::CREATE_NEW, nullptr);
     scan.container->setName(name);
-    readPoints(scan);
-    console_.warn(scan.pointSet->getIScanData().getWarnings());
+    if (content == Content::PathOnly && MobileScan::isMobile(scan)) {
+        Ovr::chooseOrigin({{listing.classIdentifier, listing.name, scan.source}});
+        scan.pointSet->setFileInfo(fileInfoOf(scan.source));
+    } else {
+        if (content == Content::PointsForTimes) {
+            makeRoomForTimes(scan);
+        }
+        readPoints(scan);
+        console_.warn(scan.pointSet->getIScanData().getWarnings());
+    }
     if (!scan.container->setPointSet(scan.pointSet) || !parent.addChild(scan.container)) {
         throw Failure(listing.name + ": the scan cannot be put into the tree");
     }
@@ -86,6 +96,15 @@ std::shared_ptr<Vardex::CorvinPointSet> ScanImporter::createPointSet(
         throw Failure(listing.classIdentifier + ": the class is none of the module's");
     }
     return points;
+}
+
+/// Records that have room for times from the start need not be converted when times are loaded.
+void ScanImporter::makeRoomForTimes(const ImportedScan& scan) {
+    const auto mobile = std::dynamic_pointer_cast<Vardex::CorvinMobilePointSet>(scan.pointSet);
+    const auto header = lasHeaderOf(scan.source);
+    if (mobile && header && Ovr::Formats::lasRecordLayout(header->format).time) {
+        requireOk(mobile->enableTimeStamps(true), scan.name);
+    }
 }
 
 void ScanImporter::readPoints(const ImportedScan& scan) const {

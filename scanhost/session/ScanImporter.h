@@ -18,6 +18,13 @@
 
 namespace ScanHost {
 
+/// What of a scan is read when it is imported. Questions about the path never touch the points.
+enum class Content {
+    PathOnly,
+    Points,
+    PointsForTimes,  ///< with room for times in their records, where the file has times
+};
+
 /// Imports scans through the module into one project: they share one origin.
 class ScanImporter {
   public:
@@ -30,13 +37,15 @@ class ScanImporter {
     /// Imports one scan and places it in the tree. Throws a Failure when that fails.
     /// @param options  go before what the listing says of its trajectory and clock
     /// @param parent   where in the tree
+    /// @param content  of a mobile scan; a stance has its points always
     ImportedScan import(const Ovr::ScanListing& listing, const ScanOptions& options,
-                        Hx::Object& parent);
+                        Hx::Object& parent, Content content = Content::Points);
 
     const std::shared_ptr<Ovr::ScanProject>& project() const { return project_; }
 
   private:
     std::shared_ptr<Vardex::CorvinPointSet> createPointSet(const Ovr::ScanListing& listing) const;
+    static void makeRoomForTimes(const ImportedScan& scan);
     void readPoints(const ImportedScan& scan) const;
 
     ModuleSession& session_;

@@ -54,6 +54,24 @@ Json::Value jsonRanges(const std::array<Range<Value>, count>& ranges) {
     return value;
 }
 
+void describePoints(const ImportedScan& scan, const PointSummary& summary, Report& report) {
+    const int rows = scan.pointSet->getNumRows();
+    const int cols = scan.pointSet->getNumCols();
+    report.addHidden("rows", rows);
+    report.addHidden("columns", cols);
+    if (scan.pointSet->isPointCloud()) {
+        report.addHidden("cells", Json::UInt64{summary.cells});
+        report.addCount("points", "points", summary.returns);
+        report.addHidden("cellsWithoutReturn", Json::UInt64{summary.cells - summary.returns});
+        return;
+    }
+    report.add("cells", "grid", Json::UInt64{summary.cells},
+               fmt::format("{} x {}", countText(static_cast<std::uint64_t>(rows), "row", "rows"),
+                           countText(static_cast<std::uint64_t>(cols), "column", "columns")));
+    report.addCount("points", "points", summary.returns);
+    report.addCount("cellsWithoutReturn", "without a return", summary.cells - summary.returns);
+}
+
 void describeBounds(const PointSummary& summary, const ScanUnits& units, Report& report) {
     if (summary.returns == 0) {
         report.addNone("bounds", "bounds", "none, no point has a return");
@@ -88,15 +106,6 @@ void describeLight(const PointSummary& summary, Report& report) {
             fmt::format("red {}, green {}, blue {}", rangeText(summary.channels[0], 0),
                         rangeText(summary.channels[1], 0), rangeText(summary.channels[2], 0)));
     }
-}
-
-void describePoints(const ImportedScan& scan, Report& report) {
-    const PointSummary summary = summarize(*scan.pointSet, scan.toWorld());
-    report.addCount("points", "points", summary.returns);
-    report.addCount("cellsWithoutReturn", "without a return", summary.cells - summary.returns);
-    describeRecord(scan, report);
-    describeBounds(summary, scan.units, report);
-    describeLight(summary, report);
     if (summary.withNormal > 0) {
         report.addCount("normals", "points with normal", summary.withNormal);
     }
@@ -129,17 +138,13 @@ std::string matrixLines(const Tq_1_1::Mat4d<double>& matrix) {
     return lines;
 }
 
-void describePlacement(const ImportedScan& scan, Report& report) {
-    const Tq_1_1::Mat4d<double> toWorld = scan.toWorld();
-    if (const auto stance =
-            std::dynamic_pointer_cast<Vardex::CorvinStancePointSet>(scan.pointSet)) {
+/// Where a stance stood and how it was turned.
+void describePose(const ImportedScan& scan, Report& report) {
+    const auto stance = std::dynamic_pointer_cast<Vardex::CorvinStancePointSet>(scan.pointSet);
+    if (stance) {
         const Tq_1_1::Mat4d<double> pose = stance->getSlamPose();
         report.addBlock("slamPose", "SLAM pose (rotation, position)", jsonMatrix(pose),
                         matrixLines(pose));
-        report.addHidden("placement", jsonMatrix(toWorld));
-    } else {
-        report.add("placement", "placed at " + scan.units.brackets(), jsonMatrix(toWorld),
-                   pointText({toWorld(0, 3), toWorld(1, 3), toWorld(2, 3)}, kMetreDigits));
     }
 }
 
@@ -183,9 +188,17 @@ void addAnswer(Report& report, const std::string& key, const std::string& label,
     }
 }
 
-void describeAnswers(const ImportedScan& scan, Report& report) {
+/// What the module's classes say to a host.
+void describeForHost(const ImportedScan& scan, Report& report) {
     Hx::PointSet& points = *scan.pointSet;
     const Tq_1_1::HxClass* type = points.getClassType();
+    report.addText("id", "id", utf8(points.getId()));
+    report.addText("class", "class", utf8(type->getName()));
+    report.addHidden("classIdentifier", scan.classIdentifier);
+    describeRecord(scan, report);
+    const Tq_1_1::Mat4d<double> toWorld = scan.toWorld();
+    report.add("placement", "container placed at " + scan.units.brackets(), jsonMatrix(toWorld),
+               pointText({toWorld(0, 3), toWorld(1, 3), toWorld(2, 3)}, kMetreDigits));
     const auto settingsId = Hx::PointSetOps::PreProcess::htmlUISettingsId.find(type);
     addKnown(report, "settingsId", "settings page",
              settingsId != nullptr ? utf8(settingsId(&points)) : std::string());
@@ -208,30 +221,41 @@ void describeAnswers(const ImportedScan& scan, Report& report) {
 
 }  // namespace
 
-void describeScan(const ImportedScan& scan, Report& report, Console& console) {
-    const Vardex::CorvinPointSet& points = *scan.pointSet;
+void describeScan(const ImportedScan& scan, bool forHost, Report& report, Console& console) {
+    const bool isMobile = MobileScan::isMobile(scan);
     report.addHidden("name", printable(scan.name));
-    report.addText("id", "id", utf8(points.getId()));
     report.addText("file", "file", scan.source.file.string());
-    report.addText("class", "class", utf8(points.getClassType()->getName()));
-    report.addHidden("classIdentifier", scan.classIdentifier);
-    const int rows = points.getNumRows();
-    const int cols = points.getNumCols();
-    report.addHidden("rows", rows);
-    report.addHidden("columns", cols);
-    report.add("cells", "grid", Json::UInt64{points.getNumPoints()},
-               fmt::format("{} x {}", countText(static_cast<std::uint64_t>(rows), "row", "rows"),
-                           countText(static_cast<std::uint64_t>(cols), "column", "columns")));
-    scan.units.addTo(report);
-    describePoints(scan, report);
-    describePlacement(scan, report);
-    describeMetadata(scan, report);
-    describeLas(scan, report, console);
-    describeAnswers(scan, report);
-    if (MobileScan::isMobile(scan)) {
-        describeMobile(scan, report, console);
+    report.add("kind", "kind", isMobile ? "mobile" : "stationary",
+               isMobile ? "mobile scan" : "stationary scan");
+    const std::optional<LasDescription> las = readLas(scan, console);
+    std::optional<MobileReport> mobile;
+    if (isMobile) {
+        mobile.emplace(scan, console);
+    }
+    const PointSummary summary = summarize(*scan.pointSet, scan.toWorld());
+    describePoints(scan, summary, report);
+    if (mobile) {
+        const bool saysAdjusted = las && las->header.adjustedTime;
+        mobile->describeClock(saysAdjusted ? std::optional(Ovr::Clock::AdjustedGps) : std::nullopt,
+                              report);
     } else {
         remarkOnStance(scan, console);
+    }
+    scan.units.addTo(report);
+    describeBounds(summary, scan.units, report);
+    describePose(scan, report);
+    describeSystem(las ? &*las : nullptr, scan.units, report);
+    if (mobile) {
+        mobile->describeTimes(summary.times, report);
+        mobile->describePath(summary.bounds, report);
+    }
+    describeLight(summary, report);
+    describeMetadata(scan, report);
+    if (las) {
+        describeLas(*las, scan.units, report);
+    }
+    if (forHost) {
+        describeForHost(scan, report.group("host", "what the module says to a host"));
     }
 }
 

@@ -90,7 +90,7 @@ std::string ScanUnits::brackets() const {
                                   : fmt::format("[{}, z in {}]", label(0), label(2));
 }
 
-std::string ScanUnits::behind() const {
+std::string ScanUnits::suffix() const {
     return fmt::format(" {}", label(0));
 }
 
@@ -131,7 +131,7 @@ std::string axisLabel(const ScanUnits& units, std::size_t axis) {
 void addDistance(const ScanUnits& units, Report& report, const std::string& key,
                  const std::string& label, double distance, int digits) {
     if (units.hasDistances()) {
-        report.addNumber(key, label, distance, digits, units.behind());
+        report.addNumber(key, label, distance, digits, units.suffix());
     } else {
         report.addNone(key, label, "none, the coordinates are in " + units.words());
     }

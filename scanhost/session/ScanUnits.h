@@ -33,8 +33,8 @@ struct ScanUnits {
     std::string label(std::size_t axis) const;
     /// "[m]", or "[deg, z in m]" where heights have another unit.
     std::string brackets() const;
-    /// " m" behind a distance, or behind a difference along the first axis.
-    std::string behind() const;
+    /// " m" after a distance, or after a difference along the first axis.
+    std::string suffix() const;
     /// The names of the units in words, for messages.
     std::string words() const;
 

@@ -66,14 +66,14 @@ void requireSameTrajectory(const std::filesystem::path& file, Ovr::ScanProject* 
     const Difference difference = compare(nodes, copies);
     Report& result = report.group("verified", "read back, largest difference");
     result.addNumber("time", "time", difference.time, 12, " s");
-    result.addNumber("position", "position", difference.position, 12, units.behind());
+    result.addNumber("position", "position", difference.position, 12, units.suffix());
     result.addNumber("rotation", "rotation", difference.rotation, 12, "");
     if (!difference.isSmall()) {
         throw Failure(fmt::format(
             "{}: the poses read back differ by up to {} s, {}{} and {} in the rotation, "
             "expected at most {}",
             file.string(), shortText(difference.time), shortText(difference.position),
-            units.behind(), shortText(difference.rotation), shortText(kVerifyTolerance)));
+            units.suffix(), shortText(difference.rotation), shortText(kVerifyTolerance)));
     }
 }
 

@@ -143,7 +143,7 @@ TEST(LasCrs, TakesTheRecordThatCounts) {
         const char* name;
         std::string before;
         std::uint32_t count;
-        std::string behind;
+        std::string after;
         std::uint16_t encoding;
         CrsSource source;
         const char* code;
@@ -154,12 +154,12 @@ TEST(LasCrs, TakesTheRecordThatCounts) {
         {"text", wkt, 1, "", 0, CrsSource::Wkt, "EPSG:4269", ""},
         {"both, keys count", geo + wkt, 2, "", 0, CrsSource::GeoKeys, "EPSG:32632", ""},
         {"both, text counts", geo + wkt, 2, "", 16, CrsSource::Wkt, "EPSG:4269", ""},
-        {"behind the points", "", 0, extended, 16, CrsSource::Wkt, "EPSG:4269", ""},
+        {"after the points", "", 0, extended, 16, CrsSource::Wkt, "EPSG:4269", ""},
         {"another user's", lasRecord("liblas", 2112, kGeographic), 1, "", 16, CrsSource::None, "",
          ""},
         {"broken text", lasRecord("LASF_Projection", 2112, "GEOGCS[\"a"), 1, "", 16,
          CrsSource::None, "", "record 2112 of LASF_Projection holds no readable well-known text"},
-        {"cut behind the points", "", 0, extended.substr(0, 100), 16, CrsSource::None, "",
+        {"cut after the points", "", 0, extended.substr(0, 100), 16, CrsSource::None, "",
          "extended variable-length record 1 of 1 reaches past the end of the file"},
     };
     Support::TempFolder folder;
@@ -174,11 +174,11 @@ TEST(LasCrs, TakesTheRecordThatCounts) {
         las.points.resize(1);
         std::string bytes = las.bytes();
         Support::poke(bytes, 235, static_cast<std::uint64_t>(bytes.size()));
-        Support::poke(bytes, 243, std::uint32_t{c.behind.empty() ? 0U : 1U});
+        Support::poke(bytes, 243, std::uint32_t{c.after.empty() ? 0U : 1U});
         InputFile file;
         LasHeader header;
         Remarks remarks;
-        ASSERT_FALSE(file.open(folder.write("a.las", bytes + c.behind)));
+        ASSERT_FALSE(file.open(folder.write("a.las", bytes + c.after)));
         ASSERT_FALSE(readLasHeader(file, header, remarks));
         const LasCrs found = readLasCrs(file, header, remarks);
         EXPECT_EQ(found.source, c.source);

@@ -11,6 +11,7 @@
 #include "las/LasExtraBytes.h"
 #include "las/LasFacts.h"
 #include "las/LasNames.h"
+#include "las/LasRanges.h"
 #include "support/LasBytes.h"
 #include "support/TempFolder.h"
 
@@ -89,6 +90,39 @@ TEST_F(LasFile, CountsClassesReturnsAndFlags) {
     EXPECT_EQ(facts.overlap, 2U);
     EXPECT_EQ(facts.withheld, 1U);
     EXPECT_TRUE(returnsDiffer(header_, facts));
+}
+
+TEST_F(LasFile, FindsRangesOfScanAngleAndPointSource) {
+    LasBytes las;
+    las.points.resize(2);
+    std::string old = las.bytes();
+    const std::size_t first = las.headerSize();
+    old[first + 16] = static_cast<char>(-90);
+    old[first + 28 + 16] = 7;
+    poke(old, first + 18, std::uint16_t{65535});
+    poke(old, first + 28 + 18, std::uint16_t{256});
+    las.minor = 4;
+    las.format = 6;
+    std::string recent = las.bytes();
+    const std::size_t at = las.headerSize();
+    poke(recent, at + 18, std::int16_t{-30000});
+    poke(recent, at + 30 + 18, std::int16_t{1});
+    poke(recent, at + 20, std::uint16_t{3});
+    poke(recent, at + 30 + 20, std::uint16_t{2});
+    const struct {
+        const std::string& bytes;
+        double angles[2];
+        unsigned sources[2];
+    } cases[] = {{old, {-90, 7}, {256, 65535}}, {recent, {-180, 0.006}, {2, 3}}};
+    for (const auto& c : cases) {
+        read(c.bytes);
+        LasRanges ranges;
+        ASSERT_FALSE(findLasRanges(*file_, header_, ranges, {}));
+        EXPECT_EQ(lasScanAngle(header_, ranges.lowestAngle), c.angles[0]);
+        EXPECT_EQ(lasScanAngle(header_, ranges.highestAngle), c.angles[1]);
+        EXPECT_EQ(ranges.lowestSource, c.sources[0]);
+        EXPECT_EQ(ranges.highestSource, c.sources[1]);
+    }
 }
 
 TEST_F(LasFile, ComparesBoundsToAStepOfTheCoordinates) {
@@ -172,7 +206,7 @@ TEST_F(LasFile, SaysWhatTheHeaderDoesNotCount) {
     } cases[] = {
         {"part of a record", 2, [](std::string& b) { b += std::string(27, 'x'); }, ""},
         {"two records more", 2, [](std::string& b) { b += std::string(60, 'x'); },
-         "60 bytes behind the last counted point, room for 2 points more than the header's 2"},
+         "60 bytes after the last counted point, room for 2 points more than the header's 2"},
         {"waveforms", 3,
          [](std::string& b) {
              poke(b, 227, static_cast<std::uint64_t>(b.size()));

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The VardexScandata developers
 // SPDX-License-Identifier: MIT
 
+#include <algorithm>
+#include <cmath>
 #include <limits>
 #include <memory>
 #include <string>
@@ -91,14 +93,9 @@ TEST_F(LasTimes, AreRefusedBeforeTheFirstIsWritten) {
         unsigned format = 1;
     } cases[] = {
         {{1.0}, {}, NoTimes, "found point format 2, which has no time", 2},
-        {{9.5, 12.0},
-         {10.0, 14.0},
-         TimeRange,
-         "found point times 9.500000 .. 12.000000 s, expected none before time zero, the first of "
-         "the trajectory's 10.000000 .. 14.000000 s"},
         {{5.0, 4299.967296}, {}, TimeRange, "4294.967296 s after time zero, expected at most"},
         {{100.0, 120.0}, {10.0, 14.0}, TimeRange, "expected times that meet the trajectory's 10."},
-        {{1.0, nan}, {}, InvalidValue, "byte 275: found the time nan of point 1"},
+        {{nan, nan}, {}, TimeRange, "found 2 points without a time that is a finite number"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.words);
@@ -110,6 +107,27 @@ TEST_F(LasTimes, AreRefusedBeforeTheFirstIsWritten) {
     }
 }
 
+TEST_F(LasTimes, OutsideTheTrajectoryAreToldAndLeaveTheRestAlone) {
+    const auto scan = scanOf({9.5, 12.0, std::nan(""), 15.5, 9.0});
+    scan->data.setTrajectoryNodes(nodesAt({10.0, 14.0}));
+    const Ovr::ErrorPtr error = scan->loadTimes();
+    ASSERT_FALSE(error) << error->message();
+    EXPECT_EQ(scan->times->times, (std::vector<std::uint64_t>{0, 2000000, 0, 5500000, 0}));
+    EXPECT_EQ(scan->metaData().ScanDuration(), 4.0);
+    const auto warnings = scan->data.getWarnings();
+    for (const char* words :
+         {"1 of 5 points with a time that is no finite number, taken as scan time 0, the first is "
+          "point 2",
+          "2 of 5 points measured before the first pose, by up to 1.000000 s, taken as scan time "
+          "0, the first is point 0",
+          "1 of 5 points measured after the last pose, by up to 1.500000 s, the first is point "
+          "3"}) {
+        EXPECT_TRUE(std::any_of(warnings.begin(), warnings.end(), [&](const std::string& warning) {
+            return warning.find(words) != std::string::npos;
+        })) << words;
+    }
+}
+
 TEST_F(LasTimes, TellTheClockTheyLookLikeAndTheHeaders) {
     const struct {
         double time;
@@ -117,11 +135,11 @@ TEST_F(LasTimes, TellTheClockTheyLookLikeAndTheHeaders) {
         const char* words;
         bool agree = false;
     } cases[] = {
-        {1305031102.0, 0, "look like Unix or unadjusted GPS time; the header says GPS week"},
+        {1305031102.0, 0, "look like Unix or GPS time; the header says GPS week"},
         {374103812.0, 1, "look like adjusted GPS time; the header says adjusted GPS time", true},
         {604800.0, 0, "look like GPS week seconds; the header says GPS week seconds", true},
         {604800.5, 0, "look like adjusted GPS time; the header says GPS week seconds"},
-        {1305031102160.0, 0, "look like milliseconds, microseconds or nanoseconds"},
+        {1305031102160.0, 0, "look like Unix or GPS time in milliseconds"},
     };
     for (const auto& c : cases) {
         const auto scan = scanOf({c.time}, 1, c.encoding);

@@ -86,11 +86,12 @@ TEST_F(LazFile, FindsItsChunksInEveryWay) {
     layeredVarying.varying = varying.varying;
     LazBytes prototype = layered;
     prototype.schema.items[0].version = 2;
-    const auto with = [](LazBytes file, Table table, const char* extended = "") {
+    const auto with = [](LazBytes file, Table table, const std::string& extended = {}) {
         file.table = table;
         file.extended = extended;
         return file;
     };
+    const std::string record(60, '\0');  // an extended one without data
     const struct {
         const char* name;
         LazBytes file;
@@ -101,14 +102,14 @@ TEST_F(LazFile, FindsItsChunksInEveryWay) {
         {"one stream", stream},
         {"varying", varying},
         {"varying, written as 0", zero},
-        {"layered, varying, extended records", with(layeredVarying, Table::InPlace, "more")},
+        {"layered, varying, extended records", with(layeredVarying, Table::InPlace, record)},
         {"version 2 of a layered item", prototype},
         {"fixed, place at the end", with(fixed, Table::AtTheEnd)},
         {"varying, place at the end", with(varying, Table::AtTheEnd)},
-        {"layered, place before extended records", with(layered, Table::AtTheEnd, "more bytes")},
+        {"layered, place before extended records", with(layered, Table::AtTheEnd, record)},
         {"fixed, no table", with(fixed, Table::Missing), true},
         {"layered, no table", with(layered, Table::Missing), true},
-        {"layered, varying, no table", with(layeredVarying, Table::Missing, "more"), true},
+        {"layered, varying, no table", with(layeredVarying, Table::Missing, record), true},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);

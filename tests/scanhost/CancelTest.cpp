@@ -56,7 +56,7 @@ TEST(Cancel, CtrlCEndsLongWorkWithoutOutput) {
     EXPECT_EQ(kill(process, SIGINT), 0);
     const std::string err = drain(pipe);
     EXPECT_EQ(waitFor(process), 130) << err;
-    EXPECT_NE(err.find("scanhost: " + longName + ".las: reading points"), std::string::npos) << err;
+    EXPECT_NE(err.find("scanhost: " + longName + ".las: reading times"), std::string::npos) << err;
     EXPECT_EQ(err.find(" 99 %"), std::string::npos) << err;
     EXPECT_NE(err.find("cancelled"), std::string::npos) << err;
     EXPECT_EQ(readFile(folder.file("stdout")), "");

@@ -35,7 +35,7 @@ std::vector<std::string> recordsOf(const std::string& file) {
 }
 
 /// A file with everything that must not get lost: variable-length records, fields of every kind,
-/// extra bytes, bytes behind the points.
+/// extra bytes, bytes after the points.
 std::string fullFile(unsigned minor, unsigned format, const std::vector<double>& times) {
     LasBytes las;
     las.minor = minor;
