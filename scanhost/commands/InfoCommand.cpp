@@ -127,15 +127,14 @@ class InfoCommand final : public Command {
         if (Ovr::FormatRegistry::the().isProject(file)) {
             const auto project = openProject(session, console, file);
             for (ImportedScan& scan :
-                 importProject(*project, importer, scan_, console, Content::PointsForTimes)) {
+                 importProject(*project, importer, scan_, console, Content::Everything)) {
                 scans.push_back(std::move(scan));
             }
             describeProject(*project, host_, report.item("projects", "project " + file));
             return;
         }
         for (const Ovr::ScanListing& listing : importer.list(file, scan_)) {
-            scans.push_back(
-                importer.import(listing, scan_, session.root(), Content::PointsForTimes));
+            scans.push_back(importer.import(listing, scan_, session.root(), Content::Everything));
         }
     }
 

@@ -17,7 +17,6 @@
 
 #include "report/NumberText.h"
 #include "session/Interrupt.h"
-#include "session/LasFile.h"
 #include "session/Require.h"
 
 namespace ScanHost {
@@ -204,7 +203,7 @@ void describeDifferences(const LasHeader& header, const LasFacts& facts, const S
 }  // namespace
 
 std::optional<LasDescription> readLas(const ImportedScan& scan, Console& console) {
-    if (!isLas(scan.source)) {
+    if (!scan.lasFacts) {
         return std::nullopt;
     }
     Ovr::Formats::InputFile file;
@@ -218,8 +217,7 @@ std::optional<LasDescription> readLas(const ImportedScan& scan, Console& console
     }
     las.system = readLasCrs(file, las.header, remarks);
     las.extra = readLasExtraBytes(file, las.header, remarks);
-    const ProgressTask task(console.progress(), scan.name + ": counting points by class");
-    requireOk(countLasFacts(file, las.header, las.facts, {console.progress().get(), &interrupt}));
+    las.facts = scan.lasFacts->facts();
     console.warn(remarks.warnings());
     return las;
 }

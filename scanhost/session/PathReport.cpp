@@ -69,7 +69,7 @@ void describeRates(const PathStats& stats, const PathPlaces& path, Report& repor
     } else if (!stats.speed) {
         report.addNone("speed", "speed", timeless);
     } else {
-        describeRate("speed", "speed", *stats.speed, path.units.behind() + "/s", path, report);
+        describeRate("speed", "speed", *stats.speed, path.units.suffix() + "/s", path, report);
     }
     if (stats.turning) {
         describeRate("turning", "turning", *stats.turning, " deg/s", path, report);

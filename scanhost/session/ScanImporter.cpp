@@ -74,8 +74,13 @@ ImportedScan ScanImporter::import(const Ovr::ScanListing& listing, const ScanOpt
         Ovr::chooseOrigin({{listing.classIdentifier, listing.name, scan.source}});
         scan.pointSet->setFileInfo(fileInfoOf(scan.source));
     } else {
-        if (content == Content::PointsForTimes) {
-            makeRoomForTimes(scan);
+        const auto header = content == Content::Points ? std::nullopt : lasHeaderOf(scan.source);
+        if (header) {
+            makeRoomForTimes(scan, *header);
+        }
+        if (header && content == Content::Everything) {
+            scan.lasFacts = std::make_shared<Ovr::Formats::LasFactsCounter>(*header);
+            scan.source.observer = scan.lasFacts;
         }
         readPoints(scan);
         console_.warn(scan.pointSet->getIScanData().getWarnings());
@@ -99,10 +104,10 @@ std::shared_ptr<Vardex::CorvinPointSet> ScanImporter::createPointSet(
 }
 
 /// Records that have room for times from the start need not be converted when times are loaded.
-void ScanImporter::makeRoomForTimes(const ImportedScan& scan) {
+void ScanImporter::makeRoomForTimes(const ImportedScan& scan,
+                                    const Ovr::Formats::LasHeader& header) {
     const auto mobile = std::dynamic_pointer_cast<Vardex::CorvinMobilePointSet>(scan.pointSet);
-    const auto header = lasHeaderOf(scan.source);
-    if (mobile && header && Ovr::Formats::lasRecordLayout(header->format).time) {
+    if (mobile && Ovr::Formats::lasRecordLayout(header.format).time) {
         requireOk(mobile->enableTimeStamps(true), scan.name);
     }
 }

@@ -23,6 +23,7 @@ enum class Content {
     PathOnly,
     Points,
     PointsForTimes,  ///< with room for times in their records, where the file has times
+    Everything,      ///< the same, and the facts of a LAS file
 };
 
 /// Imports scans through the module into one project: they share one origin.
@@ -45,7 +46,7 @@ class ScanImporter {
 
   private:
     std::shared_ptr<Vardex::CorvinPointSet> createPointSet(const Ovr::ScanListing& listing) const;
-    static void makeRoomForTimes(const ImportedScan& scan);
+    static void makeRoomForTimes(const ImportedScan& scan, const Ovr::Formats::LasHeader& header);
     void readPoints(const ImportedScan& scan) const;
 
     ModuleSession& session_;

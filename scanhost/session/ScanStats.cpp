@@ -135,10 +135,7 @@ class ScanWalk {
         }
         stats_.perSecond = seconds_.within(stats_.times);
         if (!distances_.empty()) {
-            ScanStats::Distances& found = stats_.distances.emplace();
-            found.least = range_.low;
-            found.largest = range_.high;
-            found.median = medianOf(distances_);
+            stats_.distances = PointDistances{range_.low, medianOf(distances_), range_.high};
         }
         return stats_;
     }

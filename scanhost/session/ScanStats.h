@@ -23,23 +23,24 @@ struct ScanPath {
     bool hasDistances = false;  ///< to the points: both have one unit of length
 };
 
+/// Of points from the scanner, in the unit of both.
+struct PointDistances {
+    double least = 0.0;
+    double median = 0.0;
+    double largest = 0.0;
+};
+
 /// What the times and places of a scan's points tell.
 struct ScanStats {
-    struct Distances {
-        double least = 0.0;
-        double median = 0.0;
-        double largest = 0.0;
-    };
-
     std::uint64_t timed = 0;   ///< points that count
     std::uint64_t atZero = 0;  ///< points that do not
     Range<double> times;       ///< of those that count [s, scan time]
     /// Points in one second, over the whole seconds of scan time from the first point to the last;
     /// empty when there is none.
     Range<std::uint64_t> perSecond;
-    std::uint64_t outside = 0;           ///< measured after the path's end: where is not known
-    std::uint64_t still = 0;             ///< measured during a stop
-    std::optional<Distances> distances;  ///< from the scanner at the point's time
+    std::uint64_t outside = 0;                ///< measured after the path's end: where is not known
+    std::uint64_t still = 0;                  ///< measured during a stop
+    std::optional<PointDistances> distances;  ///< from the scanner at the point's time
 };
 
 /// Walks once over the points.

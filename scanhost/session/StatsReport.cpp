@@ -59,7 +59,7 @@ void describeDistances(const ScanStats& stats, const ScanUnits& units, Report& r
     const auto add = [&](const char* name, double distance) {
         value[name] = jsonNumber(distance);
         text += fmt::format("{}{} {}{}", text.empty() ? "" : ", ", name,
-                            fixedText(distance, kMetreDigits), units.behind());
+                            fixedText(distance, kMetreDigits), units.suffix());
     };
     add("least", stats.distances->least);
     add("median", stats.distances->median);
@@ -104,7 +104,7 @@ void describePoints(const ImportedScan& scan, const MobileScan& mobile,
 
 PathStats describeOwnPath(const ImportedScan& scan, const MobileScan& mobile, Report& report) {
     const PathPlaces path{mobile.nodes(), pathUnits(scan), scan.toWorld()};
-    const PathStats stats =
+    PathStats stats =
         pathStats(path.nodes, path.units.hasDistances()
                                   ? std::optional(kStopRadius / path.units.horizontal.factor)
                                   : std::nullopt);

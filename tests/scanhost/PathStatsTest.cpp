@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <utility>
 
 #include "session/PathStats.h"
 #include "support/TestNodes.h"
@@ -70,19 +71,22 @@ TEST(PathStats, AStopIsLongerThanASecondWithinFiveCentimetres) {
 }
 
 TEST(PathStats, TurningTakesTheShorterWay) {
-    // 10 degrees about z and back, then 190 about x: that is 170 the other way round.
+    // 10 degrees about z and back, then 190 about x, which is 170 the other way round, and from
+    // there to 170 about x.
     const double cosine = 0.984807753;
     const double sine = 0.173648178;
-    Nodes nodes{nodeAt(0, {}), nodeAt(1, {}), nodeAt(2, {}), nodeAt(4, {})};
+    Nodes nodes{nodeAt(0, {}), nodeAt(1, {}), nodeAt(2, {}), nodeAt(4, {}), nodeAt(5, {})};
     nodes[1].pose[0] = nodes[1].pose[5] = cosine;
     nodes[1].pose[1] = sine;
     nodes[1].pose[4] = -sine;
-    nodes[3].pose[5] = nodes[3].pose[10] = -cosine;
-    nodes[3].pose[6] = -sine;
-    nodes[3].pose[9] = sine;
+    for (const auto& [node, side] : {std::pair{3, -sine}, {4, sine}}) {
+        nodes[node].pose[5] = nodes[node].pose[10] = -cosine;
+        nodes[node].pose[6] = side;
+        nodes[node].pose[9] = -side;
+    }
     const PathStats stats = pathStats(nodes, kStopRadius);
     ASSERT_TRUE(stats.turning);
-    EXPECT_NEAR(stats.turning->median, 10.0, 1e-6);
+    EXPECT_NEAR(stats.turning->median, 15.0, 1e-6);
     EXPECT_NEAR(stats.turning->largest, 85.0, 1e-6);
     EXPECT_EQ(stats.turning->at, 2U);
 }
