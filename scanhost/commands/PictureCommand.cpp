@@ -66,7 +66,6 @@ class PictureCommand final : public Command {
                        "or colour, reflection or height");
         options.count("--width", width_, "PIXELS", "Width of the picture (1600)");
         declareScanSettings(options, scan_);
-        declareLenient(options, scan_);
         declareForce(options, rules_);
     }
     void run(const CommonOptions& /*common*/, Console& console) override {
@@ -85,7 +84,6 @@ class PictureCommand final : public Command {
         rules_.check({*output_, pictureEndings()});
         requireOneUnit(scans);
         const Scene scene = openScene(scans, needsTimes(), console);
-        const ProgressTask task(console.progress(), "drawing");
         const PictureFile picture = drawPicture(scene, scan_.files, request_, *output_, rules_);
         Report report;
         describePicture(picture, report);

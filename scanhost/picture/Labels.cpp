@@ -34,7 +34,7 @@ bool LabelPlacer::isFree(const Box& box) const {
            });
 }
 
-bool LabelPlacer::write(Canvas& canvas, const Spot& mark, double radius, const std::string& text,
+void LabelPlacer::write(Canvas& canvas, const Spot& mark, double radius, const std::string& text,
                         const TextStyle& style) {
     constexpr std::array<std::array<int, 2>, 8> kDirections{
         {{1, 0}, {-1, 0}, {0, -1}, {0, 1}, {1, -1}, {1, 1}, {-1, -1}, {-1, 1}}};
@@ -49,11 +49,10 @@ bool LabelPlacer::write(Canvas& canvas, const Spot& mark, double radius, const s
                 canvas.fill(box, kWhite, kOpacity);
                 canvas.text({box.x + pad, box.y + kBaseLine * style.size}, text, style);
                 reserve(box);
-                return true;
+                return;
             }
         }
     }
-    return false;
 }
 
 }  // namespace ScanHost

@@ -19,10 +19,9 @@ class LabelPlacer {
 
     /// No label is put there.
     void reserve(const Box& box) { taken_.push_back(box); }
-    /// Writes a name near a mark, on a white ground.
+    /// Writes a name near a mark, on a white ground, where there is room.
     /// @param radius  of the mark [pixels]
-    /// @return false when there is no room; nothing is written then
-    bool write(Canvas& canvas, const Spot& mark, double radius, const std::string& text,
+    void write(Canvas& canvas, const Spot& mark, double radius, const std::string& text,
                const TextStyle& style);
 
   private:

@@ -8,6 +8,7 @@
 
 #include "picture/Axis.h"
 #include "session/Interrupt.h"
+#include "session/Spread.h"
 
 namespace ScanHost {
 
@@ -35,6 +36,33 @@ double exaggerationOf(double height, const PlotRoom& room) {
     return height < 0.5 * wanted ? roundBelow(wanted / height) : 1.0;
 }
 
+/// A walk over some of the points of a scan.
+struct PartOfPoints {
+    const Hx::PointSet& points;
+    PointAxis across;
+    PointAxis up;
+    Range<double> likelyAcross;
+    Range<double> likelyUp;
+    MapBounds bounds;
+
+    void walk(std::uint64_t begin, std::uint64_t end) {
+        for (std::uint64_t index = begin; index < end; ++index) {
+            const Hx::PointSet::ScanPt& point = points.getScanPt(index);
+            if (!isReturn(points, point)) {
+                continue;
+            }
+            ++bounds.returns;
+            const double right = across(point);
+            const double high = up(point);
+            if (right >= likelyAcross.low && right <= likelyAcross.high && high >= likelyUp.low &&
+                high <= likelyUp.high) {
+                bounds.across.add(right);
+                bounds.up.add(high);
+            }
+        }
+    }
+};
+
 }  // namespace
 
 ViewAxes viewAxes(PictureKind kind) {
@@ -57,26 +85,15 @@ void MapBounds::add(const MapBounds& other) {
 
 MapBounds boundsOfPoints(const SceneScan& scan, const ViewAxes& axes,
                          const std::array<Range<double>, 3>& likely) {
-    const Hx::PointSet& points = scan.points();
-    const std::uint64_t cells = points.getNumPoints();
-    const PointAxis acrossOf(scan.toWorld, axes.across);
-    const PointAxis upOf(scan.toWorld, axes.up);
-    const Range<double> likelyAcross = likely[axes.across];
-    const Range<double> likelyUp = likely[axes.up];
+    const PartOfPoints part{scan.points(),
+                            PointAxis(scan.toWorld, axes.across),
+                            PointAxis(scan.toWorld, axes.up),
+                            likely[axes.across],
+                            likely[axes.up],
+                            {}};
     MapBounds bounds;
-    for (std::uint64_t index = 0; index < cells; ++index) {
-        const Hx::PointSet::ScanPt& point = points.getScanPt(index);
-        if (!isReturn(points, point)) {
-            continue;
-        }
-        ++bounds.returns;
-        const double across = acrossOf(point);
-        const double up = upOf(point);
-        if (across >= likelyAcross.low && across <= likelyAcross.high && up >= likelyUp.low &&
-            up <= likelyUp.high) {
-            bounds.across.add(across);
-            bounds.up.add(up);
-        }
+    for (const PartOfPoints& found : spread(scan.points().getNumPoints(), part)) {
+        bounds.add(found.bounds);
     }
     Interrupt::check();
     return bounds;

@@ -110,8 +110,8 @@ void drawPaths(Canvas& canvas, const Scene& scene, const MapFrame& frame, const 
     }
 }
 
-std::size_t drawMarks(Canvas& canvas, const Scene& scene, const MapFrame& frame,
-                      LabelPlacer& labels, double fontSize) {
+void drawMarks(Canvas& canvas, const Scene& scene, const MapFrame& frame, LabelPlacer& labels,
+               double fontSize) {
     const double radius = kMarkRadius * fontSize;
     const TextStyle style{.size = fontSize, .bold = true};
     const auto paths = std::count_if(scene.begin(), scene.end(),
@@ -141,11 +141,9 @@ std::size_t drawMarks(Canvas& canvas, const Scene& scene, const MapFrame& frame,
     for (const Mark& mark : marks) {
         labels.reserve(boxOf(mark.spot, radius));
     }
-    std::size_t unnamed = 0;
     for (const Mark& mark : marks) {
-        unnamed += labels.write(canvas, mark.spot, 1.6 * radius, mark.name, style) ? 0U : 1U;
+        labels.write(canvas, mark.spot, 1.6 * radius, mark.name, style);
     }
-    return unnamed;
 }
 
 void drawNorthArrow(Canvas& canvas, const Spot& top, double height, double fontSize) {

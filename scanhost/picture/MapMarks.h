@@ -20,10 +20,10 @@ struct PathColors {
 void drawPaths(Canvas& canvas, const Scene& scene, const MapFrame& frame, const PathColors& colors,
                double fontSize);
 
-/// Marks starts and ends of paths, and stances with their headings, and names them.
-/// @return how many names found no room
-std::size_t drawMarks(Canvas& canvas, const Scene& scene, const MapFrame& frame,
-                      LabelPlacer& labels, double fontSize);
+/// Marks starts and ends of paths, and stances with their headings, and names them. A name
+/// that finds no room is left out.
+void drawMarks(Canvas& canvas, const Scene& scene, const MapFrame& frame, LabelPlacer& labels,
+               double fontSize);
 
 /// An arrow that points up, for the direction in which y grows.
 void drawNorthArrow(Canvas& canvas, const Spot& top, double height, double fontSize);

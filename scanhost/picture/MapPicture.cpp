@@ -4,6 +4,7 @@
 #include "picture/MapPicture.h"
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
 
 #include <fmt/format.h>
@@ -143,7 +144,7 @@ Sheet mapSheet(const Scene& scene, const PictureRequest& request) {
     const MapBounds bounds = boundsOf(scene, samples, axes);
     samples.clear();
 
-    const double legend = mapLegendHeight(scene, axes, map->colors, map->paths, sizes);
+    const double legend = std::ceil(mapLegendHeight(scene, axes, map->colors, map->paths, sizes));
     // The width of the numbers is not known before the frame is; it hardly changes with it.
     double left = 6.0 * sizes.font;
     for (int round = 0; round < 2; ++round) {

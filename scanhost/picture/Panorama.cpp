@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <optional>
 
 #include <fmt/format.h>
 
@@ -21,6 +22,11 @@ namespace {
 
 constexpr double kTurn = 360.0;
 constexpr double kMostHeight = 0.7;  // of the plot, as a part of its width
+
+struct PanoramaGrid {
+    GridOrientation orientation;
+    std::optional<GridAngles> angles;
+};
 
 struct PanoramaPlot {
     PointColors colors;
@@ -74,14 +80,14 @@ Image paintGrid(const SceneScan& scan, const PointColors& colors, const GridOrie
 }
 
 /// Angles, or numbers of columns and rows where the grid has none.
-void layAxes(const SceneScan& scan, const GridOrientation& grid, double width, double height,
+void layAxes(const SceneScan& scan, const PanoramaGrid& grid, double width, double height,
              PanoramaPlot& plot) {
     const double cols = scan.points().getNumCols();
     const double rows = scan.points().getNumRows();
     const auto most = [](double pixels, double each) {
         return std::max(2, static_cast<int>(pixels / each));
     };
-    if (const auto angles = anglesOf(scan.points(), grid)) {
+    if (const auto& angles = grid.angles) {
         const std::vector<double> steps{0.01, 0.02, 0.05, 0.1, 0.2, 0.5, 1,
                                         2,    5,    10,   15,  30,  45,  90};
         const AngleSteps& right = angles->columns;
@@ -102,19 +108,20 @@ void layAxes(const SceneScan& scan, const GridOrientation& grid, double width, d
             ticksBetween(plot.up.scale.low, plot.up.scale.high, most(height, 50.0), steps);
         return;
     }
-    const bool left = grid.mirrored;
+    const bool left = grid.orientation.mirrored;
     plot.across = {{left ? cols : 0.0, left ? 0.0 : cols, 0.0, width}, {}, "column"};
-    plot.up = {
-        {grid.upsideDown ? 0.0 : rows, grid.upsideDown ? rows : 0.0, height, 0.0}, {}, "row"};
+    plot.up = {{grid.orientation.upsideDown ? 0.0 : rows, grid.orientation.upsideDown ? rows : 0.0,
+                height, 0.0},
+               {},
+               "row"};
     plot.across.ticks = ticksBetween(0.0, cols, most(width, 90.0));
     plot.up.ticks = ticksBetween(0.0, rows, most(height, 50.0));
 }
 
 /// Height of the plot for its width, with equal degrees in both directions where there are degrees.
-double aspectOf(const SceneScan& scan, const GridOrientation& grid) {
+double aspectOf(const SceneScan& scan, const std::optional<GridAngles>& angles) {
     const double cells = static_cast<double>(scan.points().getNumRows()) /
                          static_cast<double>(scan.points().getNumCols());
-    const auto angles = anglesOf(scan.points(), grid);
     return angles ? cells * std::abs(angles->rows.step / angles->columns.step) : cells;
 }
 
@@ -150,17 +157,18 @@ Sheet panoramaSheet(const Scene& scene, const PictureRequest& request) {
     const SheetSizes sizes(request.width);
     const auto plot = std::make_shared<PanoramaPlot>();
     plot->colors = choosePointColors(request, scene, samples);
-    const GridOrientation grid = orientationOf(scan.points());
+    const GridOrientation orientation = orientationOf(scan.points());
+    const PanoramaGrid grid{orientation, anglesOf(scan.points(), orientation)};
     const double left = 5.0 * sizes.font;
     const double room = std::floor(sizes.width - left - sizes.column - 2.0 * sizes.font);
-    const double aspect = aspectOf(scan, grid);
+    const double aspect = aspectOf(scan, grid.angles);
     const double most = kMostHeight * room;
     const double width =
         std::floor(aspect * room > most ? std::max(most / aspect, 0.1 * room) : room);
     const double height = std::floor(std::clamp(aspect * width, 0.1 * room, most));
     layAxes(scan, grid, width, height, *plot);
-    plot->image =
-        paintGrid(scan, plot->colors, grid, static_cast<int>(width), static_cast<int>(height));
+    plot->image = paintGrid(scan, plot->colors, orientation, static_cast<int>(width),
+                            static_cast<int>(height));
     for (Scale* scale : {&plot->across.scale, &plot->up.scale}) {
         const double shift = scale == &plot->across.scale ? left : sizes.top;
         scale->start += shift;
