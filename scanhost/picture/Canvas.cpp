@@ -64,17 +64,24 @@ Image::Image(int columns, int rows, const Rgb& color)
       height(rows),
       pixels(static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows), pack(color)) {}
 
+struct Canvas::Cairo {
+    explicit Cairo(cairo_surface_t* target)
+        : surface(target, &cairo_surface_destroy), context(cairo_create(target), &cairo_destroy) {}
+
+    std::unique_ptr<cairo_surface_t, void (*)(cairo_surface_t*)> surface;
+    std::unique_ptr<cairo_t, void (*)(cairo_t*)> context;
+};
+
 Canvas::Canvas(PictureFormat format, std::ostream& out, double width, double height)
     : format_(format),
       out_(out),
       width_(width),
       height_(height),
-      surface_(makeSurface(format, out, width, height), &cairo_surface_destroy),
-      context_(cairo_create(surface_.get()), &cairo_destroy) {
+      cairo_(std::make_unique<Cairo>(makeSurface(format, out, width, height))) {
     if (format == PictureFormat::Pdf) {
-        cairo_scale(context_.get(), kPdfPointsPerPixel, kPdfPointsPerPixel);
+        cairo_scale(cairo_->context.get(), kPdfPointsPerPixel, kPdfPointsPerPixel);
     }
-    cairo_set_line_join(context_.get(), CAIRO_LINE_JOIN_ROUND);
+    cairo_set_line_join(cairo_->context.get(), CAIRO_LINE_JOIN_ROUND);
     fill({0.0, 0.0, width, height}, kWhite);
 }
 
@@ -82,52 +89,52 @@ Canvas::~Canvas() = default;
 
 void Canvas::setColor(const Rgb& color, double opacity) {
     constexpr double kFull = 255.0;
-    cairo_set_source_rgba(context_.get(), color[0] / kFull, color[1] / kFull, color[2] / kFull,
-                          opacity);
+    cairo_set_source_rgba(cairo_->context.get(), color[0] / kFull, color[1] / kFull,
+                          color[2] / kFull, opacity);
 }
 
 void Canvas::trace(const std::vector<Spot>& spots) {
     for (const Spot& spot : spots) {
-        cairo_line_to(context_.get(), spot.x, spot.y);
+        cairo_line_to(cairo_->context.get(), spot.x, spot.y);
     }
 }
 
 void Canvas::fill(const Box& box, const Rgb& color, double opacity) {
     setColor(color, opacity);
-    cairo_rectangle(context_.get(), box.x, box.y, box.width, box.height);
-    cairo_fill(context_.get());
+    cairo_rectangle(cairo_->context.get(), box.x, box.y, box.width, box.height);
+    cairo_fill(cairo_->context.get());
 }
 
 void Canvas::fill(const std::vector<Spot>& outline, const Rgb& color) {
     setColor(color);
     trace(outline);
-    cairo_close_path(context_.get());
-    cairo_fill(context_.get());
+    cairo_close_path(cairo_->context.get());
+    cairo_fill(cairo_->context.get());
 }
 
 void Canvas::frame(const Box& box, const Rgb& color, double lineWidth) {
     setColor(color);
-    cairo_set_line_width(context_.get(), lineWidth);
-    cairo_rectangle(context_.get(), box.x, box.y, box.width, box.height);
-    cairo_stroke(context_.get());
+    cairo_set_line_width(cairo_->context.get(), lineWidth);
+    cairo_rectangle(cairo_->context.get(), box.x, box.y, box.width, box.height);
+    cairo_stroke(cairo_->context.get());
 }
 
 void Canvas::line(const std::vector<Spot>& spots, const Rgb& color, double lineWidth) {
     setColor(color);
-    cairo_set_line_width(context_.get(), lineWidth);
+    cairo_set_line_width(cairo_->context.get(), lineWidth);
     trace(spots);
-    cairo_stroke(context_.get());
+    cairo_stroke(cairo_->context.get());
 }
 
 void Canvas::disc(const Spot& center, double radius, const Rgb& color, const Rgb& border,
                   double borderWidth) {
-    cairo_new_path(context_.get());
-    cairo_arc(context_.get(), center.x, center.y, radius, 0.0, 2.0 * std::numbers::pi);
+    cairo_new_path(cairo_->context.get());
+    cairo_arc(cairo_->context.get(), center.x, center.y, radius, 0.0, 2.0 * std::numbers::pi);
     setColor(color);
-    cairo_fill_preserve(context_.get());
+    cairo_fill_preserve(cairo_->context.get());
     setColor(border);
-    cairo_set_line_width(context_.get(), borderWidth);
-    cairo_stroke(context_.get());
+    cairo_set_line_width(cairo_->context.get(), borderWidth);
+    cairo_stroke(cairo_->context.get());
 }
 
 void Canvas::gradient(const Box& box, Palette palette) {
@@ -140,9 +147,9 @@ void Canvas::gradient(const Box& box, Palette palette) {
             pattern.get(), static_cast<double>(i) / (kPaletteStops - 1), stops[i][0] / kFull,
             stops[i][1] / kFull, stops[i][2] / kFull);
     }
-    cairo_set_source(context_.get(), pattern.get());
-    cairo_rectangle(context_.get(), box.x, box.y, box.width, box.height);
-    cairo_fill(context_.get());
+    cairo_set_source(cairo_->context.get(), pattern.get());
+    cairo_rectangle(cairo_->context.get(), box.x, box.y, box.width, box.height);
+    cairo_fill(cairo_->context.get());
 }
 
 void Canvas::hatch(const Box& box, const Rgb& color, double spacing) {
@@ -154,19 +161,19 @@ void Canvas::hatch(const Box& box, const Rgb& color, double spacing) {
 }
 
 void Canvas::text(const Spot& spot, const std::string& text, const TextStyle& style) {
-    selectFont(context_.get(), style.size, style.bold);
-    const double width = advanceOf(context_.get(), text);
+    selectFont(cairo_->context.get(), style.size, style.bold);
+    const double width = advanceOf(cairo_->context.get(), text);
     const double before = style.align == Align::Left     ? 0.0
                           : style.align == Align::Middle ? 0.5 * width
                                                          : width;
     setColor(style.color);
-    cairo_save(context_.get());
-    cairo_translate(context_.get(), spot.x, spot.y);
-    cairo_rotate(context_.get(), style.turn);
-    cairo_move_to(context_.get(), -before, 0.0);
-    cairo_show_text(context_.get(), text.c_str());
-    cairo_restore(context_.get());
-    cairo_new_path(context_.get());
+    cairo_save(cairo_->context.get());
+    cairo_translate(cairo_->context.get(), spot.x, spot.y);
+    cairo_rotate(cairo_->context.get(), style.turn);
+    cairo_move_to(cairo_->context.get(), -before, 0.0);
+    cairo_show_text(cairo_->context.get(), text.c_str());
+    cairo_restore(cairo_->context.get());
+    cairo_new_path(cairo_->context.get());
 }
 
 void Canvas::image(const Box& box, const Image& image) {
@@ -178,42 +185,44 @@ void Canvas::image(const Box& box, const Image& image) {
         cairo_image_surface_create_for_data(pixels, CAIRO_FORMAT_RGB24, image.width, image.height,
                                             stride),
         &cairo_surface_destroy);
-    cairo_save(context_.get());
-    cairo_translate(context_.get(), box.x, box.y);
-    cairo_scale(context_.get(), box.width / image.width, box.height / image.height);
-    cairo_set_source_surface(context_.get(), source.get(), 0.0, 0.0);
-    cairo_pattern_set_filter(cairo_get_source(context_.get()), CAIRO_FILTER_NEAREST);
-    cairo_rectangle(context_.get(), 0.0, 0.0, image.width, image.height);
-    cairo_fill(context_.get());
-    cairo_restore(context_.get());
+    cairo_save(cairo_->context.get());
+    cairo_translate(cairo_->context.get(), box.x, box.y);
+    cairo_scale(cairo_->context.get(), box.width / image.width, box.height / image.height);
+    cairo_set_source_surface(cairo_->context.get(), source.get(), 0.0, 0.0);
+    cairo_pattern_set_filter(cairo_get_source(cairo_->context.get()), CAIRO_FILTER_NEAREST);
+    cairo_rectangle(cairo_->context.get(), 0.0, 0.0, image.width, image.height);
+    cairo_fill(cairo_->context.get());
+    cairo_restore(cairo_->context.get());
     // A format that keeps what was drawn until the end would read the pixels after they are gone.
     cairo_surface_flush(source.get());
     cairo_surface_finish(source.get());
 }
 
-Canvas::Clip::Clip(Canvas& canvas, const Box& box) : context_(canvas.context_.get()) {
-    cairo_save(context_);
-    cairo_rectangle(context_, box.x, box.y, box.width, box.height);
-    cairo_clip(context_);
+Canvas::Clip::Clip(Canvas& canvas, const Box& box) : canvas_(canvas) {
+    cairo_t* const context = canvas_.cairo_->context.get();
+    cairo_save(context);
+    cairo_rectangle(context, box.x, box.y, box.width, box.height);
+    cairo_clip(context);
 }
 
 Canvas::Clip::~Clip() {
-    cairo_restore(context_);
+    cairo_restore(canvas_.cairo_->context.get());
 }
 
 void Canvas::setTitle(const std::string& title) {
     if (format_ == PictureFormat::Pdf) {
-        cairo_pdf_surface_set_metadata(surface_.get(), CAIRO_PDF_METADATA_TITLE, title.c_str());
+        cairo_pdf_surface_set_metadata(cairo_->surface.get(), CAIRO_PDF_METADATA_TITLE,
+                                       title.c_str());
     }
 }
 
 void Canvas::finish(const std::filesystem::path& file) {
-    cairo_status_t status = cairo_status(context_.get());
+    cairo_status_t status = cairo_status(cairo_->context.get());
     if (status == CAIRO_STATUS_SUCCESS && format_ == PictureFormat::Png) {
-        status = cairo_surface_write_to_png_stream(surface_.get(), writeBytes, &out_);
+        status = cairo_surface_write_to_png_stream(cairo_->surface.get(), writeBytes, &out_);
     } else if (status == CAIRO_STATUS_SUCCESS) {
-        cairo_surface_finish(surface_.get());
-        status = cairo_surface_status(surface_.get());
+        cairo_surface_finish(cairo_->surface.get());
+        status = cairo_surface_status(cairo_->surface.get());
     }
     if (status != CAIRO_STATUS_SUCCESS && status != CAIRO_STATUS_WRITE_ERROR) {
         throw Failure(fmt::format("{}: the picture cannot be made: {}", file.string(),
@@ -245,7 +254,7 @@ std::string fittingText(const std::string& text, double size, double room, bool 
         }
         for (; tail < text.size() && !isStart(tail); ++tail) {
         }
-        const std::string shorter = text.substr(0, head) + "…" + text.substr(tail);
+        std::string shorter = text.substr(0, head) + "…" + text.substr(tail);
         if (textWidth(shorter, size, bold) <= room) {
             return shorter;
         }

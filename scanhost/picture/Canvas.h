@@ -13,9 +13,6 @@
 #include "picture/Geometry.h"
 #include "picture/Palette.h"
 
-typedef struct _cairo cairo_t;
-typedef struct _cairo_surface cairo_surface_t;
-
 namespace ScanHost {
 
 enum class PictureFormat { Png, Svg, Pdf };
@@ -81,13 +78,14 @@ class Canvas {
     /// Cuts off what lies outside of a box, while it lives.
     class Clip {
       public:
+        /// @param canvas  outlives this
         Clip(Canvas& canvas, const Box& box);
         Clip(const Clip&) = delete;
         Clip& operator=(const Clip&) = delete;
         ~Clip();
 
       private:
-        cairo_t* context_;
+        Canvas& canvas_;
     };
 
     /// What programs that show a PDF say of it; other formats have no room for it.
@@ -97,6 +95,8 @@ class Canvas {
     void finish(const std::filesystem::path& file);
 
   private:
+    struct Cairo;
+
     void setColor(const Rgb& color, double opacity = 1.0);
     void trace(const std::vector<Spot>& spots);
 
@@ -104,8 +104,7 @@ class Canvas {
     std::ostream& out_;
     double width_;
     double height_;
-    std::unique_ptr<cairo_surface_t, void (*)(cairo_surface_t*)> surface_;
-    std::unique_ptr<cairo_t, void (*)(cairo_t*)> context_;
+    std::unique_ptr<Cairo> cairo_;
 };
 
 /// Width of a text [pixels].

@@ -121,11 +121,13 @@ std::optional<GridAngles> anglesOf(const Hx::PointSet& points, const GridOrienta
     }
     constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
     std::vector<double> azimuths;
+    azimuths.reserve(columns.size());
     for (const Direction& column : columns) {
         const bool known = std::hypot(column.x, column.y) > 0.0;
         azimuths.push_back(known ? std::atan2(-column.y, column.x) * kDegrees : kNone);
     }
     std::vector<double> elevations;
+    elevations.reserve(lines.size());
     for (const Direction& line : lines) {
         elevations.push_back(line.count > 0.0 ? line.elevation / line.count : kNone);
     }

@@ -97,9 +97,11 @@ void drawHeading(Canvas& canvas, const SceneScan& scan, const MapFrame& frame, L
 void drawPaths(Canvas& canvas, const Scene& scene, const MapFrame& frame, const PathColors& colors,
                double fontSize) {
     std::vector<std::vector<PlacedNode>> paths;
+    paths.reserve(scene.size());
     for (const SceneScan& scan : scene) {
         paths.push_back(placed(scan.path, frame));
         std::vector<Spot> spots;
+        spots.reserve(paths.back().size());
         for (const PlacedNode& node : paths.back()) {
             spots.push_back(node.spot);
         }

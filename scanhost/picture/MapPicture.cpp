@@ -29,7 +29,7 @@ namespace {
 constexpr double kMostHeight = 0.8;  // of a plot, as a part of its width
 constexpr double kFoot = 5.0;        // numbers and scale bar below the plot, in sizes of letters
 
-/// All that is drawn, in the order in which it is found.
+/// What is drawn.
 struct Map {
     PointColors colors;
     PathColors paths;
@@ -91,6 +91,22 @@ double layAxes(const ScanUnits& units, const SheetSizes& sizes, Map& map) {
     return numbersWidth(map.up.ticks, sizes.font);
 }
 
+/// Finds the frame of a map and its axes. @return the left edge of the plot [pixels]
+double fitMap(const Scene& scene, const MapBounds& bounds, PictureKind kind, bool oneUnit,
+              const SheetSizes& sizes, Map& map) {
+    const double legend =
+        std::ceil(mapLegendHeight(scene, viewAxes(kind), map.colors, map.paths, sizes));
+    // The width of the numbers is not known before the frame is; it hardly changes with it.
+    double left = 6.0 * sizes.font;
+    for (int round = 0; round < 2; ++round) {
+        const double width = std::floor(sizes.width - left - sizes.column - 2.0 * sizes.font);
+        const double most = std::max(legend, std::floor(kMostHeight * width));
+        map.frame = fitFrame(bounds, kind, oneUnit, {width, legend, most});
+        left = std::ceil(layAxes(scene.front().scan->units, sizes, map) + 2.2 * sizes.font);
+    }
+    return left;
+}
+
 std::vector<std::string> notesOf(const Map& map, std::size_t outside, bool oneUnit) {
     std::vector<std::string> notes;
     if (map.outside > 0) {
@@ -135,6 +151,7 @@ Sheet mapSheet(const Scene& scene, const PictureRequest& request) {
     const ViewAxes axes = viewAxes(request.kind);
     const bool oneUnit = units.label(axes.across) == units.label(axes.up);
     std::vector<PointSample> samples;
+    samples.reserve(scene.size());
     for (const SceneScan& scan : scene) {
         samples.push_back(samplePoints(scan));
     }
@@ -144,15 +161,7 @@ Sheet mapSheet(const Scene& scene, const PictureRequest& request) {
     const MapBounds bounds = boundsOf(scene, samples, axes);
     samples.clear();
 
-    const double legend = std::ceil(mapLegendHeight(scene, axes, map->colors, map->paths, sizes));
-    // The width of the numbers is not known before the frame is; it hardly changes with it.
-    double left = 6.0 * sizes.font;
-    for (int round = 0; round < 2; ++round) {
-        const double width = std::floor(sizes.width - left - sizes.column - 2.0 * sizes.font);
-        const double most = std::max(legend, std::floor(kMostHeight * width));
-        map->frame = fitFrame(bounds, request.kind, oneUnit, {width, legend, most});
-        left = std::ceil(layAxes(units, sizes, *map) + 2.2 * sizes.font);
-    }
+    const double left = fitMap(scene, bounds, request.kind, oneUnit, sizes, *map);
     map->image = paintPoints(scene, map->frame, map->colors, map->outside);
     Interrupt::check();
 

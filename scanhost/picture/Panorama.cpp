@@ -125,6 +125,26 @@ double aspectOf(const SceneScan& scan, const std::optional<GridAngles>& angles) 
     return angles ? cells * std::abs(angles->rows.step / angles->columns.step) : cells;
 }
 
+/// Finds the size of a plot, its axes and its pixels.
+void layPlot(const SceneScan& scan, const SheetSizes& sizes, PanoramaPlot& plot) {
+    const GridOrientation orientation = orientationOf(scan.points());
+    const PanoramaGrid grid{orientation, anglesOf(scan.points(), orientation)};
+    const double left = 5.0 * sizes.font;
+    const double room = std::floor(sizes.width - left - sizes.column - 2.0 * sizes.font);
+    const double aspect = aspectOf(scan, grid.angles);
+    const double most = kMostHeight * room;
+    const double width =
+        std::floor(aspect * room > most ? std::max(most / aspect, 0.1 * room) : room);
+    const double height = std::floor(std::clamp(aspect * width, 0.1 * room, most));
+    layAxes(scan, grid, width, height, plot);
+    plot.image = paintGrid(scan, plot.colors, orientation, static_cast<int>(width),
+                           static_cast<int>(height));
+    plot.across.scale.start += left;
+    plot.across.scale.end += left;
+    plot.up.scale.start += sizes.top;
+    plot.up.scale.end += sizes.top;
+}
+
 void drawPanorama(Canvas& canvas, const PanoramaPlot& plot, const SheetSizes& sizes) {
     const Box box{plot.across.scale.start, plot.up.scale.end,
                   plot.across.scale.end - plot.across.scale.start,
@@ -157,23 +177,7 @@ Sheet panoramaSheet(const Scene& scene, const PictureRequest& request) {
     const SheetSizes sizes(request.width);
     const auto plot = std::make_shared<PanoramaPlot>();
     plot->colors = choosePointColors(request, scene, samples);
-    const GridOrientation orientation = orientationOf(scan.points());
-    const PanoramaGrid grid{orientation, anglesOf(scan.points(), orientation)};
-    const double left = 5.0 * sizes.font;
-    const double room = std::floor(sizes.width - left - sizes.column - 2.0 * sizes.font);
-    const double aspect = aspectOf(scan, grid.angles);
-    const double most = kMostHeight * room;
-    const double width =
-        std::floor(aspect * room > most ? std::max(most / aspect, 0.1 * room) : room);
-    const double height = std::floor(std::clamp(aspect * width, 0.1 * room, most));
-    layAxes(scan, grid, width, height, *plot);
-    plot->image = paintGrid(scan, plot->colors, orientation, static_cast<int>(width),
-                            static_cast<int>(height));
-    for (Scale* scale : {&plot->across.scale, &plot->up.scale}) {
-        const double shift = scale == &plot->across.scale ? left : sizes.top;
-        scale->start += shift;
-        scale->end += shift;
-    }
+    layPlot(scan, sizes, *plot);
     for (std::uint64_t index = 0; index < cells; ++index) {
         plot->missing += isReturn(scan.points(), scan.points().getScanPt(index)) ? 0U : 1U;
     }
@@ -184,7 +188,8 @@ Sheet panoramaSheet(const Scene& scene, const PictureRequest& request) {
                     groupedCount(plot->missing, "cell without a return", "cells without a return"));
     sheet.width = sizes.width;
     const double legend = plot->colors.hasBar() ? 15.0 * sizes.font : 3.0 * sizes.font;
-    sheet.height = std::ceil(sizes.top + std::max(height, legend) + 3.6 * sizes.font);
+    const double height = std::max(plot->up.scale.start - sizes.top, legend);
+    sheet.height = std::ceil(sizes.top + height + 3.6 * sizes.font);
     sheet.draw = [plot, sizes](Canvas& canvas) { drawPanorama(canvas, *plot, sizes); };
     return sheet;
 }

@@ -154,11 +154,35 @@ std::uint64_t projectScan(const SceneScan& scan, const MapFrame& frame, ColorBy 
     }
 }
 
+void setRange(const std::vector<PointSample>& samples, const ScanUnits& units,
+              PointColors& colors) {
+    using Point = PointSample::Point;
+    switch (colors.by) {
+        case ColorBy::Reflection:
+            colors.range = rangeOf(samples, [](const Point& point) { return point.reflection; });
+            colors.title = "reflection";
+            break;
+        case ColorBy::Height:
+            colors.range = rangeOf(samples, [](const Point& point) { return point.world.z; });
+            colors.title = fmt::format("height [{}]", units.label(2));
+            break;
+        case ColorBy::Range:
+            colors.range = rangeOf(samples, [](const Point& point) { return point.range; });
+            colors.title = fmt::format("range [{}]", units.label(0));
+            break;
+        case ColorBy::Time:
+            colors.range = rangeOf(samples, [](const Point& point) { return point.seconds; });
+            colors.title = "point time [s]";
+            break;
+        default:
+            break;
+    }
+}
+
 }  // namespace
 
 PointColors choosePointColors(const PictureRequest& request, const Scene& scene,
                               const std::vector<PointSample>& samples) {
-    const ScanUnits& units = scene.front().scan->units;
     PointColors colors;
     colors.by = request.color;
     if (colors.by == ColorBy::Automatic) {
@@ -166,34 +190,13 @@ PointColors choosePointColors(const PictureRequest& request, const Scene& scene,
             defaultColor(scene, samples,
                          request.kind == PictureKind::Panorama ? ColorBy::Range : ColorBy::Height);
     }
-    switch (colors.by) {
-        case ColorBy::Own:
-            requireColor(samples);
-            break;
-        case ColorBy::Reflection:
-            colors.range =
-                rangeOf(samples, [](const PointSample::Point& point) { return point.reflection; });
-            colors.title = "reflection";
-            break;
-        case ColorBy::Height:
-            colors.range =
-                rangeOf(samples, [](const PointSample::Point& point) { return point.world.z; });
-            colors.title = fmt::format("height [{}]", units.label(2));
-            break;
-        case ColorBy::Range:
-            colors.range =
-                rangeOf(samples, [](const PointSample::Point& point) { return point.range; });
-            colors.title = fmt::format("range [{}]", units.label(0));
-            break;
-        case ColorBy::Time:
-            requireTimes(scene);
-            colors.range =
-                rangeOf(samples, [](const PointSample::Point& point) { return point.seconds; });
-            colors.title = "point time [s]";
-            break;
-        default:
-            colors.title = "scans";
+    if (colors.by == ColorBy::Own) {
+        requireColor(samples);
     }
+    if (colors.by == ColorBy::Time) {
+        requireTimes(scene);
+    }
+    setRange(samples, scene.front().scan->units, colors);
     return colors;
 }
 

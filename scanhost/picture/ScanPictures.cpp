@@ -22,6 +22,9 @@ namespace ScanHost {
 namespace {
 
 Sheet sheetOf(const Scene& scene, const PictureRequest& request) {
+    if (scene.empty()) {
+        throw Failure("there is nothing to draw: no scan");
+    }
     switch (request.kind) {
         case PictureKind::Panorama:
             return panoramaSheet(scene, request);

@@ -229,6 +229,21 @@ TEST(Picture, TellsScansApartAndNamesThem) {
     EXPECT_TRUE(page.says("2 scans"));
 }
 
+// A point every hundredth of a second, but for three seconds.
+TEST(Picture, CountsTheGapsBetweenTimes) {
+    const Folder folder;
+    Support::LasBytes las;
+    for (int i = 0; i <= 2000; ++i) {
+        if (i <= 800 || i >= 1100) {
+            las.points.push_back({{i, 0, 0}, 1, 0.01 * i, {}});
+        }
+    }
+    const Json::Value picture = runJson({"picture", folder.write("walk.las", las.bytes()),
+                                         "--times", "-o", folder.file("out.pdf")});
+    EXPECT_EQ(picture["notes"][0], "walk.las: 1 gap, hatched; the longest from 8.00 s to 11.00 s.");
+    EXPECT_TRUE(Page(folder, "out.pdf").says("scan time [s]"));
+}
+
 // The same surroundings in grids that count rows from the bottom or top, columns to the right or
 // left. As the scanner saw it: up is up, and what lies clockwise is on the right.
 TEST(Panorama, ShowsWhatTheScannerSawHoweverTheGridCounts) {
