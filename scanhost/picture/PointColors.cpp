@@ -156,22 +156,22 @@ std::uint64_t projectScan(const SceneScan& scan, const MapFrame& frame, ColorBy 
 
 void setRange(const std::vector<PointSample>& samples, const ScanUnits& units,
               PointColors& colors) {
-    using Point = PointSample::Point;
+    using Sampled = PointSample::Point;
     switch (colors.by) {
         case ColorBy::Reflection:
-            colors.range = rangeOf(samples, [](const Point& point) { return point.reflection; });
+            colors.range = rangeOf(samples, [](const Sampled& point) { return point.reflection; });
             colors.title = "reflection";
             break;
         case ColorBy::Height:
-            colors.range = rangeOf(samples, [](const Point& point) { return point.world.z; });
+            colors.range = rangeOf(samples, [](const Sampled& point) { return point.world.z; });
             colors.title = fmt::format("height [{}]", units.label(2));
             break;
         case ColorBy::Range:
-            colors.range = rangeOf(samples, [](const Point& point) { return point.range; });
+            colors.range = rangeOf(samples, [](const Sampled& point) { return point.range; });
             colors.title = fmt::format("range [{}]", units.label(0));
             break;
         case ColorBy::Time:
-            colors.range = rangeOf(samples, [](const Point& point) { return point.seconds; });
+            colors.range = rangeOf(samples, [](const Sampled& point) { return point.seconds; });
             colors.title = "point time [s]";
             break;
         default:
