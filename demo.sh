@@ -52,7 +52,7 @@ section 'A simulated project: two rooms, two stances, one walk'
 run sample .
 
 section 'What the project and its scans hold'
-run info project.json --project-output project-output.txt --picture house.png
+run info project.json --project-output project-output.txt
 printf '\n$ cat project-output.txt\n'
 cat project-output.txt
 
@@ -79,8 +79,14 @@ section 'The points in the order in which they were measured'
 run sort walk.las -o walk-sorted.las
 run times walk-sorted.las --trajectory walk.txt
 
-section 'Pictures'
-printf '%s\n' "$demo"/*.png
+section 'Pictures: plan, side, panorama, points over time, path over time'
+run picture project.json -o plan.png --width 1000
+run picture project.json --side --color reflection -o side.pdf
+run picture room-a.ptx --panorama --color range -o panorama.png
+run picture walk.las --times -o times.svg
+run picture walk.las --path -o path.pdf
+printf '\nThe pictures lie here:\n'
+printf '%s\n' "$demo"/*.png "$demo"/*.svg "$demo"/*.pdf
 
 section 'A page for a browser'
 run view project.json -o house.html

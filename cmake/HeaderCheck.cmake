@@ -32,7 +32,7 @@ vardex_check_headers(core
   ROOTS vardex host/values)
 vardex_check_headers(module FOLDERS vardex LIBRARIES vardex_objects)
 vardex_check_headers(formats FOLDERS formats LIBRARIES formats)
-vardex_check_headers(scanhost FOLDERS scanhost LIBRARIES scanhost_lib PNG::PNG)
+vardex_check_headers(scanhost FOLDERS scanhost LIBRARIES scanhost_lib PkgConfig::cairo)
 vardex_check_headers(tests FOLDERS tests ROOTS tests LIBRARIES vardex_objects formats
   GTest::gmock)
 

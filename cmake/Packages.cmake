@@ -31,8 +31,8 @@ vardex_describe_package(module vardexscandata
   "hand-held SLAM scanner data for a point-cloud host\n The module, and a small stand-in of its host."
   "")
 vardex_describe_package(program scanhost
-  "command-line host for hand-held SLAM scanner data\n Imports, shows, asks, sorts and exports scans and projects."
-  "vardexscandata ${same_version}")
+  "command-line host for hand-held SLAM scanner data\n Imports, shows, draws, asks, sorts and exports scans and projects."
+  "vardexscandata ${same_version}, fonts-dejavu-core")
 vardex_describe_package(development vardexscandata-dev
   "hand-held SLAM scanner data, development files\n Headers and CMake packages of the module and of the stand-in of its host."
   "vardexscandata ${same_version}, libjsoncpp-dev")

@@ -52,7 +52,8 @@ content() {
 # A host's user: the program and what it depends on.
 content >"$work/before"
 quietly inside sh -c "${install[*]} /packages/scanhost_*.deb /packages/vardexscandata_*.deb"
-quietly inside sh -c 'cd /tmp && scanhost --version && scanhost sample s && scanhost times s/walk.las'
+quietly inside sh -c 'cd /tmp && scanhost --version && scanhost sample s && scanhost times s/walk.las &&
+  scanhost picture s/project.json -o plan.pdf'
 [ -z "$(inside sh -c 'ldconfig -p | grep -i -e libhost -e vardex')" ] ||
   fail 'the system offers the libraries of the private folder to everybody'
 quietly inside sh -c 'ldd /usr/bin/scanhost | grep "not found" && exit 1 || exit 0'

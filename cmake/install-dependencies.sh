@@ -8,9 +8,8 @@ set -euo pipefail
 packages=(
   g++ cmake ninja-build pkg-config python3
   libgtest-dev libgmock-dev libbenchmark-dev
-  libjsoncpp-dev libpng-dev libcli11-dev libtbb-dev
-  libfmt-dev libutfcpp-dev libhowardhinnant-date-dev
-  libjs-three
+  libjsoncpp-dev libcairo2-dev fonts-dejavu-core libcli11-dev libtbb-dev
+  libfmt-dev libutfcpp-dev libhowardhinnant-date-dev libjs-three poppler-utils
 )
 if [ "${1:-}" = lint ]; then
   packages+=(chromium clang-14 clang-format-14 clang-tidy-14 debootstrap dpkg-dev git jq

@@ -19,6 +19,7 @@
     COMMAND(Near)                  \
     COMMAND(Export)                \
     COMMAND(Sort)                  \
+    COMMAND(Picture)               \
     COMMAND(View)                  \
     COMMAND(Commands)              \
     COMMAND(Sample)

@@ -13,7 +13,9 @@
 #include "kit/AtomicFile.h"
 
 #include "commands/CommandList.h"
+#include "picture/PictureReport.h"
 #include "picture/ScanPictures.h"
+#include "picture/Sheet.h"
 #include "report/Failure.h"
 #include "report/NumberText.h"
 #include "session/Interrupt.h"
@@ -80,7 +82,7 @@ class InfoCommand final : public Command {
             }
             Interrupt::check();
         }
-        writeOutputs(scans, report);
+        writeOutputs(scans, report, console);
         if (host_) {
             Report& module = report.group("module", "module");
             module.addText("name", "name", session.moduleName());
@@ -114,7 +116,7 @@ class InfoCommand final : public Command {
 
     void checkOutputs() const {
         if (picture_) {
-            rules_.check({*picture_, {".png"}});
+            rules_.check({*picture_, pictureEndings()});
         }
         if (projectOutput_) {
             rules_.check({*projectOutput_, {".txt"}});
@@ -150,12 +152,13 @@ class InfoCommand final : public Command {
         }
     }
 
-    void writeOutputs(const std::vector<ImportedScan>& scans, Report& report) const {
+    void writeOutputs(const std::vector<ImportedScan>& scans, Report& report,
+                      Console& console) const {
         if (picture_) {
-            for (const PictureFile& picture : drawScans(scans, *picture_, rules_)) {
-                Report& item = report.item("pictures", "picture");
-                item.addText("file", "file", picture.file.string());
-                item.addText("shows", "shows", picture.shows);
+            const Scene scene = openScene(scans, false, console);
+            for (const PictureFile& picture :
+                 drawPlanAndPanoramas(scene, scan_.files, *picture_, rules_)) {
+                describePicture(picture, report.item("pictures", "picture"));
             }
         }
         if (projectOutput_) {

@@ -77,7 +77,8 @@ class ViewCommand final : public Command {
         for (std::size_t i = 0; i < names.size(); ++i) {
             ScanOptions one = scan_;
             one.files = {scan_.files[i]};
-            for (ImportedScan& scan : importAll(session, importer, one, console)) {
+            for (ImportedScan& scan :
+                 importAll(session, importer, one, console, Content::PointsForTimes)) {
                 rules_.protect(scan);
                 scans.push_back(std::move(scan));
             }

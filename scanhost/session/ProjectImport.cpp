@@ -120,18 +120,19 @@ std::vector<ImportedScan> importProject(Vardex::VardexDataObj& project, ScanImpo
 }
 
 std::vector<ImportedScan> importAll(ModuleSession& session, ScanImporter& importer,
-                                    const ScanOptions& options, Console& console) {
+                                    const ScanOptions& options, Console& console, Content content) {
     std::vector<ImportedScan> scans;
     for (const std::string& file : options.files) {
         if (Ovr::FormatRegistry::the().isProject(file)) {
             const auto project = openProject(session, console, file);
-            for (ImportedScan& scan : importProject(*project, importer, options, console)) {
+            for (ImportedScan& scan :
+                 importProject(*project, importer, options, console, content)) {
                 scans.push_back(std::move(scan));
             }
             continue;
         }
         for (const Ovr::ScanListing& listing : importer.list(file, options)) {
-            scans.push_back(importer.import(listing, options, session.root()));
+            scans.push_back(importer.import(listing, options, session.root(), content));
         }
     }
     return scans;

@@ -10,7 +10,6 @@
 
 #include "RegisterFormats.h"
 
-#include "picture/Picture.h"
 #include "report/DateText.h"
 #include "report/Failure.h"
 #include "report/NumberText.h"
@@ -76,21 +75,6 @@ TEST(DateText, IsTheDateInUtc) {
     EXPECT_EQ(dateText(-0.5), "1969-12-31 23:59:59 UTC");
     EXPECT_EQ(dateText(951782400.0), "2000-02-29 00:00:00 UTC");
     EXPECT_EQ(dateText(1e300), "1e+300 s");
-}
-
-TEST(Picture, HoldsWhatLiesInItOfALine) {
-    constexpr Rgb kInk{1, 2, 3};
-    Picture picture(9, 4, Rgb{});
-    picture.line(-1e15, 2.0, 1e15, 2.0, kInk);
-    picture.line(4.0, -1e300, 4.0, 0.0, kInk);
-    picture.line(-5.0, 20.0, 50.0, 20.0, kInk);
-    picture.line(0.0, 0.0, kInfinity, 1.0, kInk);
-    picture.line(kNaN, 0.0, 1.0, 1.0, kInk);
-    for (std::size_t y = 0; y < 4; ++y) {
-        for (std::size_t x = 0; x < 9; ++x) {
-            EXPECT_EQ(picture.pixel(x, y) == kInk, y == 2 || (x == 4 && y == 0)) << x << ' ' << y;
-        }
-    }
 }
 
 TEST(TrajectoryCheck, FindsEveryPoseThatIsNotTheSame) {
