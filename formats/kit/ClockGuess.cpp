@@ -99,8 +99,8 @@ std::string howToMeet(const TimeRange& points, const TimeRange& trajectory) {
     const ClockGuess ofNodes = guessClock(trajectory);
     const TimeRange p = inUnit(points, ofPoints.unit);
     const TimeRange t = inUnit(trajectory, ofNodes.unit);
-    const std::string units = unitOption(ofPoints.unit, "--time-unit") +
-                              unitOption(ofNodes.unit, "--trajectory-unit");
+    const std::string units =
+        unitOption(ofPoints.unit, "--time-unit") + unitOption(ofNodes.unit, "--trajectory-unit");
     for (const Clock from : ofPoints.clocks) {
         for (const Clock to : ofNodes.clocks) {
             std::optional<std::uint32_t> week;
@@ -115,6 +115,9 @@ std::string howToMeet(const TimeRange& points, const TimeRange& trajectory) {
                     leaps ? fmt::format(", {} leap seconds included", leapSecondsAt(gps)) : "");
             }
         }
+    }
+    if (p.first <= t.last && p.last >= t.first) {
+        return units + "brings both together";
     }
     return fmt::format("{}--time-offset {} lets both begin together", units,
                        secondsText(t.first - p.first));

@@ -25,8 +25,8 @@ class PlainBlocks final : public LasBlocks {
         : LasBlocks(header.recordLength, end, first),
           file_(file),
           begin_(header.pointOffset),
-          buffer_(static_cast<std::size_t>(std::min(end - first, kBlockSize / length()) *
-                                           length())) {}
+          buffer_(
+              static_cast<std::size_t>(std::min(end - first, kBlockSize / length()) * length())) {}
 
     ErrorPtr next() override {
         show(buffer_.data(), std::min(end() - first() - records(),

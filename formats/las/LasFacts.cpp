@@ -8,8 +8,6 @@
 #include <limits>
 
 #include "kit/LittleEndian.h"
-#include "kit/WorkWatch.h"
-#include "las/LasBlocks.h"
 
 namespace Ovr::Formats {
 
@@ -42,11 +40,14 @@ class ByteCounts {
     std::array<std::array<std::uint64_t, 256>, kTurns> counts_{};
 };
 
+}  // namespace
+
 /// The bytes and the stored coordinates of all points.
-struct RawFacts {
+struct LasFactsCounter::Raw {
     ByteCounts returns;
     ByteCounts flags;
     ByteCounts classes;  ///< from format 6 on
+    std::uint64_t count = 0;
     std::array<std::int32_t, 3> low{kHighest, kHighest, kHighest};
     std::array<std::int32_t, 3> high{kLowest, kLowest, kLowest};
 
@@ -54,9 +55,10 @@ struct RawFacts {
     static constexpr std::int32_t kLowest = std::numeric_limits<std::int32_t>::min();
 
     template <bool isNew>
-    void addBlock(const LasBlocks& blocks) {
-        for (std::uint64_t i = 0; i < blocks.records(); ++i) {
-            const char* const record = blocks.record(i);
+    void add(const char* records, std::size_t length, std::uint64_t more) {
+        count += more;
+        for (std::uint64_t i = 0; i < more; ++i) {
+            const char* const record = records + i * length;
             for (std::size_t axis = 0; axis < 3; ++axis) {
                 const auto raw = loadLittle<std::int32_t>(record + 4 * axis);
                 low[axis] = std::min(low[axis], raw);
@@ -69,54 +71,55 @@ struct RawFacts {
             }
         }
     }
+
+    /// Sorts the counts of bytes by what their bits mean.
+    void translate(bool isNew, LasFacts& facts) const {
+        const std::size_t returnBits = isNew ? 0x0F : 0x07;
+        const std::size_t classBits = 0x1F;
+        for (std::size_t value = 0; value < 256; ++value) {
+            facts.returns[value & returnBits] += returns.of(value);
+            const std::uint64_t flagged = flags.of(value);
+            if (isNew) {
+                facts.classes[value] += classes.of(value);
+            } else {
+                facts.classes[value & classBits] += flagged;
+            }
+            const std::size_t bits = isNew ? value : value >> 5U;
+            facts.synthetic += (bits & 1U) != 0 ? flagged : 0;
+            facts.keyPoints += (bits & 2U) != 0 ? flagged : 0;
+            facts.withheld += (bits & 4U) != 0 ? flagged : 0;
+            facts.overlap += isNew && (bits & 8U) != 0 ? flagged : 0;
+        }
+    }
 };
 
-/// Sorts the counts of bytes by what their bits mean.
-void translate(const RawFacts& raw, bool isNew, LasFacts& facts) {
-    const std::size_t returnBits = isNew ? 0x0F : 0x07;
-    const std::size_t classBits = 0x1F;
-    for (std::size_t value = 0; value < 256; ++value) {
-        facts.returns[value & returnBits] += raw.returns.of(value);
-        const std::uint64_t flagged = raw.flags.of(value);
-        if (isNew) {
-            facts.classes[value] += raw.classes.of(value);
-        } else {
-            facts.classes[value & classBits] += flagged;
-        }
-        const std::size_t flags = isNew ? value : value >> 5U;
-        facts.synthetic += (flags & 1U) != 0 ? flagged : 0;
-        facts.keyPoints += (flags & 2U) != 0 ? flagged : 0;
-        facts.withheld += (flags & 4U) != 0 ? flagged : 0;
-        facts.overlap += isNew && (flags & 8U) != 0 ? flagged : 0;
-    }
+LasFactsCounter::LasFactsCounter(const LasHeader& header)
+    : format_(header.format),
+      scale_(header.scale),
+      offset_(header.offset),
+      raw_(std::make_unique<Raw>()) {}
+
+LasFactsCounter::~LasFactsCounter() = default;
+
+void LasFactsCounter::begin() {
+    *raw_ = {};
 }
 
-}  // namespace
+void LasFactsCounter::take(const char* records, std::size_t length, std::uint64_t count) {
+    format_ >= kFirstNewFormat ? raw_->add<true>(records, length, count)
+                               : raw_->add<false>(records, length, count);
+}
 
-ErrorPtr countLasFacts(InputFile& file, const LasHeader& header, LasFacts& facts,
-                       const DataStructures::Work& work) {
-    facts = {};
-    RawFacts raw;
-    WorkWatch watch(work);
-    const bool isNew = header.format >= kFirstNewFormat;
-    const auto opened = openLasBlocks(file, header, header.count);
-    for (LasBlocks& blocks = *opened; !blocks.atEnd();) {
-        if (ErrorPtr error = blocks.next()) {
-            return error;
-        }
-        isNew ? raw.addBlock<true>(blocks) : raw.addBlock<false>(blocks);
-        if (!watch.goOn(blocks.fraction())) {
-            return cancelled(file.name());
-        }
-    }
-    translate(raw, isNew, facts);
-    for (std::size_t axis = 0; axis < 3 && header.count != 0; ++axis) {
-        const double a = raw.low[axis] * header.scale[axis] + header.offset[axis];
-        const double b = raw.high[axis] * header.scale[axis] + header.offset[axis];
+LasFacts LasFactsCounter::facts() const {
+    LasFacts facts;
+    raw_->translate(format_ >= kFirstNewFormat, facts);
+    for (std::size_t axis = 0; axis < 3 && raw_->count != 0; ++axis) {
+        const double a = raw_->low[axis] * scale_[axis] + offset_[axis];
+        const double b = raw_->high[axis] * scale_[axis] + offset_[axis];
         facts.minimum[axis] = std::min(a, b);  // a negative scale turns them round
         facts.maximum[axis] = std::max(a, b);
     }
-    return nullptr;
+    return facts;
 }
 
 bool boundsDiffer(const LasHeader& header, const LasFacts& facts) {

@@ -6,10 +6,9 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 
-#include "Ovr/Errors.h"
-#include "Ovr/Progress.h"
-#include "kit/InputFile.h"
+#include "Ovr/ScanSource.h"
 #include "las/LasHeader.h"
 
 namespace Ovr::Formats {
@@ -27,10 +26,27 @@ struct LasFacts {
     std::array<double, 3> maximum{};
 };
 
-/// Counts the points that the header counts.
-/// @return empty on success
-[[nodiscard]] ErrorPtr countLasFacts(InputFile& file, const LasHeader& header, LasFacts& facts,
-                                     const DataStructures::Work& work);
+/// Counts what point records hold, while they are read.
+class LasFactsCounter final : public IRecordObserver {
+  public:
+    /// @param header  of the file that the records are from
+    explicit LasFactsCounter(const LasHeader& header);
+    ~LasFactsCounter() override;
+
+    void begin() override;
+    void take(const char* records, std::size_t length, std::uint64_t count) override;
+
+    /// Of the records that came since begin().
+    LasFacts facts() const;
+
+  private:
+    struct Raw;
+
+    unsigned format_;
+    std::array<double, 3> scale_;
+    std::array<double, 3> offset_;
+    std::unique_ptr<Raw> raw_;
+};
 
 /// Whether a coordinate of the header's bounds differs from that of the points by more than a step
 /// of the file's coordinates; not-a-number does.

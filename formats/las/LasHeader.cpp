@@ -81,8 +81,8 @@ class HeaderParser {
 ErrorPtr HeaderParser::parse() {
     for (const auto step :
          {&HeaderParser::readBytes, &HeaderParser::checkSizes, &HeaderParser::checkFormat,
-          &HeaderParser::checkCount, &HeaderParser::checkCoordinates,
-          &HeaderParser::walkRecords, &HeaderParser::readCompression}) {
+          &HeaderParser::checkCount, &HeaderParser::checkCoordinates, &HeaderParser::walkRecords,
+          &HeaderParser::readCompression}) {
         if (ErrorPtr error = (this->*step)()) {
             return error;
         }
@@ -268,8 +268,8 @@ ErrorPtr HeaderParser::walkRecords() {
                    {at<std::uint16_t>(LasField::kHeaderSize), header_.pointOffset,
                     at<std::uint32_t>(LasField::kVlrCount), false},
                    header_.records, remarks_);
-    if (const LasRecord* const found =
-            findLasRecord(header_.records, Laz::SchemaRecord::USER_ID, Laz::SchemaRecord::RECORD_ID)) {
+    if (const LasRecord* const found = findLasRecord(header_.records, Laz::SchemaRecord::USER_ID,
+                                                     Laz::SchemaRecord::RECORD_ID)) {
         schema_ = *found;
     }
     findRest();
@@ -306,8 +306,8 @@ ErrorPtr HeaderParser::readCompression() {
                                 header_.format, header_.recordLength, made->schema);
     if (!error && header_.count != 0) {
         error = Laz::findChunks(file_, made->schema,
-                                {header_.pointOffset, header_.restBegin, header_.count},
-                                made->list, remarks_);
+                                {header_.pointOffset, header_.restBegin, header_.count}, made->list,
+                                remarks_);
     }
     header_.compression = std::move(made);
     return error;

@@ -98,6 +98,9 @@ ErrorPtr LasPointLoader::checkBold(std::uint64_t count, const DataStructures::Wo
 ///               bits: everything is to be done once more
 ErrorPtr LasPointLoader::pass(PointSink& sink, std::uint64_t count, WorkWatch& watch, bool& again) {
     const auto opened = openLasBlocks(file_, header_, count);
+    if (source_.observer) {
+        source_.observer->begin();
+    }
     for (LasBlocks& blocks = *opened; !blocks.atEnd();) {
         if (ErrorPtr error = blocks.next()) {
             return error;
@@ -110,6 +113,9 @@ ErrorPtr LasPointLoader::pass(PointSink& sink, std::uint64_t count, WorkWatch& w
             }
         }
         putBlock(blocks, sink);
+        if (source_.observer) {
+            source_.observer->take(blocks.record(0), header_.recordLength, blocks.records());
+        }
         if (!watch.goOn(blocks.fraction())) {
             return cancelled(file_.name());
         }

@@ -47,7 +47,8 @@ void warnOfEnd(const InputFile& file, const LasChain& chain, std::uint64_t begin
 void walkLasRecords(InputFile& file, const LasChain& chain, std::vector<LasRecord>& kept,
                     Remarks& remarks) {
     std::array<char, kExtendedHeadSize> buffer{};
-    const std::span head = std::span(buffer).first(chain.extended ? kExtendedHeadSize : LasVlr::kHeadSize);
+    const std::span head =
+        std::span(buffer).first(chain.extended ? kExtendedHeadSize : LasVlr::kHeadSize);
     std::uint64_t place = chain.begin;
     for (std::uint64_t i = 0; i < chain.count; ++i) {
         const std::uint64_t begin = place;
@@ -59,8 +60,8 @@ void walkLasRecords(InputFile& file, const LasChain& chain, std::vector<LasRecor
             warnOfEnd(file, chain, begin, i + 1, remarks);
             return;
         }
-        LasRecord record{userOf(head.data()), loadLittle<std::uint16_t>(head.data() + LasVlr::kRecordId), place,
-                         length};
+        LasRecord record{userOf(head.data()),
+                         loadLittle<std::uint16_t>(head.data() + LasVlr::kRecordId), place, length};
         const bool isOnCompression = record.user == Laz::SchemaRecord::USER_ID;
         if ((record.user == kProjectionUser || record.user == kSpecificationUser ||
              isOnCompression) &&

@@ -116,9 +116,8 @@ std::unique_ptr<LasBlocks> LasReorder::blocks(std::uint64_t end, std::uint64_t f
                    : openPlainBlocks(file_, header_, end, first);
 }
 
-ErrorPtr LasReorder::visitTimes(
-    const std::function<void(std::uint32_t number, double time)>& visit,
-    const DataStructures::Work& work) {
+ErrorPtr LasReorder::visitTimes(const std::function<void(std::uint32_t number, double time)>& visit,
+                                const DataStructures::Work& work) {
     WorkWatch watch(work);
     const std::size_t timeOffset = *lasRecordLayout(header_.format).time;
     const auto walk = blocks(header_.count, 0);
@@ -138,8 +137,7 @@ ErrorPtr LasReorder::visitTimes(
 }
 
 ErrorPtr LasReorder::write(const std::filesystem::path& target, Existing existing, bool compress,
-                           std::span<const std::uint32_t> ranks,
-                           const DataStructures::Work& work) {
+                           std::span<const std::uint32_t> ranks, const DataStructures::Work& work) {
     LasRecordWriter writer;
     if (ErrorPtr error = writeHead(writer, target, existing, compress)) {
         return error;
@@ -160,8 +158,8 @@ ErrorPtr LasReorder::writeHead(LasRecordWriter& writer, const std::filesystem::p
     const auto size = loadLittle<std::uint16_t>(bytes.data() + LasField::kHeaderSize);
     head_ = bytes.substr(0, size);
     std::string between = bytes.substr(size);
-    const LasRecord* const schema = findLasRecord(header_.records, Laz::SchemaRecord::USER_ID,
-                                                  Laz::SchemaRecord::RECORD_ID);
+    const LasRecord* const schema =
+        findLasRecord(header_.records, Laz::SchemaRecord::USER_ID, Laz::SchemaRecord::RECORD_ID);
     if (header_.compression && schema != nullptr) {
         const std::uint64_t head = schema->begin - LasVlr::kHeadSize;
         between.erase(static_cast<std::size_t>(head - size),

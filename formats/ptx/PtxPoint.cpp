@@ -103,8 +103,8 @@ void PtxPointParser::remark(const PtxFindings& findings, Remarks& remarks,
             findings.oddIntensity.first));
     }
     if (findings.oddColor.count != 0) {
-        remarks.warn(fmt::format("{}: {} outside 0 .. {:.9g} were cut to that, first at line {}",
-                                 file, countText(findings.oddColor.count, "colour channel"),
+        remarks.warn(fmt::format("{}: {} outside 0 .. {:.9g}, cut to that, first at line {}", file,
+                                 countText(findings.oddColor.count, "colour channel"),
                                  kLargestChannel / channelScale_, findings.oddColor.first));
     }
     findings.placer.report(remarks, file, {kResolution, kResolution, kResolution}, "the scanner",

@@ -184,7 +184,7 @@ bool PtxReader::isForgiven(const PtxBlock* block) const {
 /// Of a file that is read as far as it goes: tells what is missing, and what is left over.
 void PtxReader::remarkOnEnd(const Loading& loading, TextLines& lines, Remarks& remarks) const {
     if (loading.cut) {
-        remarks.warn(fmt::format("{}; the {} before it are read, the other cells have no return",
+        remarks.warn(fmt::format("{}; {} before it kept, the other cells have no return",
                                  loading.cut->message(), countText(loading.cutAfter, "point")));
     } else if (lines.next() && !parseInteger(lines.text())) {
         remarks.warn(fmt::format("{}: line {}: more lines than the scan's {}; they are not read",

@@ -95,9 +95,8 @@ std::size_t distanceBetween(std::string_view a, std::string_view b) {
 /// Throws a UsageError when the first word that is no option is no command.
 void requireCommand(const ProgramDeclaration& program, const std::vector<std::string>& arguments) {
     constexpr std::size_t kLikely = 2;  // changed letters
-    const auto word = std::find_if(arguments.begin(), arguments.end(), [](const std::string& text) {
-        return !text.starts_with('-');
-    });
+    const auto word = std::find_if(arguments.begin(), arguments.end(),
+                                   [](const std::string& text) { return !text.starts_with('-'); });
     if (word == arguments.end()) {
         return;
     }
@@ -110,10 +109,9 @@ void requireCommand(const ProgramDeclaration& program, const std::vector<std::st
         }
     }
     if (distance > 0) {
-        throw UsageError(
-            fmt::format("there is no command '{}'{}", shortened(*word),
-                        nearest != nullptr ? fmt::format("; did you mean '{}'?", nearest->name)
-                                           : ""));
+        throw UsageError(fmt::format(
+            "there is no command '{}'{}", shortened(*word),
+            nearest != nullptr ? fmt::format("; did you mean '{}'?", nearest->name) : ""));
     }
 }
 

@@ -34,7 +34,8 @@ class ExportCommand final : public ScanCommand {
         options
             .flag("--verify", verify_, "Read the file back as a trajectory and compare the poses")
             .needs(output);
-        options.number("--from-time", fromTime_, "SECONDS", "Leave out the nodes before a scan time");
+        options.number("--from-time", fromTime_, "SECONDS",
+                       "Leave out the nodes before a scan time");
         options.number("--to-time", toTime_, "SECONDS", "Leave out the nodes after a scan time");
         declareForce(options, outputRules());
     }

@@ -25,6 +25,7 @@
 #include "session/Require.h"
 #include "session/ScanReport.h"
 #include "session/SpooledInput.h"
+#include "session/StatsReport.h"
 
 namespace ScanHost {
 
@@ -41,7 +42,11 @@ class InfoCommand final : public Command {
                 fmt::format("{} and {}, all of one project with one origin",
                             pointsFileText("Points files"), projectFileText("scanner projects")))
             .required();
+        declareLenient(options, scan_);
         declareScanSettings(options, scan_);
+        options.flag("--stats", stats_,
+                     "Also tell figures of the path, of the points' times and distances, and of "
+                     "what only LAS files hold");
         options.file("--picture", picture_, "FILE",
                      "Draw the scans from above, and each stance as a panorama into a file next "
                      "to it");
@@ -68,7 +73,11 @@ class InfoCommand final : public Command {
         warnOfUnits(scans, console);
         describeOrigin(*importer.project(), scans, report);
         for (const ImportedScan& scan : scans) {
-            describeScan(scan, host_, report.item("scans", "scan " + scan.name), console);
+            Report& item = report.item("scans", "scan " + scan.name);
+            describeScan(scan, host_, item, console);
+            if (stats_) {
+                describeStats(scan, item, console);
+            }
             Interrupt::check();
         }
         writeOutputs(scans, report);
@@ -116,14 +125,15 @@ class InfoCommand final : public Command {
                     std::vector<ImportedScan>& scans, Report& report, Console& console) const {
         if (Ovr::FormatRegistry::the().isProject(file)) {
             const auto project = openProject(session, console, file);
-            for (ImportedScan& scan : importProject(*project, importer, scan_, console)) {
+            for (ImportedScan& scan :
+                 importProject(*project, importer, scan_, console, Content::Everything)) {
                 scans.push_back(std::move(scan));
             }
             describeProject(*project, host_, report.item("projects", "project " + file));
             return;
         }
         for (const Ovr::ScanListing& listing : importer.list(file, scan_)) {
-            scans.push_back(importer.import(listing, scan_, session.root()));
+            scans.push_back(importer.import(listing, scan_, session.root(), Content::Everything));
         }
     }
 
@@ -167,6 +177,7 @@ class InfoCommand final : public Command {
 
     ScanOptions scan_;
     OutputRules rules_;
+    bool stats_ = false;
     std::optional<std::filesystem::path> picture_;
     std::optional<std::filesystem::path> projectOutput_;
     bool host_ = false;

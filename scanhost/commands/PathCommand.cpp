@@ -92,6 +92,14 @@ class PathCommand final : public ScanCommand {
             fromTime_ ? fractionOf(open.clock.taken(*fromTime_), duration, -1.0)
                       : from_.value_or(0.0),
             toTime_ ? fractionOf(open.clock.taken(*toTime_), duration, 1.0) : to_.value_or(1.0)};
+        if (stretch.start > 1.0 || stretch.end < 0.0) {
+            throw unexpected(open.scan.source.file.string(),
+                             fmt::format("a stretch from {} to {} of the scan",
+                                         shortText(stretch.start), shortText(stretch.end)),
+                             fmt::format("one that meets the scan, which goes from {} to {} s",
+                                         fixedText(open.clock.shown(0.0), kSecondDigits),
+                                         fixedText(open.clock.shown(duration), kSecondDigits)));
+        }
         if (stretch.start > stretch.end) {
             throw Failure(fmt::format("the stretch starts at {} of the scan and ends at {}, "
                                       "expected it to end later",
@@ -110,7 +118,7 @@ class PathCommand final : public ScanCommand {
         std::optional<Tq_1_1::Vec3d<double>> last;
         for (const Ovr::VardexLib::TrajectoryNode& node : nodes) {
             const double time = node.time - nodes.front().time;
-            if (!(time >= from && time <= to)) {
+            if (!isInStretch(time, from, to)) {
                 continue;
             }
             const Tq_1_1::Vec3d<double> position = toWorld.transform(positionOf(node));

@@ -19,9 +19,10 @@ bool takesStances(const ScanNeeds& needs) {
 }
 
 Content contentFor(const ScanNeeds& needs) {
-    const bool asksThePath =
-        needs.trajectory == Need::Required && needs.times == Need::Nothing;
-    return asksThePath ? Content::PathOnly : Content::Points;
+    const bool asksThePath = needs.trajectory == Need::Required && needs.times == Need::Nothing;
+    return asksThePath                    ? Content::PathOnly
+           : needs.times == Need::Nothing ? Content::Points
+                                          : Content::PointsForTimes;
 }
 
 /// Calls @p load. What stands in its way is a warning, unless the user has asked for it by name.

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <limits>
 #include <map>
+#include <string>
 #include <vector>
 
 #include <fmt/format.h>
@@ -37,9 +38,9 @@ constexpr std::size_t kMostSpans = 1000;
 /// The points of a file by the spans of time that they lie in. The module holds the times of one
 /// span at a time; nearly every scan has one only.
 struct Spans {
-    Ovr::Formats::TimeRange range;               ///< [s], the file's clock
+    Ovr::Formats::TimeRange range;                 ///< [s], the file's clock
     std::map<std::int64_t, std::uint64_t> counts;  ///< points by number of the span
-    std::uint64_t withoutTime = 0;               ///< points whose time is no finite number
+    std::uint64_t withoutTime = 0;                 ///< points whose time is no finite number
 
     std::int64_t spanOf(double seconds) const {
         return static_cast<std::int64_t>((seconds - range.first) / TimeOrder::kLongestSpan);
@@ -60,7 +61,9 @@ class SortCommand final : public Command {
         declareScanFile(options, scan_);
         declareScanNumber(options, scan_);
         declareTimeUnit(options, scan_);
-        options.file("-o,--output", output_, "OUT.las", "File to write; compressed if it ends in .laz").required();
+        options
+            .file("-o,--output", output_, "OUT.las", "File to write; compressed if it ends in .laz")
+            .required();
         declareForce(options, rules_);
     }
     void run(const CommonOptions& /*common*/, Console& console) override {
@@ -69,7 +72,9 @@ class SortCommand final : public Command {
         rules_.protect(scan_);
         rules_.check(output);
         ModuleSession session;
-        source_ = findOne(session, console, scan_).source;
+        const Ovr::ScanListing scan = findOne(session, console, scan_);
+        name_ = scan.name;
+        source_ = scan.source;
         rules_.protect(source_.file);
         rules_.check(output);
         requireLas();
@@ -120,10 +125,10 @@ class SortCommand final : public Command {
             },
             work_));
         if (spans.withoutTime > 0) {
-            console.warn(fmt::format(
-                "{}: {} of {} have a time that is no finite number; they go to the end",
-                source_.file.string(), spans.withoutTime,
-                countText(file_.count(), "point", "points")));
+            console.warn(
+                fmt::format("{}: {} of {} with a time that is no finite number; they go to the end",
+                            source_.file.string(), spans.withoutTime,
+                            countText(file_.count(), "point", "points")));
         }
         countSpans(spans);
         return spans;
@@ -190,8 +195,8 @@ class SortCommand final : public Command {
     }
 
     void describe(const Spans& spans, std::uint64_t sharing, Console& console) const {
-        Report report(source_.file.filename().string());
-        report.addHidden("scan", printable(source_.file.filename().string()));
+        Report report(name_);
+        report.addHidden("scan", printable(name_));
         report.addText("file", "written to", output_.string());
         report.addCount("points", "points", file_.count());
         report.addCount("sharingTime", "sharing their time with another", sharing);
@@ -200,15 +205,17 @@ class SortCommand final : public Command {
         } else {
             report.addSeconds("timeZero", "earliest time in the file", spans.range.first);
         }
-        report.addText("order", "order",
-                       "by time, to the microsecond; points of one time keep their order; nothing "
-                       "else in the file has changed");
+        report.addText(
+            "order", "order",
+            "by time, to the microsecond; points of one time keep their order" +
+                std::string(scan_.lenient ? "" : "; nothing else in the file has changed"));
         console.show(report);
     }
 
     ScanOptions scan_;
     OutputRules rules_;
     std::filesystem::path output_;
+    std::string name_;
     Ovr::ScanSource source_;
     Ovr::Formats::LasReorder file_;
     Interrupt interrupt_;

@@ -146,6 +146,14 @@ void Report::addCount(const std::string& key, const std::string& label, std::uin
     add(key, label, Json::Value(Json::UInt64{value}), fmt::to_string(value));
 }
 
+void Report::addCountIfAny(const std::string& key, const std::string& label, std::uint64_t value) {
+    if (value != 0) {
+        addCount(key, label, value);
+    } else {
+        addHidden(key, Json::Value(Json::UInt64{0}));
+    }
+}
+
 void Report::addNumber(const std::string& key, const std::string& label, double value, int digits,
                        const std::string& unit) {
     add(key, label, jsonNumber(value),
@@ -214,8 +222,9 @@ void Report::print(std::ostream& out, std::size_t indent) const {
         out << blanks(indent) << printable(title_) << '\n';
         indent += kIndent;
     }
+    const std::size_t width = labelWidth();
     for (const Entry& entry : entries_) {
-        printEntry(out, entry, indent, labelWidth());
+        printEntry(out, entry, indent, width);
     }
 }
 

@@ -52,6 +52,8 @@ class Report {
     /// The value is made printable.
     void addText(const std::string& key, const std::string& label, const std::string& value);
     void addCount(const std::string& key, const std::string& label, std::uint64_t value);
+    /// A count that people see only when it is not 0.
+    void addCountIfAny(const std::string& key, const std::string& label, std::uint64_t value);
     /// @param unit  follows the number in the text, for example " m"; JSON has the number alone
     void addNumber(const std::string& key, const std::string& label, double value, int digits,
                    const std::string& unit);

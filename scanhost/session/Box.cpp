@@ -8,12 +8,12 @@
 
 #include <fmt/format.h>
 
-#include "Ovr/FormatRegistry.h"
 #include "Ovr/Remarks.h"
 #include "kit/InputFile.h"
 #include "las/LasHeader.h"
 
 #include "report/NumberText.h"
+#include "session/LasFile.h"
 #include "session/NodePose.h"
 #include "session/Require.h"
 
@@ -44,20 +44,18 @@ double gapBetween(const Box& a, const Box& b) {
         if (a[axis].isEmpty() || b[axis].isEmpty()) {
             return 0.0;
         }
-        const double gap =
-            std::max({0.0, a[axis].low - b[axis].high, b[axis].low - a[axis].high});
+        const double gap = std::max({0.0, a[axis].low - b[axis].high, b[axis].low - a[axis].high});
         squares += gap * gap;
     }
     return std::sqrt(squares);
 }
 
 Box headerBounds(const ImportedScan& scan) {
-    const auto format = Ovr::FormatRegistry::the().find(scan.source.file);
     Ovr::Formats::InputFile file;
     Ovr::Formats::LasHeader header;
     Ovr::Remarks remarks;
     Box box;
-    if (!format || format->name() != "LAS") {
+    if (!isLas(scan.source)) {
         return box;
     }
     requireOk(file.open(scan.source.file));

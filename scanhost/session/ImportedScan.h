@@ -10,6 +10,7 @@
 #include "Ovr/ScanSource.h"
 #include "Tq/Mat4d.h"
 #include "Tq/SmartPtr.h"
+#include "las/LasFacts.h"
 
 #include "pointset/CorvinPointSet.h"
 #include "report/Console.h"
@@ -22,7 +23,9 @@ struct ImportedScan {
     std::string name;
     std::string classIdentifier;  ///< of the scan data
     Ovr::ScanSource source;
-    ScanUnits units{};             ///< of its coordinates
+    ScanUnits units{};  ///< of its coordinates
+    /// Has seen the records of a LAS file; null for others, and unless asked for.
+    std::shared_ptr<Ovr::Formats::LasFactsCounter> lasFacts{};
     bool trajectoryNamed = false;  ///< by the user or a project, not found next to the points
     std::shared_ptr<Vardex::CorvinPointSet> pointSet;
     Tq_1_1::SmartPtr<Hx::PtSetObject> container;

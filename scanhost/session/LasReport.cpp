@@ -11,7 +11,6 @@
 #include <date/date.h>
 #include <fmt/format.h>
 
-#include "Ovr/FormatRegistry.h"
 #include "kit/InputFile.h"
 #include "las/LasDamage.h"
 #include "las/LasNames.h"
@@ -204,8 +203,7 @@ void describeDifferences(const LasHeader& header, const LasFacts& facts, const S
 }  // namespace
 
 std::optional<LasDescription> readLas(const ImportedScan& scan, Console& console) {
-    const auto format = Ovr::FormatRegistry::the().find(scan.source.file);
-    if (!format || format->name() != "LAS") {
+    if (!scan.lasFacts) {
         return std::nullopt;
     }
     Ovr::Formats::InputFile file;
@@ -219,8 +217,7 @@ std::optional<LasDescription> readLas(const ImportedScan& scan, Console& console
     }
     las.system = readLasCrs(file, las.header, remarks);
     las.extra = readLasExtraBytes(file, las.header, remarks);
-    const ProgressTask task(console.progress(), scan.name + ": counting points by class");
-    requireOk(countLasFacts(file, las.header, las.facts, {console.progress().get(), &interrupt}));
+    las.facts = scan.lasFacts->facts();
     console.warn(remarks.warnings());
     return las;
 }

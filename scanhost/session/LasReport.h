@@ -24,7 +24,7 @@ struct LasDescription {
     Ovr::Formats::LasFacts facts;
 };
 
-/// Reads the points once. @return empty for files of another format
+/// @return empty for files of another format. Requires: a scan that was imported with everything.
 std::optional<LasDescription> readLas(const ImportedScan& scan, Console& console);
 
 /// Adds the coordinate system. @param las  null for files of another format, which say none

@@ -10,8 +10,6 @@
 
 #include "report/Failure.h"
 #include "report/NumberText.h"
-#include "session/PointSummary.h"
-#include "session/PointTimes.h"
 
 namespace ScanHost {
 
@@ -31,10 +29,14 @@ void MobileReport::loadTrajectory() {
         }
         console_.warn(failure.what());
         noPath_ = "not readable, see the warning";
+        noTimes_ = "not loaded, see the warning";
     }
 }
 
 void MobileReport::loadTimes() {
+    if (!noTimes_.empty()) {
+        return;  // they count from the trajectory's first node
+    }
     try {
         hasTimes_ = mobile_.loadTimes();
         noTimes_ = "none in the file";
@@ -62,13 +64,11 @@ void MobileReport::describeClock(std::optional<Ovr::Clock> said, Report& report)
     }
 }
 
-void MobileReport::describeTimes(Report& report) const {
+void MobileReport::describeTimes(const Range<double>& range, Report& report) const {
     if (!hasTimes_) {
         report.addNone("times", "point times", noTimes_);
         return;
     }
-    Range<double> range;
-    forEachPointTime(mobile_.points(), [&](double seconds) { range.add(seconds); });
     Report& times = report.group("times", "point times");
     times.addSeconds("duration", "duration", mobile_.duration());
     Json::Value notes(Json::arrayValue);

@@ -27,7 +27,8 @@ class MobileReport {
     /// @param said  the clock that the file says it has; it gives dates when the times look like it
     void describeClock(std::optional<Ovr::Clock> said, Report& report) const;
     /// Adds duration, earliest and latest point.
-    void describeTimes(Report& report) const;
+    /// @param range  of the points' times [s, scan time]
+    void describeTimes(const Range<double>& range, Report& report) const;
     /// Adds the trajectory; warns when it lies far from the points.
     /// @param points  bounds of the points [world]
     void describePath(const Box& points, Report& report) const;

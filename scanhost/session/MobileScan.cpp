@@ -87,16 +87,14 @@ void MobileScan::cutTrajectory(double from, double to) {
     const double zero = nodes().front().time;
     std::vector<Ovr::VardexLib::TrajectoryNode> kept;
     for (const Ovr::VardexLib::TrajectoryNode& node : nodes()) {
-        if (node.time - zero >= from && node.time - zero <= to) {
+        if (isInStretch(node.time - zero, from, to)) {
             kept.push_back(node);
         }
     }
     if (kept.empty()) {
-        throw unexpected(scan_.source.file.string(),
-                         fmt::format("no node from scan time {} to {} s", shortText(from),
-                                     shortText(to)),
-                         fmt::format("some, the trajectory lasts {} s",
-                                     shortText(nodes().back().time - zero)));
+        throw unexpected(scan_.source.file.string(), "no node between the times asked for",
+                         fmt::format("some of the scan times 0 .. {} s",
+                                     fixedText(nodes().back().time - zero, kSecondDigits)));
     }
     points_->getMobileScanData().setTrajectoryNodes(std::move(kept));
     loadTrajectory();
@@ -127,6 +125,11 @@ std::shared_ptr<Hx::IScanPointTimes> MobileScan::pointTimes() const {
         throw Failure(scan_.name + ": the module registered no point times for the scan's class");
     }
     return times;
+}
+
+bool isInStretch(double seconds, double from, double to) {
+    constexpr double kHalfMicrosecond = 0.5e-6;
+    return seconds >= from - kHalfMicrosecond && seconds <= to + kHalfMicrosecond;
 }
 
 double distanceBetween(const Tq_1_1::Vec3d<double>& a, const Tq_1_1::Vec3d<double>& b) {

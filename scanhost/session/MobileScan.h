@@ -71,6 +71,10 @@ class MobileScan {
     Ovr::VardexLib::CorvinMobileScanData::SharedTrajectory nodes_;
 };
 
+/// Whether a scan time lies in a stretch, to the microsecond: times of a clock that counts years are
+/// rounded, and a node at the very end of a stretch belongs to it. [s]
+bool isInStretch(double seconds, double from, double to);
+
 /// The distance of two points in one frame [m].
 double distanceBetween(const Tq_1_1::Vec3d<double>& a, const Tq_1_1::Vec3d<double>& b);
 

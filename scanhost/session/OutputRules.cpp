@@ -42,7 +42,8 @@ void OutputRules::check(const std::vector<OutputFile>& outputs) const {
 void OutputRules::check(const OutputFile& output) const {
     const auto& [file, endings] = output;
     const std::string ending = fmt::format(".{}", Tq_1_1::lowerCaseExtension(file));
-    if (file.has_extension() && std::find(endings.begin(), endings.end(), ending) == endings.end()) {
+    if (file.has_extension() &&
+        std::find(endings.begin(), endings.end(), ending) == endings.end()) {
         throw unexpected(file.string(), fmt::format("the ending {}", file.extension().string()),
                          fmt::format("{}", fmt::join(endings, " or ")));
     }

@@ -25,6 +25,10 @@ struct Range {
         low = value < low ? value : low;
         high = value > high ? value : high;
     }
+    void add(const Range& other) {
+        low = other.low < low ? other.low : low;
+        high = other.high > high ? other.high : high;
+    }
 };
 
 /// Whether a record holds a return of the scanner: the cells of a grid without one hold the host's
@@ -49,9 +53,12 @@ struct PointSummary {
     std::uint64_t withColor = 0;         ///< returns
     std::array<Range<int>, 3> channels;  ///< red, green, blue, 0 to 255
     std::uint64_t withNormal = 0;        ///< returns
+    /// Times of all points that have one, returns or not [s, scan time].
+    Range<double> times;
 };
 
-/// Walks once over the points.
+/// Walks once over the points, on the cores that there are. What it finds does not depend on how
+/// many these are.
 /// @param toWorld  from the points' frame
 PointSummary summarize(const Hx::PointSet& points, const Tq_1_1::Mat4d<double>& toWorld);
 

@@ -110,7 +110,8 @@ std::vector<ImportedScan> importProject(Vardex::VardexDataObj& project, ScanImpo
     Ovr::chooseOrigin(all);
     std::vector<ImportedScan> scans;
     for (const ProjectScan& said : scansOf(project, options)) {
-        ImportedScan scan = importer.import(said.listing(importer.project()), options, project, content);
+        ImportedScan scan =
+            importer.import(said.listing(importer.project()), options, project, content);
         setMetadata(said, *scan.pointSet);
         setPose(said, scan, console);
         scans.push_back(std::move(scan));

@@ -15,6 +15,7 @@
 #include "report/Failure.h"
 #include "report/NumberText.h"
 #include "session/Interrupt.h"
+#include "session/LasFile.h"
 #include "session/MobileScan.h"
 #include "session/Require.h"
 
@@ -73,6 +74,14 @@ ImportedScan ScanImporter::import(const Ovr::ScanListing& listing, const ScanOpt
         Ovr::chooseOrigin({{listing.classIdentifier, listing.name, scan.source}});
         scan.pointSet->setFileInfo(fileInfoOf(scan.source));
     } else {
+        const auto header = content == Content::Points ? std::nullopt : lasHeaderOf(scan.source);
+        if (header) {
+            makeRoomForTimes(scan, *header);
+        }
+        if (header && content == Content::Everything) {
+            scan.lasFacts = std::make_shared<Ovr::Formats::LasFactsCounter>(*header);
+            scan.source.observer = scan.lasFacts;
+        }
         readPoints(scan);
         console_.warn(scan.pointSet->getIScanData().getWarnings());
     }
@@ -92,6 +101,15 @@ std::shared_ptr<Vardex::CorvinPointSet> ScanImporter::createPointSet(
         throw Failure(listing.classIdentifier + ": the class is none of the module's");
     }
     return points;
+}
+
+/// Records that have room for times from the start need not be converted when times are loaded.
+void ScanImporter::makeRoomForTimes(const ImportedScan& scan,
+                                    const Ovr::Formats::LasHeader& header) {
+    const auto mobile = std::dynamic_pointer_cast<Vardex::CorvinMobilePointSet>(scan.pointSet);
+    if (mobile && Ovr::Formats::lasRecordLayout(header.format).time) {
+        requireOk(mobile->enableTimeStamps(true), scan.name);
+    }
 }
 
 void ScanImporter::readPoints(const ImportedScan& scan) const {

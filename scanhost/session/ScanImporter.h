@@ -19,7 +19,12 @@
 namespace ScanHost {
 
 /// What of a scan is read when it is imported. Questions about the path never touch the points.
-enum class Content { Points, PathOnly };
+enum class Content {
+    PathOnly,
+    Points,
+    PointsForTimes,  ///< with room for times in their records, where the file has times
+    Everything,      ///< the same, and the facts of a LAS file
+};
 
 /// Imports scans through the module into one project: they share one origin.
 class ScanImporter {
@@ -41,6 +46,7 @@ class ScanImporter {
 
   private:
     std::shared_ptr<Vardex::CorvinPointSet> createPointSet(const Ovr::ScanListing& listing) const;
+    static void makeRoomForTimes(const ImportedScan& scan, const Ovr::Formats::LasHeader& header);
     void readPoints(const ImportedScan& scan) const;
 
     ModuleSession& session_;

@@ -228,14 +228,16 @@ void describeScan(const ImportedScan& scan, bool forHost, Report& report, Consol
     report.add("kind", "kind", isMobile ? "mobile" : "stationary",
                isMobile ? "mobile scan" : "stationary scan");
     const std::optional<LasDescription> las = readLas(scan, console);
-    const PointSummary summary = summarize(*scan.pointSet, scan.toWorld());
-    describePoints(scan, summary, report);
     std::optional<MobileReport> mobile;
     if (isMobile) {
         mobile.emplace(scan, console);
+    }
+    const PointSummary summary = summarize(*scan.pointSet, scan.toWorld());
+    describePoints(scan, summary, report);
+    if (mobile) {
         const bool saysAdjusted = las && las->header.adjustedTime;
-        mobile->describeClock(
-            saysAdjusted ? std::optional(Ovr::Clock::AdjustedGps) : std::nullopt, report);
+        mobile->describeClock(saysAdjusted ? std::optional(Ovr::Clock::AdjustedGps) : std::nullopt,
+                              report);
     } else {
         remarkOnStance(scan, console);
     }
@@ -244,7 +246,7 @@ void describeScan(const ImportedScan& scan, bool forHost, Report& report, Consol
     describePose(scan, report);
     describeSystem(las ? &*las : nullptr, scan.units, report);
     if (mobile) {
-        mobile->describeTimes(report);
+        mobile->describeTimes(summary.times, report);
         mobile->describePath(summary.bounds, report);
     }
     describeLight(summary, report);

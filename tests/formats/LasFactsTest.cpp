@@ -9,8 +9,10 @@
 #include <vector>
 
 #include "las/LasExtraBytes.h"
+#include "las/LasBlocks.h"
 #include "las/LasFacts.h"
 #include "las/LasNames.h"
+#include "las/LasRanges.h"
 #include "support/LasBytes.h"
 #include "support/TempFolder.h"
 
@@ -29,6 +31,15 @@ class LasFile : public testing::Test {
         header_ = {};
         ASSERT_FALSE(file_->open(folder_.write("a.las", bytes)));
         ASSERT_FALSE(readLasHeader(*file_, header_, *remarks_));
+    }
+    LasFacts countFacts() {
+        LasFactsCounter counter(header_);
+        counter.begin();
+        const auto blocks = openLasBlocks(*file_, header_, header_.count);
+        while (!blocks->atEnd() && !blocks->next()) {
+            counter.take(blocks->record(0), header_.recordLength, blocks->records());
+        }
+        return counter.facts();
     }
     std::string warnings() const {
         std::string text;
@@ -58,8 +69,7 @@ TEST_F(LasFile, CountsClassesReturnsAndFlags) {
     poke(old, 111, std::uint32_t{2});
     poke(old, 115, std::uint32_t{1});
     read(old);
-    LasFacts facts;
-    ASSERT_FALSE(countLasFacts(*file_, header_, facts, {}));
+    LasFacts facts = countFacts();
     EXPECT_EQ(facts.classes[5] + facts.classes[31] + facts.classes[2], 3U);
     EXPECT_EQ(facts.returns[2], 1U);
     EXPECT_EQ(facts.returns[1], 2U);
@@ -82,13 +92,46 @@ TEST_F(LasFile, CountsClassesReturnsAndFlags) {
     }
     poke(recent, 255, std::uint64_t{3});
     read(recent);
-    ASSERT_FALSE(countLasFacts(*file_, header_, facts, {}));
+    facts = countFacts();
     EXPECT_EQ(facts.classes[200], 1U);
     EXPECT_EQ(facts.classes[40], 2U);
     EXPECT_EQ(facts.returns[15], 1U);
     EXPECT_EQ(facts.overlap, 2U);
     EXPECT_EQ(facts.withheld, 1U);
     EXPECT_TRUE(returnsDiffer(header_, facts));
+}
+
+TEST_F(LasFile, FindsRangesOfScanAngleAndPointSource) {
+    LasBytes las;
+    las.points.resize(2);
+    std::string old = las.bytes();
+    const std::size_t first = las.headerSize();
+    old[first + 16] = static_cast<char>(-90);
+    old[first + 28 + 16] = 7;
+    poke(old, first + 18, std::uint16_t{65535});
+    poke(old, first + 28 + 18, std::uint16_t{256});
+    las.minor = 4;
+    las.format = 6;
+    std::string recent = las.bytes();
+    const std::size_t at = las.headerSize();
+    poke(recent, at + 18, std::int16_t{-30000});
+    poke(recent, at + 30 + 18, std::int16_t{1});
+    poke(recent, at + 20, std::uint16_t{3});
+    poke(recent, at + 30 + 20, std::uint16_t{2});
+    const struct {
+        const std::string& bytes;
+        double angles[2];
+        unsigned sources[2];
+    } cases[] = {{old, {-90, 7}, {256, 65535}}, {recent, {-180, 0.006}, {2, 3}}};
+    for (const auto& c : cases) {
+        read(c.bytes);
+        LasRanges ranges;
+        ASSERT_FALSE(findLasRanges(*file_, header_, ranges, {}));
+        EXPECT_EQ(lasScanAngle(header_, ranges.lowestAngle), c.angles[0]);
+        EXPECT_EQ(lasScanAngle(header_, ranges.highestAngle), c.angles[1]);
+        EXPECT_EQ(ranges.lowestSource, c.sources[0]);
+        EXPECT_EQ(ranges.highestSource, c.sources[1]);
+    }
 }
 
 TEST_F(LasFile, ComparesBoundsToAStepOfTheCoordinates) {
@@ -100,8 +143,7 @@ TEST_F(LasFile, ComparesBoundsToAStepOfTheCoordinates) {
         las.minimum = {minimum, 2.0, 3.0};
         las.maximum = {4.0, 5.0, 6.0};
         read(las.bytes());
-        LasFacts facts;
-        ASSERT_FALSE(countLasFacts(*file_, header_, facts, {}));
+        const LasFacts facts = countFacts();
         EXPECT_EQ(boundsDiffer(header_, facts), differ) << minimum;
     }
 }

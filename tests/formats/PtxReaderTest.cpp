@@ -245,8 +245,9 @@ TEST_F(PtxReader, GivesTheSameHoweverItsLinesAreSharedOut) {
         {file(30, " \n\n"), false, "line 31: found the end of the file after 19 points"},
         {file(30, "1 2"), false, "line 30: found 2 fields, expected 7"},
         {file(30, "1 2\n \n"), true,
-         "found 2 fields, expected 7, as in the scan's first line; the 19 points before it are "
-         "read, the other cells have no return\n11.5 -11 0.5 28 255 7209\n"},
+         "found 2 fields, expected 7, as in the scan's first line; 19 points before it kept, the "
+         "other "
+         "cells have no return\n11.5 -11 0.5 28 255 7209\n"},
     };
     for (const auto& c : cases) {
         Ovr::ScanSource source = only(c.text);

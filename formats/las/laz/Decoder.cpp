@@ -25,7 +25,7 @@ std::uint32_t Decoder::shiftInSlowly(unsigned bits) {
         const int byte = bytes_.next();
         if (byte < 0) {
             damaged(bytes_.isCut() ? "the end of the file" : "the end of the coded bytes",
-                    "more of them");
+                    "more bytes");
         }
         value = value << 8U | (byte < 0 ? 0U : static_cast<std::uint32_t>(byte));
     }

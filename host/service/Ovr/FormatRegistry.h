@@ -116,7 +116,6 @@ class HOST_EXPORT FormatRegistry {
 /// Lists the scans of a points file of any known format. Tells a missing file, a directory, an
 /// empty file and an unknown format apart.
 [[nodiscard]] HOST_EXPORT ErrorPtr listScans(const std::filesystem::path& file,
-                                             std::vector<ScanListing>& scans,
-                                             bool lenient = false);
+                                             std::vector<ScanListing>& scans, bool lenient = false);
 
 }  // namespace Ovr

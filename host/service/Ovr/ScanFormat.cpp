@@ -9,6 +9,8 @@ namespace Ovr {
 
 IScanReader::IScanReader(ScanSource source) : source_(std::move(source)) {}
 
+IRecordObserver::~IRecordObserver() = default;
+
 IScanReader::~IScanReader() = default;
 
 std::optional<Tq_1_1::Vec3d<double>> IScanReader::place(Remarks& /*remarks*/) {
