@@ -25,8 +25,6 @@
 
 namespace Ovr::Formats {
 
-using Interfaces::ErrorCode;
-
 namespace {
 
 class PtxReader final : public IScanReader {

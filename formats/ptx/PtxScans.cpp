@@ -18,6 +18,25 @@ namespace Ovr::Formats {
 
 using Interfaces::ErrorCode;
 
+namespace {
+
+/// Goes over a scan. Requires: the first line of its header is the current one.
+/// @param isCut  out: whether a file that is read as far as it goes ends within the points
+[[nodiscard]] ErrorPtr passScan(TextLines& lines, bool lenient, bool& isCut) {
+    PtxHeader header;
+    if (ErrorPtr error = readPtxHeader(lines, header, lenient)) {
+        return error;
+    }
+    const std::uint64_t passed = lines.skip(header.cells());
+    isCut = passed < header.cells();
+    if (ErrorPtr error = lines.error()) {
+        return error;
+    }
+    return isCut && (!lenient || passed == 0) ? cutPtxScan(lines, passed, header.cells()) : nullptr;
+}
+
+}  // namespace
+
 /// Whether lines look like the head of a scan: two counts, then three numbers.
 bool looksLikePtx(std::string_view beginning) {
     int line = 0;
@@ -65,17 +84,8 @@ ErrorPtr listPtxScans(const std::filesystem::path& path, bool lenient,
         source.scanIndex = static_cast<std::uint32_t>(found.size());
         source.byteOffset = lines.offset();
         source.line = lines.line();
-        PtxHeader header;
-        if (ErrorPtr error = readPtxHeader(lines, header, lenient)) {
+        if (ErrorPtr error = passScan(lines, lenient, isCut)) {
             return error;
-        }
-        const std::uint64_t cells = lines.skip(header.cells());
-        isCut = cells < header.cells();
-        if (ErrorPtr error = lines.error()) {
-            return error;
-        }
-        if (isCut && (!lenient || cells == 0)) {
-            return cutPtxScan(lines, cells, header.cells());
         }
         std::string name = path.filename().string();
         if (!found.empty()) {

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The VardexScandata developers
 // SPDX-License-Identifier: MIT
 
+#include <fmt/format.h>
+
 #include <cstddef>
 #include <sstream>
 #include <string>
@@ -219,9 +221,8 @@ TEST_F(PtxReader, GivesTheSameHoweverItsLinesAreSharedOut) {
     const auto file = [](int faultAt, const std::string& fault) {
         std::string text = header("4", "5");
         for (int line = kFirst; line < kFirst + 20; ++line) {
-            const std::string n = std::to_string(line);
             text +=
-                line == faultAt ? fault : n + ".5 -" + n + " 0.5 0." + n + " 0." + n + " 0.3 1\n";
+                line == faultAt ? fault : fmt::format("{0}.5 -{0} 0.5 0.{0} 0.{0} 0.3 1\n", line);
         }
         return text;
     };
@@ -246,8 +247,7 @@ TEST_F(PtxReader, GivesTheSameHoweverItsLinesAreSharedOut) {
         {file(30, "1 2"), false, "line 30: found 2 fields, expected 7"},
         {file(30, "1 2\n \n"), true,
          "found 2 fields, expected 7, as in the scan's first line; 19 points before it kept, the "
-         "other "
-         "cells have no return\n11.5 -11 0.5 28 255 7209\n"},
+         "other cells have no return\n11.5 -11 0.5 28 255 7209\n"},
     };
     for (const auto& c : cases) {
         Ovr::ScanSource source = only(c.text);
