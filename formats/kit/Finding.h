@@ -20,6 +20,12 @@ struct Finding {
         }
         extreme = std::max(extreme, value);
     }
+    /// Adds what was found in places after these.
+    void merge(const Finding& later) {
+        first = count == 0 ? later.first : first;
+        count += later.count;
+        extreme = std::max(extreme, later.extreme);
+    }
 };
 
 }  // namespace Ovr::Formats

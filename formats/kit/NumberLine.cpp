@@ -13,9 +13,9 @@ namespace Ovr::Formats {
 
 using Interfaces::ErrorCode;
 
-ErrorPtr readNumbers(const TextLines& line, std::span<double> numbers, std::string_view why) {
+ErrorPtr readNumbers(const TextLine& line, std::span<double> numbers, std::string_view why) {
     std::array<std::string_view, kMostNumbers> fields;
-    const std::size_t count = splitFields(line.text(), fields);
+    const std::size_t count = splitFields(line.text, fields);
     if (count != numbers.size()) {
         return line.fault(ErrorCode::WrongFormat, countText(count, "field"),
                           fmt::format("{}{}", numbers.size(), why));

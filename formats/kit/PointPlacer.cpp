@@ -13,7 +13,7 @@ Tq_1_1::Vec3d<double> originOf(const ScanSource& source) {
     return source.project ? source.project->chooseOrigin({}) : Tq_1_1::Vec3d<double>();
 }
 
-ErrorPtr PointPlacer::place(const TextLines& line, const Tq_1_1::Vec3d<double>& position,
+ErrorPtr PointPlacer::place(const TextLine& line, const Tq_1_1::Vec3d<double>& position,
                             Tq_1_1::Vec3d<float>& placed) {
     if (ErrorPtr error = checkCoordinates(line, position)) {
         return error;
@@ -40,7 +40,7 @@ void PointPlacer::report(Remarks& remarks, const std::string& file,
     }
 }
 
-ErrorPtr checkCoordinates(const TextLines& line, const Tq_1_1::Vec3d<double>& position) {
+ErrorPtr checkCoordinates(const TextLine& line, const Tq_1_1::Vec3d<double>& position) {
     for (std::size_t axis = 0; axis < 3; ++axis) {
         if (std::abs(position[axis]) > kLargestCoordinate) {
             return line.fault(Interfaces::ErrorCode::InvalidValue,

@@ -14,7 +14,7 @@
 #include "Ovr/Remarks.h"
 #include "Ovr/ScanSource.h"
 #include "Tq/Vec3d.h"
-#include "kit/TextLines.h"
+#include "kit/TextLine.h"
 
 namespace Ovr::Formats {
 
@@ -43,8 +43,15 @@ class PointPlacer {
     }
     /// The same for the point of a text line.
     /// @return InvalidValue for a coordinate beyond kLargestCoordinate
-    [[nodiscard]] ErrorPtr place(const TextLines& line, const Tq_1_1::Vec3d<double>& position,
+    [[nodiscard]] ErrorPtr place(const TextLine& line, const Tq_1_1::Vec3d<double>& position,
                                  Tq_1_1::Vec3d<float>& placed);
+
+    /// Takes over what one with the same origin has placed.
+    void merge(const PointPlacer& other) {
+        for (std::size_t axis = 0; axis < 3; ++axis) {
+            largest_[axis] = std::max(largest_[axis], other.largest_[axis]);
+        }
+    }
 
     /// Warns of each axis along which single precision is coarser than the file.
     /// @param file        for the message
@@ -60,7 +67,7 @@ class PointPlacer {
 };
 
 /// Refuses the coordinates of a text line that lie beyond kLargestCoordinate.
-[[nodiscard]] ErrorPtr checkCoordinates(const TextLines& line,
+[[nodiscard]] ErrorPtr checkCoordinates(const TextLine& line,
                                         const Tq_1_1::Vec3d<double>& position);
 
 }  // namespace Ovr::Formats

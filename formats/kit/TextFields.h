@@ -15,7 +15,9 @@ namespace Ovr::Formats {
 /// @return whether the character separates fields of a line: a blank, a tab, or the carriage return
 ///         of a foreign line end
 constexpr bool isBlank(char c) {
-    return c == ' ' || c == '\t' || c == '\r' || c == '\v' || c == '\f';
+    // The first comparison settles what stands in fields.
+    return static_cast<unsigned char>(c) <= ' ' &&
+           (c == ' ' || c == '\t' || c == '\r' || c == '\v' || c == '\f');
 }
 
 /// The text without blanks at both ends.

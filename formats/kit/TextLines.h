@@ -13,8 +13,19 @@
 
 #include "Ovr/Errors.h"
 #include "kit/InputFile.h"
+#include "kit/LineCount.h"
+#include "kit/TextLine.h"
 
 namespace Ovr::Formats {
+
+/// Lines of a text file that were read at once.
+struct TextBlock {
+    std::vector<char> memory;
+    std::string_view text;        ///< whole lines, in the memory; the file's last may lack its end
+    std::uint64_t offset = 0;     ///< where the text begins in the file [bytes]
+    std::uint64_t firstLine = 0;  ///< number of the text's first line, counted from 1
+    std::uint64_t count = 0;      ///< lines that hold something
+};
 
 /// Walks over the lines of a text file that hold something, in a buffer of fixed size. Line ends
 /// of either kind, blanks around a line, empty lines, a byte-order mark at the file's beginning and
@@ -35,9 +46,26 @@ class TextLines {
     /// @return Truncated at the file's end; the fault when the line is too long
     [[nodiscard]] ErrorPtr require(std::string_view expected);
 
-    /// The current line without blanks at its ends; valid until next().
+    /// Makes the current line the next one again. Requires: next() was true.
+    void back();
+
+    /// Goes over lines without looking into them; after that no line is current.
+    /// @param count  of lines that are not blank
+    /// @return how many there were: fewer at the file's end and when a line is too long, see error()
+    std::uint64_t skip(std::uint64_t count);
+    /// Reads the next lines, for a walk that other threads may make; after that no line is current.
+    /// @param block  out; its memory is used again
+    /// @param size   of the block [bytes]; it is larger only when the next line is
+    /// @param most   lines that are not blank; the block ends right after the last of them
+    /// @return false at the file's end and when the next line is too long, see error()
+    bool nextBlock(TextBlock& block, std::size_t size, std::uint64_t most);
+
+    /// The current line; valid until next().
+    TextLine current() const { return {file_.name(), text_, line_}; }
+    /// Its text without blanks at its ends; valid until next().
     std::string_view text() const { return text_; }
-    /// Number of the current line; after the end, of the last one.
+    /// Number of the current line; after the end, of the last one; after skip() and nextBlock(), of
+    /// the last one there.
     std::uint64_t line() const { return line_; }
     /// Where the current line begins in the file [bytes].
     std::uint64_t offset() const { return offset_; }
@@ -46,7 +74,9 @@ class TextLines {
     [[nodiscard]] ErrorPtr error() { return std::move(error_); }
     /// A fault in the current line.
     [[nodiscard]] ErrorPtr fault(Interfaces::ErrorCode code, std::string found,
-                                 std::string expected) const;
+                                 std::string expected) const {
+        return current().fault(code, std::move(found), std::move(expected));
+    }
 
     std::uint64_t fileSize() const { return file_.size(); }
     const std::string& fileName() const { return file_.name(); }
@@ -54,6 +84,7 @@ class TextLines {
   private:
     bool nextRaw();
     bool fill();
+    void pass(const LineCount& lines);
     void skipByteOrderMark();
 
     InputFile file_;

@@ -14,7 +14,7 @@
 
 #include "Ovr/Errors.h"
 #include "kit/AtomicFile.h"
-#include "las/laz/JobQueue.h"
+#include "kit/JobQueue.h"
 #include "las/laz/Schema.h"
 
 namespace Ovr::Formats {
@@ -74,9 +74,9 @@ class LasRecordWriter {
     std::size_t blockSize_ = 0;   ///< records are gathered up to here [bytes]
     std::string gathered_;
     Laz::Schema schema_;
-    std::vector<std::uint32_t> chunkSizes_;     ///< [bytes]
-    std::unique_ptr<Laz::JobQueue<Job>> jobs_;  ///< null when the points are plain
-    std::size_t atOnce_ = 0;                    ///< chunks
+    std::vector<std::uint32_t> chunkSizes_;  ///< [bytes]
+    std::unique_ptr<JobQueue<Job>> jobs_;    ///< null when the points are plain
+    std::size_t atOnce_ = 0;                 ///< chunks
 };
 
 }  // namespace Ovr::Formats

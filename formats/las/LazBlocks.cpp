@@ -12,8 +12,8 @@
 #include <utility>
 #include <vector>
 
+#include "kit/JobQueue.h"
 #include "las/laz/Chunk.h"
-#include "las/laz/JobQueue.h"
 
 namespace Ovr::Formats {
 
@@ -174,7 +174,7 @@ class ParallelBlocks final : public LazBlocks {
     std::uint64_t atOnce_;
     std::uint64_t given_ = 0;
     std::unique_ptr<ChunkJob> current_;
-    Laz::JobQueue<ChunkJob> queue_;
+    JobQueue<ChunkJob> queue_;
 };
 
 /// The most that a chunk takes while it is decoded [bytes].

@@ -45,7 +45,8 @@ constexpr std::size_t kPlacementLines = 4;
         if (ErrorPtr error = lines.require("a line of the scanner's placement")) {
             return error;
         }
-        if (ErrorPtr error = readNumbers(lines, std::span(header.placement).subspan(3 * i, 3))) {
+        if (ErrorPtr error =
+                readNumbers(lines.current(), std::span(header.placement).subspan(3 * i, 3))) {
             return error;
         }
     }
@@ -53,7 +54,8 @@ constexpr std::size_t kPlacementLines = 4;
         if (ErrorPtr error = lines.require("a line of the scan's 4 x 4 matrix")) {
             return error;
         }
-        if (ErrorPtr error = readNumbers(lines, std::span(header.pose).subspan(4 * line, 4))) {
+        if (ErrorPtr error =
+                readNumbers(lines.current(), std::span(header.pose).subspan(4 * line, 4))) {
             return error;
         }
     }

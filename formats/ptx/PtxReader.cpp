@@ -21,26 +21,16 @@
 #include "kit/WorkWatch.h"
 #include "ptx/PtxHeader.h"
 #include "ptx/PtxPoint.h"
+#include "ptx/PtxScans.h"
 
 namespace Ovr::Formats {
 
-using Interfaces::ErrorCode;
-
 namespace {
-
-/// The error of lines that ended within the points of a scan.
-[[nodiscard]] ErrorPtr cutScan(TextLines& lines, std::uint64_t found, std::uint64_t expected) {
-    ErrorPtr error = lines.error();
-    return error
-               ? std::move(error)
-               : lines.fault(ErrorCode::Truncated,
-                             fmt::format("the end of the file after {}", countText(found, "point")),
-                             fmt::format("{} in the scan", expected));
-}
 
 class PtxReader final : public IScanReader {
   public:
-    explicit PtxReader(const ScanSource& source) : IScanReader(source) {}
+    PtxReader(const ScanSource& source, const PtxSharing& sharing)
+        : IScanReader(source), sharing_(sharing) {}
 
     ErrorPtr loadPoints(const LoadTarget& target, StatisticsReport& statistics) override;
 
@@ -51,19 +41,26 @@ class PtxReader final : public IScanReader {
         PointSink sink;
         PtxPointParser parser;
         WorkWatch watch;
+        PtxFindings findings{};
         StatisticBuilder distances{};
+        std::uint64_t done = 0;  ///< cells
+        int row = 0;             ///< of the next cell
+        int col = 0;
         ErrorPtr cut{};              ///< why the points ended early
         std::uint64_t cutAfter = 0;  ///< points
+
+        [[nodiscard]] bool put(const PtxPoint& point);
     };
 
     [[nodiscard]] ErrorPtr toFirstPoint(TextLines& lines, PtxHeader& header) const;
     [[nodiscard]] ErrorPtr loadGrid(const LoadTarget& target, const PtxHeader& header,
                                     TextLines& lines, StatisticsReport& statistics);
     [[nodiscard]] ErrorPtr fillColumns(Loading& loading, TextLines& lines) const;
-    [[nodiscard]] ErrorPtr readCell(Loading& loading, TextLines& lines, std::uint64_t done,
-                                    ReadPoint& point, bool& isReturn) const;
     [[nodiscard]] ErrorPtr fillAgain(Loading& loading) const;
+    bool isForgiven(const PtxBlock* block) const;
     void remarkOnEnd(const Loading& loading, TextLines& lines, Remarks& remarks) const;
+
+    PtxSharing sharing_;
 };
 
 ErrorPtr PtxReader::loadPoints(const LoadTarget& target, StatisticsReport& statistics) {
@@ -95,7 +92,7 @@ ErrorPtr PtxReader::toFirstPoint(TextLines& lines, PtxHeader& header) const {
     if (ErrorPtr error = readPtxHeader(lines, header, source().lenient)) {
         return error;
     }
-    return lines.next() ? nullptr : cutScan(lines, 0, header.cells());
+    return lines.next() ? nullptr : cutPtxScan(lines, 0, header.cells());
 }
 
 ErrorPtr PtxReader::loadGrid(const LoadTarget& target, const PtxHeader& header, TextLines& lines,
@@ -105,7 +102,7 @@ ErrorPtr PtxReader::loadGrid(const LoadTarget& target, const PtxHeader& header, 
     grid.columns = static_cast<int>(
         std::min(static_cast<std::uint64_t>(header.columns), target.maximumCount / rows));
     PtxPointParser parser;
-    if (ErrorPtr error = parser.start(lines)) {
+    if (ErrorPtr error = parser.start(lines.current())) {
         return error;
     }
     Loading loading{grid, PointSink(target.integration, parser.colored()), parser,
@@ -116,12 +113,12 @@ ErrorPtr PtxReader::loadGrid(const LoadTarget& target, const PtxHeader& header, 
     if (ErrorPtr error = fillColumns(loading, lines)) {
         return error;
     }
-    if (loading.parser.hasFractionColors()) {
+    if (loading.findings.hasFractionColors()) {
         if (ErrorPtr error = fillAgain(loading)) {
             return error;
         }
     }
-    loading.parser.remark(target.remarks, lines.fileName());
+    loading.parser.remark(loading.findings, target.remarks, lines.fileName());
     if (source().lenient && grid.columns == header.columns) {
         remarkOnEnd(loading, lines, target.remarks);
     }
@@ -141,33 +138,45 @@ ErrorPtr PtxReader::fillAgain(Loading& loading) const {
     if (ErrorPtr error = toFirstPoint(lines, header)) {
         return error;
     }
-    loading.parser = {};
     loading.parser.takeFractionColors();
     loading.sink.restart();
+    loading.findings = {};
     loading.distances = {};
-    if (ErrorPtr error = loading.parser.start(lines)) {
-        return error;
-    }
+    loading.done = 0;
+    loading.row = 0;
+    loading.col = 0;
+    loading.cut = nullptr;
     return fillColumns(loading, lines);
 }
 
-/// Reads a point; of a file that ended early and is read as far as it goes, a cell without a
-/// return.
-/// @param done  points before it
-ErrorPtr PtxReader::readCell(Loading& loading, TextLines& lines, std::uint64_t done,
-                             ReadPoint& point, bool& isReturn) const {
-    if (loading.cut) {
-        return nullptr;
+/// Puts a point into the next cell, column after column.
+/// @return false when the work is to stop
+bool PtxReader::Loading::put(const PtxPoint& point) {
+    if (point.isReturn) {
+        sink.put(row, col, point.point);
+        distances.add(point.distance);
+    } else {
+        sink.putNull(row, col);
     }
-    ErrorPtr error = done != 0 && !lines.next() ? cutScan(lines, done, loading.grid.cells())
-                                                : loading.parser.parse(lines, point, isReturn);
+    if (++row == grid.rows) {
+        row = 0;
+        ++col;
+    }
+    ++done;
+    return done % 1024 != 0 ||
+           watch.goOn(static_cast<double>(done) / static_cast<double>(grid.cells()));
+}
+
+/// Whether what ended the points early is the end of a file that is read as far as it goes.
+/// @param block  the one whose error it is; null when there was no line
+bool PtxReader::isForgiven(const PtxBlock* block) const {
+    if (!source().lenient || block == nullptr) {
+        return source().lenient;
+    }
     // The last line of a file that is cut may be half a line.
-    if (error && source().lenient && !lines.error() && !lines.next()) {
-        loading.cut = std::move(error);
-        loading.cutAfter = done;
-        isReturn = false;
-    }
-    return error;
+    TextLines rest;
+    return !rest.open(source().file, block->errorOffset, block->errorLine) && rest.next() &&
+           !rest.next();
 }
 
 /// Of a file that is read as far as it goes: tells what is missing, and what is left over.
@@ -184,50 +193,35 @@ void PtxReader::remarkOnEnd(const Loading& loading, TextLines& lines, Remarks& r
 
 /// Requires: the grid's first point is the current line.
 ErrorPtr PtxReader::fillColumns(Loading& loading, TextLines& lines) const {
-    const PtxHeader& grid = loading.grid;
-    std::uint64_t done = 0;
-    for (int col = 0; col < grid.columns; ++col) {
-        for (int row = 0; row < grid.rows; ++row) {
-            ReadPoint point;
-            bool isReturn = false;
-            if (ErrorPtr error = readCell(loading, lines, done, point, isReturn)) {
-                return error;
-            }
-            if (isReturn) {
-                loading.sink.put(row, col, point);
-                loading.distances.add(loading.parser.distance());
-            } else {
-                loading.sink.putNull(row, col);
-            }
-            ++done;
-            if (done % 1024 == 0 && !loading.watch.goOn(static_cast<double>(done) /
-                                                        static_cast<double>(grid.cells()))) {
+    const std::uint64_t cells = loading.grid.cells();
+    lines.back();
+    PtxBlocks blocks(lines, loading.parser, cells, sharing_);
+    while (loading.done < cells && !loading.cut) {
+        PtxBlock* const block = blocks.next();
+        for (std::uint64_t i = 0; block != nullptr && i < block->count; ++i) {
+            if (!loading.put(block->points[i])) {
                 return cancelled(lines.fileName());
             }
         }
+        ErrorPtr error;
+        if (block == nullptr) {
+            error = cutPtxScan(lines, loading.done, cells);
+        } else {
+            loading.findings.merge(block->findings);
+            error = std::move(block->error);
+        }
+        if (error && !isForgiven(block)) {
+            return error;
+        }
+        loading.cut = std::move(error);
+        loading.cutAfter = loading.done;
+    }
+    while (loading.done < cells) {
+        if (!loading.put({})) {
+            return cancelled(lines.fileName());
+        }
     }
     return loading.watch.goOn(1.0) ? nullptr : cancelled(lines.fileName());
-}
-
-/// Whether lines look like the head of a scan: two counts, then three numbers.
-bool looksLikePtx(std::string_view beginning) {
-    int line = 0;
-    while (!beginning.empty()) {
-        const std::size_t end = std::min(beginning.find('\n'), beginning.size());
-        const std::string_view text = trimmed(beginning.substr(0, end));
-        beginning.remove_prefix(std::min(end + 1, beginning.size()));
-        if (text.empty()) {
-            continue;
-        }
-        if (line == 2) {
-            return splitFields(text, {}) == 3;
-        }
-        if (parseInteger(text).value_or(0) <= 0) {
-            return false;
-        }
-        ++line;
-    }
-    return false;
 }
 
 class PtxFormat final : public IScanFormat {
@@ -239,57 +233,19 @@ class PtxFormat final : public IScanFormat {
     }
     bool recognises(std::string_view beginning) const override { return looksLikePtx(beginning); }
     ErrorPtr list(const std::filesystem::path& path, bool lenient,
-                  std::vector<ScanListing>& scans) const override;
+                  std::vector<ScanListing>& scans) const override {
+        return listPtxScans(path, lenient, scans);
+    }
     std::unique_ptr<IScanReader> makeReader(const ScanSource& source) const override {
-        return std::make_unique<PtxReader>(source);
+        return makePtxReader(source, usualPtxSharing());
     }
 };
 
-ErrorPtr PtxFormat::list(const std::filesystem::path& path, bool lenient,
-                         std::vector<ScanListing>& scans) const {
-    TextLines lines;
-    if (ErrorPtr error = lines.open(path)) {
-        return error;
-    }
-    std::vector<ScanListing> found;
-    bool isCut = false;
-    while (!isCut && lines.next()) {
-        if (lenient && !found.empty() && !parseInteger(lines.text())) {
-            break;  // the scan's reader tells
-        }
-        ScanSource source;
-        source.file = path;
-        source.scanIndex = static_cast<std::uint32_t>(found.size());
-        source.byteOffset = lines.offset();
-        source.line = lines.line();
-        PtxHeader header;
-        if (ErrorPtr error = readPtxHeader(lines, header, lenient)) {
-            return error;
-        }
-        for (std::uint64_t cell = 0; cell < header.cells() && !isCut; ++cell) {
-            isCut = !lines.next();
-            if (isCut && (!lenient || cell == 0 || lines.error())) {
-                return cutScan(lines, cell, header.cells());
-            }
-        }
-        std::string name = path.filename().string();
-        if (!found.empty()) {
-            name += fmt::format(" ({})", found.size() + 1);
-        }
-        found.push_back({classIdentifier(), std::move(name), std::move(source)});
-    }
-    if (ErrorPtr error = lines.error()) {
-        return error;
-    }
-    if (found.empty()) {
-        return makeError(ErrorCode::EmptyFile, {path.string(), "", "no scan, only blanks", ""});
-    }
-    scans.insert(scans.end(), std::make_move_iterator(found.begin()),
-                 std::make_move_iterator(found.end()));
-    return nullptr;
-}
-
 }  // namespace
+
+std::unique_ptr<IScanReader> makePtxReader(const ScanSource& source, const PtxSharing& sharing) {
+    return std::make_unique<PtxReader>(source, sharing);
+}
 
 std::shared_ptr<const IScanFormat> ptxFormat() {
     return std::make_shared<PtxFormat>();

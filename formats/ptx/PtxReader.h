@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "Ovr/ScanFormat.h"
+#include "ptx/PtxBlocks.h"
 
 namespace Ovr::Formats {
 
@@ -15,5 +16,9 @@ namespace Ovr::Formats {
 /// Intensities from 0 to 1 become reflections from 0 to 65535. A cell without a return becomes a
 /// null point. A load of fewer points than the grid has takes the first columns that fit whole.
 std::shared_ptr<const IScanFormat> ptxFormat();
+
+/// A reader as the format makes it, but for how the lines are shared out: what it reads and what it
+/// says of it are the same for every way.
+std::unique_ptr<IScanReader> makePtxReader(const ScanSource& source, const PtxSharing& sharing);
 
 }  // namespace Ovr::Formats

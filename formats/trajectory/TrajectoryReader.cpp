@@ -115,7 +115,7 @@ ErrorPtr TrajectoryParser::readPose() {
         return error;
     }
     using enum TrajectoryColumns::Value;
-    if (ErrorPtr error = checkCoordinates(lines_, {v[X], v[Y], v[Z]})) {
+    if (ErrorPtr error = checkCoordinates(lines_.current(), {v[X], v[Y], v[Z]})) {
         return error;
     }
     TrajectoryNode node;

@@ -11,6 +11,7 @@
 
 #include "faults/ScanRig.h"
 #include "module/RegisteredFunctions.h"
+#include "ptx/PtxReader.h"
 #include "stance/ScanPolarCreators.h"
 
 namespace Vardex::Testing {
@@ -128,6 +129,23 @@ Row importing(const char* name, bool mobile, const std::filesystem::path& file) 
             importChanges(mobile ? "walk" : "hall")};
 }
 
+/// Line by line, so that the few lines there are keep several threads busy.
+void readOnThreads(ScanRig& rig) {
+    Ovr::ScanSource source;
+    source.file = files().ptx;
+    Ovr::Interfaces::IScanIntegration& hall = rig.hall->getIScanIntegration();
+    const auto lock = hall.getPointDataWriteLock(0);
+    Ovr::Remarks remarks;
+    Ovr::StatisticsReport statistics;
+    try {
+        succeed(Ovr::Formats::makePtxReader(source, {.threads = 2, .blockSize = 8})
+                    ->loadPoints({hall, nullptr, 2, {}, remarks}, statistics) == nullptr);
+    } catch (const std::bad_alloc&) {
+        hall.setNewSize(0, 0, false, false);  // as scan data do
+        throw;
+    }
+}
+
 TEST(OutOfMemory, Reading) {
     const std::vector<Change> timesMayChange = {{"times enabled", kAsDone},
                                                 {"walk record size", kAsDone},
@@ -137,6 +155,7 @@ TEST(OutOfMemory, Reading) {
     run({
         importing("import LAS", true, files().las),
         importing("import PTX", false, files().ptx),
+        {"read PTX on threads", readOnThreads, {}, importChanges("hall")},
         {"import again",
          [](ScanRig& rig) { succeed(ScanRig::import(*rig.walk, files().las) == 0); }, withPoints,
          importChanges("walk")},

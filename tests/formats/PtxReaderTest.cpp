@@ -1,10 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The VardexScandata developers
 // SPDX-License-Identifier: MIT
 
+#include <fmt/format.h>
+
+#include <cstddef>
+#include <sstream>
 #include <string>
 #include <vector>
 
 #include "Ovr/FormatRegistry.h"
+#include "kit/LineCount.h"
+#include "ptx/PtxReader.h"
 #include "support/ExpectError.h"
 #include "support/LoadedScan.h"
 #include "support/TempFolder.h"
@@ -178,6 +184,81 @@ TEST_F(PtxReader, TakesColorsThatAreFractions) {
                       std::string::npos,
                   c.scaled);
         EXPECT_EQ(scan.statistics.reflection->count, 2U);
+    }
+}
+
+/// Records, remarks and numbers of a scan, or why it is refused.
+std::string outcome(const Ovr::ScanSource& source, const Ovr::Formats::PtxSharing& sharing) {
+    Support::MemoryScan memory;
+    Ovr::StatisticsReport statistics;
+    Ovr::Remarks remarks;
+    Support::CountingWatch watch;
+    const auto error =
+        Ovr::Formats::makePtxReader(source, sharing)
+            ->loadPoints({memory, nullptr, 1000, {&watch, &watch}, remarks}, statistics);
+    if (error) {
+        return error->message();
+    }
+    EXPECT_TRUE(watch.last == 1.0 && !watch.fell);
+    std::ostringstream text;
+    for (const std::string& line : remarks.warnings()) {
+        text << line << '\n';
+    }
+    text.precision(17);
+    for (const auto& record : memory.records) {
+        const auto& [point, reflection] = record;
+        text << point.x << ' ' << point.y << ' ' << point.z << ' ' << int{point.color[0]} << ' '
+             << int{point.color[2]} << ' ' << reflection << '\n';
+    }
+    for (const auto& values : {statistics.distance, statistics.reflection}) {
+        text << values->mean << ' ' << values->standardDeviation << ' ' << values->count << '\n';
+    }
+    return text.str();
+}
+
+TEST_F(PtxReader, GivesTheSameHoweverItsLinesAreSharedOut) {
+    constexpr int kFirst = 11;  // line of the first point
+    const auto file = [](int faultAt, const std::string& fault) {
+        std::string text = header("4", "5");
+        for (int line = kFirst; line < kFirst + 20; ++line) {
+            text +=
+                line == faultAt ? fault : fmt::format("{0}.5 -{0} 0.5 0.{0} 0.{0} 0.3 1\n", line);
+        }
+        return text;
+    };
+    const std::string next = header("1", "1") + "1 1 1 2 255 0 0\n";
+    const std::string line = "21.5 1 2 0.5 1 0 0";
+    const struct {
+        std::string text;
+        bool lenient;
+        std::string words;  ///< in the outcome
+    } cases[] = {
+        {file(0, "") + next, false, "colours are fractions"},
+        {file(20, "\n \t\n" + line + "   \n\r\n") + "\n" + next, false, "21.5 1 2 255 0"},
+        {file(20, line + "\n1 2 x 0 0 0 0\n1\n"), false, "line 21: found 'x' as field 3"},
+        {file(20, line + "\n1 2 x 0 0 0 0\n1\n"), true, "line 21: found 'x' as field 3"},
+        {file(20, "1 2 3 -5 7 300 0\n"), false,
+         "the farthest 5 away from 0, were cut to 0 or 1, first at line 20"},
+        {file(20, std::string(Ovr::Formats::kLongestLine + 1, ' ') + "\n"), false,
+         "line 20: found a line of more"},
+        {file(20, line + std::string(Ovr::Formats::kLongestLine - line.size(), ' ') + "\n"), false,
+         "21.5 1 2 255"},
+        {file(30, " \n\n"), false, "line 31: found the end of the file after 19 points"},
+        {file(30, "1 2"), false, "line 30: found 2 fields, expected 7"},
+        {file(30, "1 2\n \n"), true,
+         "found 2 fields, expected 7, as in the scan's first line; 19 points before it kept, the "
+         "other cells have no return\n11.5 -11 0.5 28 255 7209\n"},
+    };
+    for (const auto& c : cases) {
+        Ovr::ScanSource source = only(c.text);
+        source.lenient = c.lenient;
+        const std::string whole = outcome(source, {0, std::size_t{1} << 20});
+        EXPECT_NE(whole.find(c.words), std::string::npos) << whole;
+        for (const std::size_t blockSize : {1, 30, 64, 99, 250}) {
+            for (const unsigned threads : {0, 1, 3}) {
+                EXPECT_EQ(outcome(source, {threads, blockSize}), whole) << blockSize;
+            }
+        }
     }
 }
 

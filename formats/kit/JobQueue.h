@@ -10,12 +10,13 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <new>
 #include <system_error>
 #include <thread>
 #include <utility>
 #include <vector>
 
-namespace Ovr::Formats::Laz {
+namespace Ovr::Formats {
 
 /// Runs jobs on threads and hands them back in the order in which they were given.
 /// Threads: the operations are for one; the jobs run on others.
@@ -26,11 +27,14 @@ class JobQueue {
     /// @param run      called on several threads at once, each time for another job
     JobQueue(unsigned threads, std::function<void(Job&)> run) : run_(std::move(run)) {
         try {
+            threads_.reserve(threads);
             while (threads_.size() < threads) {
                 threads_.emplace_back([this] { work(); });
             }
         } catch (const std::system_error&) {
             // Those that there are do.
+        } catch (const std::bad_alloc&) {
+            // The same; passing it on would end the program, with threads that nobody joins.
         }
     }
     JobQueue(const JobQueue&) = delete;
@@ -121,4 +125,4 @@ class JobQueue {
     std::vector<std::thread> threads_;
 };
 
-}  // namespace Ovr::Formats::Laz
+}  // namespace Ovr::Formats
