@@ -80,7 +80,7 @@ run sort walk.las -o walk-sorted.las
 run times walk-sorted.las --trajectory walk.txt
 
 section 'Pictures: plan, side, panorama, points over time, path over time'
-run picture project.json -o plan.png --width 1000
+run picture project.json -o plan.png --width 640
 run picture project.json --side --color reflection -o side.pdf
 run picture room-a.ptx --panorama --color range -o panorama.png
 run picture walk.las --times -o times.svg
