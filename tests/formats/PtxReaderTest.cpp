@@ -1,9 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The VardexScandata developers
 // SPDX-License-Identifier: MIT
 
-#include <fmt/format.h>
-
 #include <cstddef>
+#include <regex>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -221,8 +220,9 @@ TEST_F(PtxReader, GivesTheSameHoweverItsLinesAreSharedOut) {
     const auto file = [](int faultAt, const std::string& fault) {
         std::string text = header("4", "5");
         for (int line = kFirst; line < kFirst + 20; ++line) {
-            text +=
-                line == faultAt ? fault : fmt::format("{0}.5 -{0} 0.5 0.{0} 0.{0} 0.3 1\n", line);
+            text += line == faultAt ? fault
+                                    : std::regex_replace("N.5 -N 0.5 0.N 0.N 0.3 1\n",
+                                                         std::regex("N"), std::to_string(line));
         }
         return text;
     };
