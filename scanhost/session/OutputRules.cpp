@@ -4,10 +4,10 @@
 #include "session/OutputRules.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <system_error>
 
 #include <fmt/format.h>
-#include <fmt/ranges.h>
 
 #include "Ovr/IStructuredStreams.h"
 #include "Tq/Path.h"
@@ -17,6 +17,19 @@
 namespace ScanHost {
 
 namespace fs = std::filesystem;
+
+namespace {
+
+/// ".png, .svg or .pdf"
+std::string listed(const std::vector<std::string>& endings) {
+    std::string text = endings.front();
+    for (std::size_t i = 1; i < endings.size(); ++i) {
+        text += (i + 1 == endings.size() ? " or " : ", ") + endings[i];
+    }
+    return text;
+}
+
+}  // namespace
 
 void OutputRules::protect(const ScanOptions& options) {
     inputs_.insert(inputs_.end(), options.files.begin(), options.files.end());
@@ -39,13 +52,22 @@ void OutputRules::check(const std::vector<OutputFile>& outputs) const {
     }
 }
 
+/// ".png, .svg or .pdf"
+std::string listed(const std::vector<std::string>& endings) {
+    std::string text = endings.front();
+    for (std::size_t i = 1; i < endings.size(); ++i) {
+        text += (i + 1 == endings.size() ? " or " : ", ") + endings[i];
+    }
+    return text;
+}
+
 void OutputRules::check(const OutputFile& output) const {
     const auto& [file, endings] = output;
     const std::string ending = fmt::format(".{}", Tq_1_1::lowerCaseExtension(file));
     if (file.has_extension() &&
         std::find(endings.begin(), endings.end(), ending) == endings.end()) {
         throw unexpected(file.string(), fmt::format("the ending {}", file.extension().string()),
-                         fmt::format("{}", fmt::join(endings, " or ")));
+                         listed(endings));
     }
     for (const fs::path& input : inputs_) {
         std::error_code missing;

@@ -27,8 +27,8 @@ std::set<std::string> optionsIn(const std::string& help) {
     return found(help, R"((?:^|\n)  (?:-.,)?(--[a-z-]+))");
 }
 
-const std::set<std::string> kCommands{"info", "point",  "times", "where",    "path",  "view",
-                                      "near", "export", "sort",  "commands", "sample"};
+const std::set<std::string> kCommands{"info", "picture", "point",  "times", "where",    "path",
+                                      "view", "near",    "export", "sort",  "commands", "sample"};
 
 TEST(GeneratedText, HelpManualAndCompletionNameEveryCommandAndOption) {
     const Outcome help = run({"--help"});
