@@ -52,15 +52,6 @@ void OutputRules::check(const std::vector<OutputFile>& outputs) const {
     }
 }
 
-/// ".png, .svg or .pdf"
-std::string listed(const std::vector<std::string>& endings) {
-    std::string text = endings.front();
-    for (std::size_t i = 1; i < endings.size(); ++i) {
-        text += (i + 1 == endings.size() ? " or " : ", ") + endings[i];
-    }
-    return text;
-}
-
 void OutputRules::check(const OutputFile& output) const {
     const auto& [file, endings] = output;
     const std::string ending = fmt::format(".{}", Tq_1_1::lowerCaseExtension(file));

@@ -30,8 +30,7 @@ std::vector<ImportedScan> importProject(Vardex::VardexDataObj& project, ScanImpo
 
 /// Imports the scans of all files and projects that the options name, into one project.
 std::vector<ImportedScan> importAll(ModuleSession& session, ScanImporter& importer,
-                                    const ScanOptions& options, Console& console,
-                                    Content content);
+                                    const ScanOptions& options, Console& console, Content content);
 
 /// The scan that the options name, of a points file or a project; several to choose from are a
 /// failure. Nothing of it is read.
