@@ -29,7 +29,8 @@ constexpr std::array<double, kExactDigits + 1> kPowersOfTen{
     1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
 
 /// Reads a number in the usual form, a few digits with or without a point among them. A quotient of
-/// two exact numbers is rounded once: it is the double that std::from_chars gives, in half the time.
+/// two exact numbers is rounded once: it is the double that std::from_chars gives, in half the
+/// time.
 /// @return false for all other forms
 bool parseShort(std::string_view number, double& value) {
     const bool isNegative = !number.empty() && number.front() == '-';

@@ -51,7 +51,8 @@ class TextLines {
 
     /// Goes over lines without looking into them; after that no line is current.
     /// @param count  of lines that are not blank
-    /// @return how many there were: fewer at the file's end and when a line is too long, see error()
+    /// @return how many there were: fewer at the file's end and when a line is too long, see
+    ///         error()
     std::uint64_t skip(std::uint64_t count);
     /// Reads the next lines, for a walk that other threads may make; after that no line is current.
     /// @param block  out; its memory is used again

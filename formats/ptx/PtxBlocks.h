@@ -41,8 +41,8 @@ struct PtxBlock {
 /// thread. What a block gives does not depend on the number of threads.
 class PtxBlocks {
   public:
-    /// @param lines   its next line is the scan's first point; kept by reference, and not to be used
-    ///                before next() has given null or as many points as there are cells
+    /// @param lines   its next line is the scan's first point; kept by reference, and not to be
+    ///                used before next() has given null or as many points as there are cells
     /// @param parser  kept by reference
     /// @param cells   lines to read, at least 1
     PtxBlocks(TextLines& lines, const PtxPointParser& parser, std::uint64_t cells,

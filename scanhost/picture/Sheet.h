@@ -44,8 +44,8 @@ std::vector<std::string> pictureEndings();
 /// Height of the notes below a picture [pixels].
 double notesHeight(const std::vector<std::string>& notes, const SheetSizes& sizes);
 
-/// Draws a picture into a file, which appears whole or not at all. A name without an ending is that of a
-/// PNG. Throws a Failure when that fails or when the rules forbid it.
+/// Draws a picture into a file, which appears whole or not at all. A name without an ending is that
+/// of a PNG. Throws a Failure when that fails or when the rules forbid it.
 void writeSheet(const Sheet& sheet, const std::filesystem::path& file, const OutputRules& rules);
 
 }  // namespace ScanHost

@@ -71,8 +71,8 @@ class SquareHits {
             }
         }
     }
-    /// How large the points of a pixel are to be drawn: smaller where they are next to each other, so
-    /// that a dense wall does not become as thick as the points of a thin floor are large.
+    /// How large the points of a pixel are to be drawn: smaller where they are next to each other,
+    /// so that a dense wall does not become as thick as the points of a thin floor are large.
     int sizeAt(int col, int row) const {
         constexpr double kHitsOfFullSize = 4.0;
         const double part = std::sqrt(kHitsOfFullSize / hits_[index(col, row)]);

@@ -11,7 +11,8 @@
 namespace ScanHost {
 
 /// How large a point is drawn, so that the points of a surface touch each other: the side of the
-/// squares most of which are hit twice when they are hit at all. A few dense walls do not decide it.
+/// squares most of which are hit twice when they are hit at all. A few dense walls do not decide
+/// it.
 /// @return [pixels], 1 or more; bounded by a part of the picture
 int splatSize(const PixelField& field);
 

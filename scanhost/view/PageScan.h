@@ -33,8 +33,8 @@ struct PageScan {
 constexpr double kPointStep = 1e-4;
 
 /// Loads what a page needs of a scan. A trajectory that was found next to the points and cannot be
-/// read, one in another unit than the points, or times that cannot be loaded, are a warning and left
-/// out.
+/// read, one in another unit than the points, or times that cannot be loaded, are a warning and
+/// left out.
 /// @param scan  outlives the result, and so does @p console
 PageScan loadPageScan(const ImportedScan& scan, const std::string& address, Console& console);
 
