@@ -38,13 +38,7 @@ class InfoCommand final : public Command {
     std::string name() const override { return "info"; }
     std::string summary() const override { return "What scans and projects hold"; }
     void declare(Options& options) override {
-        options
-            .positionals(
-                "FILE", scan_.files, Option::Names::File,
-                fmt::format("{} and {}, all of one project with one origin",
-                            pointsFileText("Points files"), projectFileText("scanner projects")))
-            .required();
-        declareLenient(options, scan_);
+        declareScanFiles(options, scan_);
         declareScanSettings(options, scan_);
         options.flag("--stats", stats_,
                      "Also tell figures of the path, of the points' times and distances, and of "

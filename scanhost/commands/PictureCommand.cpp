@@ -45,12 +45,7 @@ class PictureCommand final : public Command {
         return "Draw scans from above or from the side, a stance's panorama, times or paths";
     }
     void declare(Options& options) override {
-        options
-            .positionals(
-                "FILE", scan_.files, Option::Names::File,
-                fmt::format("{} and {}, all of one project with one origin",
-                            pointsFileText("Points files"), projectFileText("scanner projects")))
-            .required();
+        declareScanFiles(options, scan_);
         options.file("-o,--output", output_, "FILE", "Picture to write: .png, .svg or .pdf")
             .required();
         std::vector<const Option*> earlier;

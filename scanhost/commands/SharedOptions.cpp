@@ -77,6 +77,16 @@ void declareScanFile(Options& options, ScanOptions& target) {
     declareLenient(options, target);
 }
 
+void declareScanFiles(Options& options, ScanOptions& target) {
+    options
+        .positionals(
+            "FILE", target.files, Option::Names::File,
+            fmt::format("{} and {}, all of one project with one origin",
+                        pointsFileText("Points files"), projectFileText("scanner projects")))
+        .required();
+    declareLenient(options, target);
+}
+
 void declareLenient(Options& options, ScanOptions& target) {
     options.flag("--lenient", target.lenient,
                  "Read a damaged file, or one with fewer or more points than it says, as far as it "

@@ -33,6 +33,8 @@ void declareScan(Options& options, ScanOptions& target);
 void declareScanSettings(Options& options, ScanOptions& target);
 /// Declares the positional SCAN, and which one of several it is.
 void declareScanFile(Options& options, ScanOptions& target);
+/// The files of a command that takes many.
+void declareScanFiles(Options& options, ScanOptions& target);
 void declareLenient(Options& options, ScanOptions& target);
 void declareScanNumber(Options& options, ScanOptions& target);
 /// Declares how times are printed and taken.

@@ -51,12 +51,7 @@ class ViewCommand final : public Command {
         return "Write a page that shows scans in a browser, in one file";
     }
     void declare(Options& options) override {
-        options
-            .positionals(
-                "FILE", scan_.files, Option::Names::File,
-                fmt::format("{} and {}, all of one project with one origin",
-                            pointsFileText("Points files"), projectFileText("scanner projects")))
-            .required();
+        declareScanFiles(options, scan_);
         declareScanSettings(options, scan_);
         options.file("-o,--output", output_, "FILE", "The page to write").required();
         options.ordinal("--points", points_, "N", "a number of points, 1 or more",

@@ -136,10 +136,11 @@ std::string factsOf(const std::vector<NamedPath>& paths, const std::string& unit
             fastest = std::max(fastest, state.speed);
         }
     }
-    return fmt::format("path over time · {} · {} s · {} {} · mean speed {} {}/s, fastest {} {}/s",
-                       groupedCount(poses, "pose", "poses"), fixedText(time, 1),
-                       fixedText(length, 2), unit, fixedText(time > 0.0 ? length / time : 0.0, 2),
-                       unit, fixedText(fastest, 2), unit);
+    return fmt::format(
+        "path over time · {} · {} s · {} {} · "
+        "mean speed {} {}/s, fastest {} {}/s",
+        groupedCount(poses, "pose", "poses"), fixedText(time, 1), fixedText(length, 2), unit,
+        fixedText(time > 0.0 ? length / time : 0.0, 2), unit, fixedText(fastest, 2), unit);
 }
 
 }  // namespace
