@@ -13,7 +13,7 @@ fi
 status=0
 printf '%s\n' "${sources[@]}" |
   xargs -P "$(nproc)" -n 1 clang-tidy-14 -p build/tidy --quiet 2>&1 |
-  { grep -vE '^[0-9]+ warnings? (generated|treated)|^Suppressed|^Use -header-filter' || true; } ||
+  { grep --line-buffered -vE '^[0-9]+ warnings? (generated|treated)|^Suppressed|^Use -header-filter' || true; } ||
   status=$?
 if [ "$status" -ne 0 ]; then
   echo 'check-tidy: see the reports above' >&2

@@ -143,11 +143,28 @@ std::string factsOf(const std::vector<NamedPath>& paths, const std::string& unit
         fixedText(time > 0.0 ? length / time : 0.0, 2), unit, fixedText(fastest, 2), unit);
 }
 
+/// Adds the charts of height, speed and distance under each other.
+/// @param box  of the first; moved below the last
+void addCharts(PathCharts& charts, const std::string& unit, Box& box, double font) {
+    constexpr double kPlotStep = 14.0;  // in sizes of letters
+    const std::pair<double PathState::*, std::string> values[] = {
+        {&PathState::height, fmt::format("height [{}]", unit)},
+        {&PathState::speed, fmt::format("speed [{}/s]", unit)},
+        {&PathState::distance, fmt::format("distance [{}]", unit)}};
+    for (const auto& [value, title] : values) {
+        charts.charts.push_back(chartOf(charts.paths, value, title, box, font));
+        if (value != &PathState::distance) {
+            charts.charts.back().across.hasNumbers = false;
+            charts.charts.back().across.title.clear();
+        }
+        box.y += kPlotStep * font;
+    }
+}
+
 }  // namespace
 
 Sheet pathSheet(const Scene& scene, const PictureRequest& request) {
     constexpr double kPlotHeight = 11.0;  // in sizes of letters
-    constexpr double kPlotStep = 14.0;
     const SheetSizes sizes(request.width);
     const ScanUnits& units = scene.front().scan->units;
     const auto charts = std::make_shared<PathCharts>();
@@ -163,18 +180,7 @@ Sheet pathSheet(const Scene& scene, const PictureRequest& request) {
     const double left = 7.0 * sizes.font;
     Box box{left, sizes.top, sizes.width - left - 3.0 * sizes.font, kPlotHeight * sizes.font};
     const std::string unit = units.label(0);
-    const std::pair<double PathState::*, std::string> values[] = {
-        {&PathState::height, fmt::format("height [{}]", unit)},
-        {&PathState::speed, fmt::format("speed [{}/s]", unit)},
-        {&PathState::distance, fmt::format("distance [{}]", unit)}};
-    for (const auto& [value, title] : values) {
-        charts->charts.push_back(chartOf(charts->paths, value, title, box, sizes.font));
-        if (value != &PathState::distance) {
-            charts->charts.back().across.hasNumbers = false;
-            charts->charts.back().across.title.clear();
-        }
-        box.y += kPlotStep * sizes.font;
-    }
+    addCharts(*charts, unit, box, sizes.font);
     Sheet sheet;
     sheet.title.facts = factsOf(charts->paths, unit);
     sheet.notes.push_back(fmt::format("Speed: straight distance over {} s.", fixedText(window, 2)));

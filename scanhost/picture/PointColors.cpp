@@ -4,6 +4,7 @@
 #include "picture/PointColors.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include <fmt/format.h>
 
@@ -214,7 +215,7 @@ std::uint64_t projectPoints(const Scene& scene, const MapFrame& frame, const Poi
 
 Rgb cellColor(const PixelField::Cell& cell, const PointColors& colors) {
     const auto channel = [&cell](std::size_t i) {
-        return static_cast<std::uint8_t>(PixelField::mean(cell, i) + 0.5F);
+        return static_cast<std::uint8_t>(std::lround(PixelField::mean(cell, i)));
     };
     switch (colors.by) {
         case ColorBy::Own:
