@@ -20,6 +20,7 @@
 #include <vector>
 
 #include "Application.h"
+#include "RegisterFormats.h"
 #include "las/LasWriter.h"
 #include "report/Console.h"
 #include "session/MobileScan.h"
@@ -96,6 +97,7 @@ void run(benchmark::State& state, const std::vector<std::string>& arguments) {
 }
 
 void importWithTimes(benchmark::State& state) {
+    Ovr::Formats::registerFormats();
     ScanHost::ScanOptions options;
     options.files = {walkOf(state.range(0), false).file()};
     for (auto _ : state) {
