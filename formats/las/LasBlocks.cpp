@@ -21,12 +21,11 @@ constexpr std::uint64_t kBlockSize = std::uint64_t{1} << 20;  // [bytes]
 /// The records as they stand in the file.
 class PlainBlocks final : public LasBlocks {
   public:
-    PlainBlocks(InputFile& file, const LasHeader& header, std::uint64_t end, std::uint64_t first)
-        : LasBlocks(header.recordLength, end, first),
+    PlainBlocks(InputFile& file, const LasHeader& header, std::uint64_t end)
+        : LasBlocks(header.recordLength, end),
           file_(file),
           begin_(header.pointOffset),
-          buffer_(
-              static_cast<std::size_t>(std::min(end - first, kBlockSize / length()) * length())) {}
+          buffer_(static_cast<std::size_t>(std::min(end, kBlockSize / length()) * length())) {}
 
     ErrorPtr next() override {
         show(buffer_.data(), std::min(end() - first() - records(),
@@ -66,12 +65,7 @@ std::unique_ptr<LasBlocks> openLasBlocks(InputFile& file, const LasHeader& heade
     if (header.compression) {
         return openLazBlocks(file, *header.compression, count);
     }
-    return openPlainBlocks(file, header, count, 0);
-}
-
-std::unique_ptr<LasBlocks> openPlainBlocks(InputFile& file, const LasHeader& header,
-                                           std::uint64_t end, std::uint64_t first) {
-    return std::make_unique<PlainBlocks>(file, header, end, first);
+    return std::make_unique<PlainBlocks>(file, header, count);
 }
 
 }  // namespace Ovr::Formats

@@ -45,10 +45,8 @@ class LasBlocks {
     double fraction() const;
 
   protected:
-    /// @param end    number of the record to end before
-    /// @param first  number of the record to begin with
-    LasBlocks(std::uint64_t length, std::uint64_t end, std::uint64_t first = 0)
-        : length_(length), end_(end), first_(first) {}
+    /// @param end  number of the record to end before
+    LasBlocks(std::uint64_t length, std::uint64_t end) : length_(length), end_(end) {}
 
     std::uint64_t length() const { return length_; }
     std::uint64_t end() const { return end_; }
@@ -62,7 +60,7 @@ class LasBlocks {
   private:
     std::uint64_t length_;  ///< of a record [bytes]
     std::uint64_t end_;
-    std::uint64_t first_;
+    std::uint64_t first_ = 0;
     std::uint64_t records_ = 0;
     const char* data_ = nullptr;
 };
@@ -71,12 +69,6 @@ class LasBlocks {
 /// @param count         records to walk over, from the first on; at most those of the header
 std::unique_ptr<LasBlocks> openLasBlocks(InputFile& file, const LasHeader& header,
                                          std::uint64_t count);
-
-/// The same of plain points, from one of them on.
-/// @param end    number of the record to end before; at most those of the header
-/// @param first  number of the record to begin with
-std::unique_ptr<LasBlocks> openPlainBlocks(InputFile& file, const LasHeader& header,
-                                           std::uint64_t end, std::uint64_t first);
 
 /// Coordinates of a record in the file's frame [m].
 inline Tq_1_1::Vec3d<double> lasPosition(const LasHeader& header, const char* record) {

@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <cstring>
 #include <limits>
+#include <numeric>
 #include <string>
 #include <utility>
 #include <vector>
@@ -27,45 +28,43 @@ namespace {
 
 constexpr std::uint64_t kMostPoints = std::numeric_limits<std::int32_t>::max();
 constexpr std::uint64_t kCopySize = std::uint64_t{1} << 20;     // [bytes]
-constexpr std::uint64_t kWindowSize = std::uint64_t{32} << 20;  // [bytes]
+constexpr std::uint64_t kWindowSize = std::uint64_t{64} << 20;  // at least [bytes]
+/// The source is read at most so many times, however large it is.
+constexpr std::uint64_t kMostWindows = 4;
 
-/// A stretch of the points to write, and which points of the source it needs.
-struct Window {
-    std::uint32_t first = std::numeric_limits<std::uint32_t>::max();
-    std::uint32_t last = 0;
+/// A record of the source and its place in a window.
+struct Pick {
+    std::uint32_t number;
+    std::uint32_t place;
 };
 
-/// The source is read once for each window, from the first to the last point that it needs: once
-/// in all for points that are nearly in order.
-std::vector<Window> windowsOf(std::span<const std::uint32_t> ranks, std::uint64_t length) {
-    std::vector<Window> windows((ranks.size() + length - 1) / length);
-    for (std::uint32_t number = 0; number < ranks.size(); ++number) {
-        Window& window = windows[ranks[number] / length];
-        window.first = std::min(window.first, number);
-        window.last = number;
-    }
-    return windows;
-}
-
-/// The records of a file that are in memory, all in one block.
-class HeldBlocks final : public LasBlocks {
+/// The records of a window, by the groups of the source that they are in. Each group is read once
+/// for each window that needs it, and its records go to ascending places.
+class Picks {
   public:
-    HeldBlocks(const std::vector<char>& held, std::uint64_t length, std::uint64_t end,
-               std::uint64_t first)
-        : LasBlocks(length, end, first), held_(held) {}
+    explicit Picks(std::uint64_t groups) : ends_(static_cast<std::size_t>(groups)) {}
 
-    ErrorPtr next() override {
-        show(held_.data() + first() * length(), end() - first());
-        return nullptr;
+    /// @param numbers  by place in the window, the number of the record
+    void fill(std::span<const std::uint32_t> numbers) {
+        std::fill(ends_.begin(), ends_.end(), 0);
+        for (const std::uint32_t number : numbers) {
+            ++ends_[LasGroups::groupOf(number)];
+        }
+        std::exclusive_scan(ends_.begin(), ends_.end(), ends_.begin(), std::uint32_t{0});
+        picks_.resize(numbers.size());
+        for (std::uint32_t place = 0; place < numbers.size(); ++place) {
+            picks_[ends_[LasGroups::groupOf(numbers[place])]++] = {numbers[place], place};
+        }
     }
-    ErrorPtr fault(ErrorCode code, std::uint64_t i, std::size_t /*field*/, std::string found,
-                   std::string expected) const override {
-        return makeError(code, {"", fmt::format("point {}", first() + i), std::move(found),
-                                std::move(expected)});
+
+    std::span<const Pick> of(std::size_t group) const {
+        const std::size_t begin = group == 0 ? 0 : ends_[group - 1];
+        return std::span(picks_).subspan(begin, ends_[group] - begin);
     }
 
   private:
-    const std::vector<char>& held_;
+    std::vector<Pick> picks_;
+    std::vector<std::uint32_t> ends_;  ///< by group, in picks_
 };
 
 }  // namespace
@@ -91,45 +90,27 @@ ErrorPtr LasReorder::open(const std::filesystem::path& file, bool lenient, Remar
                          {file_.name(), "", countText(header_.count, "point"),
                           fmt::format("at most {} in one scan", kMostPoints)});
     }
-    return header_.compression ? hold(work) : nullptr;
+    return groups_.open(file_, header_, work);
 }
 
-ErrorPtr LasReorder::hold(const DataStructures::Work& work) {
-    WorkWatch watch(work);
-    const auto walk = openLasBlocks(file_, header_, header_.count);
-    while (!walk->atEnd()) {
-        if (ErrorPtr error = walk->next()) {
-            return error;
-        }
-        held_.insert(held_.end(), walk->record(0),
-                     walk->record(0) + walk->records() * header_.recordLength);
-        if (!watch.goOn(walk->fraction())) {
-            return cancelled(file_.name());
-        }
-    }
-    isHeld_ = true;
-    return nullptr;
-}
-
-std::unique_ptr<LasBlocks> LasReorder::blocks(std::uint64_t end, std::uint64_t first) {
-    return isHeld_ ? std::make_unique<HeldBlocks>(held_, header_.recordLength, end, first)
-                   : openPlainBlocks(file_, header_, end, first);
-}
-
-ErrorPtr LasReorder::visitTimes(const std::function<void(std::uint32_t number, double time)>& visit,
-                                const DataStructures::Work& work) {
+ErrorPtr LasReorder::visitTimes(
+    const std::function<void(std::uint32_t first, std::span<const double> times)>& visit,
+    const DataStructures::Work& work) {
     WorkWatch watch(work);
     const std::size_t timeOffset = *lasRecordLayout(header_.format).time;
-    const auto walk = blocks(header_.count, 0);
-    while (!walk->atEnd()) {
-        if (ErrorPtr error = walk->next()) {
+    const std::size_t length = header_.recordLength;
+    std::vector<double> times;
+    for (std::uint64_t group = 0; group < groups_.count(); ++group) {
+        std::span<const char> records;
+        if (ErrorPtr error = groups_.read(group, records)) {
             return error;
         }
-        for (std::uint64_t i = 0; i < walk->records(); ++i) {
-            visit(static_cast<std::uint32_t>(walk->first() + i),
-                  loadLittle<double>(walk->record(i) + timeOffset));
+        times.resize(records.size() / length);
+        for (std::size_t i = 0; i < times.size(); ++i) {
+            times[i] = loadLittle<double>(records.data() + i * length + timeOffset);
         }
-        if (!watch.goOn(walk->fraction())) {
+        visit(static_cast<std::uint32_t>(group * LasGroups::SIZE), times);
+        if (!watch.goOn(static_cast<double>(group) / static_cast<double>(groups_.count()))) {
             return cancelled(file_.name());
         }
     }
@@ -137,12 +118,12 @@ ErrorPtr LasReorder::visitTimes(const std::function<void(std::uint32_t number, d
 }
 
 ErrorPtr LasReorder::write(const std::filesystem::path& target, Existing existing, bool compress,
-                           std::span<const std::uint32_t> ranks, const DataStructures::Work& work) {
+                           std::span<const std::uint32_t> order, const DataStructures::Work& work) {
     LasRecordWriter writer;
     if (ErrorPtr error = writeHead(writer, target, existing, compress)) {
         return error;
     }
-    if (ErrorPtr error = writePoints(writer, ranks, work)) {
+    if (ErrorPtr error = writePoints(writer, order, work)) {
         return error;
     }
     return writeRest(writer);
@@ -172,34 +153,38 @@ ErrorPtr LasReorder::writeHead(LasRecordWriter& writer, const std::filesystem::p
     return writer.open(target, existing, head_, std::move(between), compress);
 }
 
-ErrorPtr LasReorder::writePoints(LasRecordWriter& writer, std::span<const std::uint32_t> ranks,
+ErrorPtr LasReorder::writePoints(LasRecordWriter& writer, std::span<const std::uint32_t> order,
                                  const DataStructures::Work& work) {
     WorkWatch watch(work);
-    const std::uint64_t length = header_.recordLength;
-    const std::uint64_t perWindow = std::max(kWindowSize / length, std::uint64_t{1});
-    const std::vector<Window> windows = windowsOf(ranks, perWindow);
-    std::vector<char> records;
-    for (std::size_t w = 0; w < windows.size(); ++w) {
-        const std::uint64_t begin = w * perWindow;
-        const std::uint64_t count = std::min(perWindow, ranks.size() - begin);
-        records.resize(static_cast<std::size_t>(count * length));
-        const auto walk = blocks(std::uint64_t{windows[w].last} + 1, windows[w].first);
-        while (!walk->atEnd()) {
-            if (ErrorPtr error = walk->next()) {
+    const std::size_t length = header_.recordLength;
+    const std::size_t perWindow = static_cast<std::size_t>(
+        std::max(kWindowSize / length, (order.size() + kMostWindows - 1) / kMostWindows));
+    const auto groups = static_cast<std::size_t>(groups_.count());
+    Picks picks(groups);
+    std::vector<char> window(std::min(perWindow, order.size()) * length);
+    for (std::size_t begin = 0; begin < order.size(); begin += perWindow) {
+        const std::size_t count = std::min(perWindow, order.size() - begin);
+        picks.fill(order.subspan(begin, count));
+        for (std::size_t group = 0; group < groups; ++group) {
+            if (picks.of(group).empty()) {
+                continue;
+            }
+            std::span<const char> records;
+            if (ErrorPtr error = groups_.read(group, records)) {
                 return error;
             }
-            for (std::uint64_t i = 0; i < walk->records(); ++i) {
-                const std::uint64_t place = ranks[walk->first() + i] - begin;  // huge below begin
-                if (place < count) {
-                    std::memcpy(records.data() + place * length, walk->record(i), length);
-                }
+            for (const Pick& pick : picks.of(group)) {
+                std::memcpy(window.data() + pick.place * length,
+                            records.data() + (pick.number - group * LasGroups::SIZE) * length,
+                            length);
             }
-            if (!watch.goOn((static_cast<double>(w) + walk->fraction()) /
-                            static_cast<double>(windows.size()))) {
+            const double done = static_cast<double>(group + 1) / static_cast<double>(groups);
+            if (!watch.goOn((static_cast<double>(begin) + done * static_cast<double>(count)) /
+                            static_cast<double>(order.size()))) {
                 return cancelled(file_.name());
             }
         }
-        if (ErrorPtr error = writer.write(records)) {
+        if (ErrorPtr error = writer.write({window.data(), count * length})) {
             return error;
         }
     }

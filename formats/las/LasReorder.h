@@ -6,17 +6,15 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
-#include <memory>
 #include <span>
 #include <string>
-#include <vector>
 
 #include "Ovr/Errors.h"
 #include "Ovr/Progress.h"
 #include "Ovr/Remarks.h"
 #include "kit/AtomicFile.h"
 #include "kit/InputFile.h"
-#include "las/LasBlocks.h"
+#include "las/LasGroups.h"
 #include "las/LasHeader.h"
 #include "las/LasRecordWriter.h"
 
@@ -38,34 +36,32 @@ class LasReorder {
     std::uint64_t count() const { return header_.count; }
 
     /// Visits every point in the order of the file.
-    /// @param visit  takes the point's number, from 0 on, and its time as the file has it
+    /// @param visit  takes the number of a point, from 0 on, and the times of it and of those that
+    ///               follow, as the file has them
     [[nodiscard]] ErrorPtr visitTimes(
-        const std::function<void(std::uint32_t number, double time)>& visit,
+        const std::function<void(std::uint32_t first, std::span<const double> times)>& visit,
         const DataStructures::Work& work);
 
     /// Writes the file.
     /// @param compress  write compressed points
-    /// @param ranks  by number, the place of each point among the points written: a permutation
+    /// @param order  the numbers of the points in their new order: a permutation
     [[nodiscard]] ErrorPtr write(const std::filesystem::path& target, Existing existing,
-                                 bool compress, std::span<const std::uint32_t> ranks,
+                                 bool compress, std::span<const std::uint32_t> order,
                                  const DataStructures::Work& work);
 
   private:
-    [[nodiscard]] ErrorPtr hold(const DataStructures::Work& work);
-    std::unique_ptr<LasBlocks> blocks(std::uint64_t end, std::uint64_t first);
     [[nodiscard]] ErrorPtr writeHead(LasRecordWriter& writer, const std::filesystem::path& target,
                                      Existing existing, bool compress);
     [[nodiscard]] ErrorPtr writePoints(LasRecordWriter& writer,
-                                       std::span<const std::uint32_t> ranks,
+                                       std::span<const std::uint32_t> order,
                                        const DataStructures::Work& work);
     [[nodiscard]] ErrorPtr writeRest(LasRecordWriter& writer);
     [[nodiscard]] ErrorPtr readBytes(std::uint64_t begin, std::uint64_t end, std::string& bytes);
 
     InputFile file_;
     LasHeader header_;
-    std::string head_;        ///< the header's bytes, as for plain points
-    std::vector<char> held_;  ///< the records of a compressed file
-    bool isHeld_ = false;
+    LasGroups groups_;
+    std::string head_;  ///< the header's bytes, as for plain points
 };
 
 }  // namespace Ovr::Formats

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <limits>
 #include <map>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -81,12 +82,12 @@ class SortCommand final : public Command {
         work_ = {console.progress().get(), &interrupt_};
         open(console);
         const Spans spans = findSpans(console);
-        std::vector<std::uint32_t> ranks(file_.count());
-        const std::uint64_t sharing = rank(session, spans, ranks, console);
+        std::vector<std::uint32_t> order(file_.count());
+        const std::uint64_t sharing = findOrder(session, spans, order, console);
         {
             const ProgressTask task(console.progress(), output_.string() + ": writing points");
             requireOk(file_.write(output_, rules_.existing(),
-                                  Tq_1_1::lowerCaseExtension(output_) == "laz", ranks, work_));
+                                  Tq_1_1::lowerCaseExtension(output_) == "laz", order, work_));
         }
         describe(spans, sharing, console);
     }
@@ -116,11 +117,13 @@ class SortCommand final : public Command {
         const ProgressTask task(console.progress(), source_.file.string() + ": reading times");
         Spans spans;
         requireOk(file_.visitTimes(
-            [&](std::uint32_t, double time) {
-                if (std::isfinite(time)) {
-                    spans.range.add(secondsOf(time));
-                } else {
-                    ++spans.withoutTime;
+            [&](std::uint32_t, std::span<const double> times) {
+                for (const double time : times) {
+                    if (std::isfinite(time)) {
+                        spans.range.add(secondsOf(time));
+                    } else {
+                        ++spans.withoutTime;
+                    }
                 }
             },
             work_));
@@ -144,9 +147,11 @@ class SortCommand final : public Command {
             throw tooWide(span);
         }
         requireOk(file_.visitTimes(
-            [&](std::uint32_t, double time) {
-                if (std::isfinite(time) && spans.counts.size() <= kMostSpans) {
-                    ++spans.counts[spans.spanOf(secondsOf(time))];
+            [&](std::uint32_t, std::span<const double> times) {
+                for (const double time : times) {
+                    if (std::isfinite(time) && spans.counts.size() <= kMostSpans) {
+                        ++spans.counts[spans.spanOf(secondsOf(time))];
+                    }
                 }
             },
             work_));
@@ -161,37 +166,49 @@ class SortCommand final : public Command {
                           "the times of a walk; see --time-unit");
     }
 
-    /// Finds the rank of each point in time. @return how many points share theirs
-    std::uint64_t rank(const ModuleSession& session, const Spans& spans,
-                       std::vector<std::uint32_t>& ranks, Console& console) {
+    /// Finds the order of the points in time.
+    /// @param order  out: their numbers in that order
+    /// @return how many share their time
+    std::uint64_t findOrder(const ModuleSession& session, const Spans& spans,
+                            std::span<std::uint32_t> order, Console& console) {
         const ProgressTask task(console.progress(), source_.file.string() + ": sorting");
-        TimeOrder order(session);
-        std::uint32_t next = 0;
+        TimeOrder points(session);
         std::uint64_t sharing = 0;
         for (const auto& [span, count] : spans.counts) {
-            order.begin(count);
+            points.begin(count);
             requireOk(file_.visitTimes(
-                [&, span = span](std::uint32_t number, double time) {
-                    const double seconds = secondsOf(time);
-                    if (std::isfinite(time) && spans.spanOf(seconds) == span) {
-                        order.add(number, spans.withinSpan(seconds));
-                    }
+                [&, span = span](std::uint32_t first, std::span<const double> times) {
+                    addSpan(points, spans, span, first, times);
                 },
                 work_));
-            sharing += order.finish(ranks, next);
-            next += static_cast<std::uint32_t>(count);
+            sharing += points.finish(order.first(static_cast<std::size_t>(count)));
+            order = order.subspan(static_cast<std::size_t>(count));
             Interrupt::check();
         }
         if (spans.withoutTime > 0) {
+            auto next = order.begin();
             requireOk(file_.visitTimes(
-                [&](std::uint32_t number, double time) {
-                    if (!std::isfinite(time)) {
-                        ranks[number] = next++;
+                [&](std::uint32_t first, std::span<const double> times) {
+                    for (std::uint32_t i = 0; i < times.size(); ++i) {
+                        if (!std::isfinite(times[i]) && next != order.end()) {
+                            *next++ = first + i;
+                        }
                     }
                 },
                 work_));
         }
         return sharing;
+    }
+
+    /// Adds those of some points that lie in a span.
+    void addSpan(TimeOrder& points, const Spans& spans, std::int64_t span, std::uint32_t first,
+                 std::span<const double> times) const {
+        for (std::uint32_t i = 0; i < times.size(); ++i) {
+            const double seconds = secondsOf(times[i]);
+            if (std::isfinite(times[i]) && spans.spanOf(seconds) == span) {
+                points.add(first + i, spans.withinSpan(seconds));
+            }
+        }
     }
 
     void describe(const Spans& spans, std::uint64_t sharing, Console& console) const {

@@ -40,27 +40,31 @@ void TimeOrder::add(std::uint32_t number, double seconds) {
     ++added_;
 }
 
-std::uint64_t TimeOrder::finish(std::vector<std::uint32_t>& ranks, std::uint32_t first) {
-    {
-        const Hx::PointWriteLock lock = points_->lockPoints(kLockTimeout);
-        if (!lock.isHeld()) {
-            throw Failure("the points to sort are in use");
-        }
-        points_->sortScanPointsByTime(lock);
+void TimeOrder::sort() {
+    const Hx::PointWriteLock lock = points_->lockPoints(kLockTimeout);
+    if (!lock.isHeld()) {
+        throw Failure("the points to sort are in use");
     }
-    // The sort leaves points of one time in any order.
+    points_->sortScanPointsByTime(lock);
+}
+
+std::uint64_t TimeOrder::finish(std::span<std::uint32_t> numbers) {
+    if (added_ != numbers.size()) {
+        throw Failure("the times have changed while they were read");
+    }
+    sort();
     std::uint64_t sharing = 0;
-    std::vector<std::uint32_t> equals;
-    for (std::uint64_t begin = 0; begin < added_;) {
-        const double time = timeAt(begin);
-        equals.assign(1, numberAt(begin));
-        while (begin + equals.size() < added_ && timeAt(begin + equals.size()) == time) {
-            equals.push_back(numberAt(begin + equals.size()));
+    double time = added_ > 0 ? timeAt(0) : 0.0;
+    for (std::uint64_t begin = 0, end = 0; begin < added_; begin = end) {
+        const double shared = time;
+        while (end < added_ && time == shared) {
+            numbers[end] = numberAt(end);
+            ++end;
+            time = end < added_ ? timeAt(end) : time;
         }
-        sharing += equals.size() > 1 ? equals.size() : 0;
-        std::sort(equals.begin(), equals.end());
-        for (const std::uint32_t number : equals) {
-            ranks[number] = first + static_cast<std::uint32_t>(begin++);
+        if (end - begin > 1) {  // the sort leaves points of one time in any order
+            sharing += end - begin;
+            std::sort(&numbers[begin], &numbers[end - 1] + 1);
         }
     }
     points_ = nullptr;

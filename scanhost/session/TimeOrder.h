@@ -5,7 +5,7 @@
 
 #include <cstdint>
 #include <memory>
-#include <vector>
+#include <span>
 
 #include "mobile/CorvinMobilePointSet.h"
 #include "session/ModuleSession.h"
@@ -27,15 +27,16 @@ class TimeOrder {
     void add(std::uint32_t number, double seconds);
     /// Puts the points that were added into the order of their times, those of one time into the
     /// order of their numbers, and hands them over.
-    /// @param ranks    out: by number, the rank of each point that was added
-    /// @param first    the rank of the earliest
+    /// Throws a Failure when more or fewer points were added than there is room for.
+    /// @param numbers  out: those of the points in that order
     /// @return how many have the same time as a neighbour
-    std::uint64_t finish(std::vector<std::uint32_t>& ranks, std::uint32_t first);
+    std::uint64_t finish(std::span<std::uint32_t> numbers);
 
     /// What a point set of the module holds [s]: 32 bits of microseconds.
     static constexpr double kLongestSpan = 4294.0;
 
   private:
+    void sort();
     std::uint32_t numberAt(std::uint64_t place) const;
     double timeAt(std::uint64_t place) const;
 
