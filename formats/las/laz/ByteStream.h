@@ -48,7 +48,7 @@ class ByteStream {
         const std::uint32_t word = std::uint32_t{p[0]} << 24U | std::uint32_t{p[1]} << 16U |
                                    std::uint32_t{p[2]} << 8U | std::uint32_t{p[3]};
         at_ += bits / 8U;
-        return static_cast<std::uint32_t>(((std::uint64_t{value} << 32U | word) << bits) >> 32U);
+        return value << bits | static_cast<std::uint32_t>((std::uint64_t{word} << bits) >> 32U);
     }
     /// The next byte, or -1 at the end.
     int next();

@@ -3,7 +3,6 @@
 
 #pragma once
 
-#include <bit>
 #include <cstddef>
 #include <cstdint>
 
@@ -90,7 +89,10 @@ class Decoder {
 
   private:
     void renormalise() {
-        const unsigned bits = static_cast<unsigned>(std::countl_zero(length_)) & 24U;
+        // Three comparisons next to each other: to count the leading zeros takes longer.
+        const unsigned bytes = (length_ < (1U << 24U) ? 1U : 0U) +
+                               (length_ < (1U << 16U) ? 1U : 0U) + (length_ < (1U << 8U) ? 1U : 0U);
+        const unsigned bits = 8 * bytes;
         length_ <<= bits;
         value_ = bytes_.hasWord() ? bytes_.shiftIn(value_, bits) : shiftInSlowly(bits);
     }
