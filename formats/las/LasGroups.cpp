@@ -27,7 +27,8 @@ ErrorPtr LasGroups::hold(const DataStructures::Work& work) {
         if (ErrorPtr error = walk->next()) {
             return error;
         }
-        append({walk->record(0), static_cast<std::size_t>(walk->records() * header_->recordLength)});
+        append(
+            {walk->record(0), static_cast<std::size_t>(walk->records() * header_->recordLength)});
         if (!watch.goOn(walk->fraction())) {
             return cancelled(file_->name());
         }
@@ -56,8 +57,8 @@ ErrorPtr LasGroups::read(std::uint64_t group, std::span<const char>& records) {
     }
     const std::uint64_t first = group * SIZE;
     const std::uint64_t offset = header_->pointOffset + first * header_->recordLength;
-    buffer_.resize(static_cast<std::size_t>(std::min(header_->count - first, SIZE) *
-                                            header_->recordLength));
+    buffer_.resize(
+        static_cast<std::size_t>(std::min(header_->count - first, SIZE) * header_->recordLength));
     const std::size_t got = file_->readAt(offset, buffer_);
     if (got != buffer_.size()) {
         return file_->fault(ErrorCode::Truncated, offset + got, "the end of the file",
