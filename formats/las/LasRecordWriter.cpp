@@ -54,7 +54,7 @@ ErrorPtr LasRecordWriter::open(const std::filesystem::path& file, Existing exist
         blockSize_ = schema_.chunkSize * length;
         const unsigned cores = std::thread::hardware_concurrency();
         const unsigned threads = cores > 1 ? cores : 0;
-        atOnce_ = 2 * threads;
+        atOnce_ = std::size_t{2} * threads;
         jobs_ = std::make_unique<JobQueue<Job>>(
             threads, [this](Job& job) { job.chunk = Laz::encodeChunk(schema_, job.records); });
         between.insert(0, schemaVlr(schema_));
