@@ -16,6 +16,9 @@ class VectorPoints final : public OpaquePoints {
   public:
     explicit VectorPoints(std::vector<Record> records) : records_(std::move(records)) {}
     const ScanPoint& pointAt(std::uint64_t index) const override { return records_[index].point; }
+    void setPointAt(const Hx::SelectItem& item, const ScanPoint& point) override {
+        records_[item.index].replacePoint(point);
+    }
 
   private:
     std::vector<Record> records_;

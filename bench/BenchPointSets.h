@@ -19,6 +19,8 @@ class OpaquePoints {
   public:
     virtual ~OpaquePoints() = default;
     virtual const ScanPoint& pointAt(std::uint64_t index) const = 0;
+    /// Replaces the point; the other fields of its record are as those of a new point.
+    virtual void setPointAt(const Hx::SelectItem& item, const ScanPoint& point) = 0;
 };
 
 /// @tparam Record  of any layout

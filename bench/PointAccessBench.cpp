@@ -169,6 +169,19 @@ void writeRaw(benchmark::State& state) {
     finish(state);
 }
 
+template <typename Record>
+void writeOpaque(benchmark::State& state) {
+    const auto points = makePoints(static_cast<std::size_t>(state.range(0)));
+    const auto set = Vardex::Bench::makeOpaquePoints(recordsOf<Record>(points));
+    for (auto _ : state) {
+        for (std::uint64_t i = 0; i < points.size(); ++i) {
+            set->setPointAt(SelectItem{i, 0, 0, 0}, points[i]);
+        }
+        benchmark::ClobberMemory();
+    }
+    finish(state);
+}
+
 /// Writes points that lie in an array, as a reader that decodes in blocks does.
 void writeByItem(benchmark::State& state, PointRecordLayout layout) {
     const auto points = makePoints(static_cast<std::size_t>(state.range(0)));
@@ -213,6 +226,10 @@ BENCHMARK(writeRaw<PlainRecord>)->Apply(sizes);
 BENCHMARK(writeRaw<ReflectionRecord>)->Apply(sizes);
 BENCHMARK(writeRaw<TimeRecord>)->Apply(sizes);
 BENCHMARK(writeRaw<ReflectionTimeRecord>)->Apply(sizes);
+BENCHMARK(writeOpaque<PlainRecord>)->Apply(sizes);
+BENCHMARK(writeOpaque<ReflectionRecord>)->Apply(sizes);
+BENCHMARK(writeOpaque<TimeRecord>)->Apply(sizes);
+BENCHMARK(writeOpaque<ReflectionTimeRecord>)->Apply(sizes);
 BENCHMARK_EACH_LAYOUT(writeByItem);
 BENCHMARK_CAPTURE(readByItem, WithTime, PointRecordLayout::WithTime)->Apply(growth);
 BENCHMARK_CAPTURE(writeByItem, WithTime, PointRecordLayout::WithTime)->Apply(growth);

@@ -115,6 +115,12 @@ class PointRecordStore {
     template <typename Record>
     void rewriteWithTimes();
 
+    /// What every record begins with, whatever its layout, so that no layout takes longer than
+    /// another. Requires: @p index is below the number of records.
+    ScanPoint& scanPoint(std::uint64_t index) const {
+        return *reinterpret_cast<ScanPoint*>(memory_.data() +
+                                             index * RecordLayouts::knownSize(layout_));
+    }
     /// What visit(record) gives. Requires: @p index is below the number of records.
     template <typename Visit>
     decltype(auto) visitRecord(std::uint64_t index, const Visit& visit) const;
@@ -149,8 +155,7 @@ void PointRecordStore::changeRecordAt(std::uint64_t index, const Visit& change) 
 
 inline const ScanPoint& PointRecordStore::pointAt(std::uint64_t index) const {
     if (index < size_) [[likely]] {
-        return visitRecord(index,
-                           [](const auto& record) -> const ScanPoint& { return record.point; });
+        return scanPoint(index);
     }
     return ScanPoint::nullReference;
 }
@@ -161,12 +166,16 @@ inline void PointRecordStore::setPointAt(std::uint64_t index, const ScanPoint& p
 
 inline void PointRecordStore::setColorAt(std::uint64_t index,
                                          const Tq_1_1::Color4d<unsigned char>& color) {
-    changeRecordAt(index, [&](auto& record) { record.point.color = color; });
+    if (index < size_) [[likely]] {
+        scanPoint(index).color = color;
+    }
 }
 
 inline void PointRecordStore::setNormalAt(std::uint64_t index,
                                           const Tq_1_1::UnitVec3d<double>& normal) {
-    changeRecordAt(index, [&](auto& record) { record.point.normal = normal; });
+    if (index < size_) [[likely]] {
+        scanPoint(index).normal = normal;
+    }
 }
 
 inline std::uint16_t PointRecordStore::reflectionAt(std::uint64_t index) const {
