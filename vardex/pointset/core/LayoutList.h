@@ -3,7 +3,6 @@
 
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <tuple>
@@ -46,11 +45,6 @@ class LayoutList {
         return ((layout == Entries::kLayout ? sizeof(typename Entries::Record) : 0) + ...);
     }
 
-    /// The same without a branch, for points one by one. Requires: the layout is not None.
-    static constexpr std::size_t knownSize(PointRecordLayout layout) {
-        return kSizes[static_cast<std::uint32_t>(layout) - 1U];
-    }
-
     /// Whether the records of a layout have a field; false for None.
     template <typename Field>
     static constexpr bool has(PointRecordLayout layout) {
@@ -75,9 +69,6 @@ class LayoutList {
     }
 
   private:
-    static constexpr std::array<std::uint32_t, sizeof...(Entries)> kSizes{
-        sizeof(typename Entries::Record)...};
-
     /// Among the lines [first, last), whose layouts are numbered first + 1 to last.
     template <std::size_t first, std::size_t last, typename Visit>
     static constexpr decltype(auto) visitBetween(std::uint32_t layout, const Visit& visit) {

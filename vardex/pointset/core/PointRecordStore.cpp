@@ -52,7 +52,7 @@ bool PointRecordStore::resetRecords(std::uint32_t rows, std::uint32_t cols,
     if (layout != layout_) {
         size_ = 0;
         memory_ = {};
-        layout_ = layout;
+        setLayout(layout);
     }
     RecordLayouts::visit(layout, [&]<typename Record>(std::type_identity<Record>) {
         resizeRecords<Record>(static_cast<std::size_t>(count));
@@ -66,13 +66,19 @@ void PointRecordStore::addTimes() {
             rewriteWithTimes<Record>();
         }
     });
-    layout_ = RecordLayouts::timed(layout_);
+    setLayout(RecordLayouts::timed(layout_));
+}
+
+void PointRecordStore::setLayout(PointRecordLayout layout) {
+    layout_ = layout;
+    recordSize_ = RecordLayouts::recordSize(layout);
 }
 
 void PointRecordStore::swap(PointRecordStore& other) noexcept {
     std::swap(memory_, other.memory_);
     std::swap(size_, other.size_);
     std::swap(layout_, other.layout_);
+    std::swap(recordSize_, other.recordSize_);
     std::swap(rows_, other.rows_);
     std::swap(cols_, other.cols_);
 }

@@ -105,6 +105,7 @@ class PointRecordStore {
 
   private:
     void swap(PointRecordStore& other) noexcept;
+    void setLayout(PointRecordLayout layout);
 
     template <typename Record>
     Record* first() const {
@@ -118,8 +119,7 @@ class PointRecordStore {
     /// What every record begins with, whatever its layout, so that no layout takes longer than
     /// another. Requires: @p index is below the number of records.
     ScanPoint& scanPoint(std::uint64_t index) const {
-        return *reinterpret_cast<ScanPoint*>(memory_.data() +
-                                             index * RecordLayouts::knownSize(layout_));
+        return *reinterpret_cast<ScanPoint*>(memory_.data() + index * recordSize_);
     }
     /// What visit(record) gives. Requires: @p index is below the number of records.
     template <typename Visit>
@@ -131,6 +131,7 @@ class PointRecordStore {
     RecordMemory memory_;
     std::size_t size_ = 0;  // 0 in None
     PointRecordLayout layout_ = PointRecordLayout::None;
+    std::size_t recordSize_ = 0;  // of the layout
     std::uint32_t rows_ = 0;
     std::uint32_t cols_ = 0;
 };
