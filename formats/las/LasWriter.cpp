@@ -49,7 +49,7 @@ ErrorPtr LasWriter::open(const std::filesystem::path& file, const LasWriterSetti
     name_ = file.string();
     settings_ = settings;
     wide_ = settings.expectedCount > std::numeric_limits<std::uint32_t>::max();
-    return file_.open(file, settings.existing, header(), {}, settings.compress);
+    return file_.open(file, settings.existing, header(), {}, false);
 }
 
 ErrorPtr LasWriter::write(const LasPoint& point) {

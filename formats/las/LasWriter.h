@@ -28,7 +28,6 @@ struct LasWriterSettings {
     std::string generatingSoftware{};  ///< up to 32 bytes
     std::uint16_t creationDay = 0;     ///< of the year, from 1; 0 leaves it open
     std::uint16_t creationYear = 0;
-    bool compress = false;               ///< write compressed points
     Existing existing = Existing::Keep;  ///< what becomes of a file of the name
 };
 
