@@ -18,23 +18,6 @@ using Ovr::Formats::CrsUnit;
 using Ovr::Formats::knownUnit;
 using Ovr::Formats::UnitKind;
 
-std::string shortName(const CrsUnit& unit) {
-    switch (unit.kind) {
-        case UnitKind::Metre:
-            return "m";
-        case UnitKind::Foot:
-            return "ft";
-        case UnitKind::UsSurveyFoot:
-            return "us-ft";
-        case UnitKind::Degree:
-            return "deg";
-        case UnitKind::Unsaid:
-        case UnitKind::Other:
-            break;
-    }
-    return unit.name;
-}
-
 std::string pluralOf(const CrsUnit& unit) {
     switch (unit.kind) {
         case UnitKind::Metre:
@@ -81,8 +64,25 @@ Ovr::Formats::CrsDescription coordinateSystemOf(const std::filesystem::path& pat
     return readLasCrs(file, header, remarks).crs;
 }
 
+std::string shortUnitName(const CrsUnit& unit) {
+    switch (unit.kind) {
+        case UnitKind::Metre:
+            return "m";
+        case UnitKind::Foot:
+            return "ft";
+        case UnitKind::UsSurveyFoot:
+            return "us-ft";
+        case UnitKind::Degree:
+            return "deg";
+        case UnitKind::Unsaid:
+        case UnitKind::Other:
+            break;
+    }
+    return unit.name;
+}
+
 std::string ScanUnits::label(std::size_t axis) const {
-    return shortName(axis < 2 ? horizontal : vertical);
+    return shortUnitName(axis < 2 ? horizontal : vertical);
 }
 
 std::string ScanUnits::brackets() const {

@@ -29,7 +29,7 @@ struct ScanUnits {
     Ovr::Formats::CrsUnit horizontal = Ovr::Formats::knownUnit(Ovr::Formats::UnitKind::Metre);
     Ovr::Formats::CrsUnit vertical = horizontal;
 
-    /// "m", "ft", "us-ft", "deg", or the name of another unit.
+    /// The short name of an axis' unit.
     std::string label(std::size_t axis) const;
     /// "[m]", or "[deg, z in m]" where heights have another unit.
     std::string brackets() const;
@@ -48,6 +48,9 @@ struct ScanUnits {
 
     friend bool operator==(const ScanUnits&, const ScanUnits&) = default;
 };
+
+/// "m", "ft", "us-ft", "deg", as options take it; the name of any other unit.
+std::string shortUnitName(const Ovr::Formats::CrsUnit& unit);
 
 /// The coordinate system that a points file names; empty where it names none. What is wrong with it
 /// is said when the points are read.

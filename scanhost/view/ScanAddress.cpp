@@ -9,6 +9,7 @@
 #include <fmt/format.h>
 
 #include "report/NumberText.h"
+#include "session/ScanUnits.h"
 
 namespace ScanHost {
 
@@ -42,17 +43,7 @@ std::string clockName(Ovr::Clock clock) {
 }
 
 std::string unitName(Ovr::Formats::UnitKind unit) {
-    using Ovr::Formats::UnitKind;
-    switch (unit) {
-        case UnitKind::Foot:
-            return "ft";
-        case UnitKind::UsSurveyFoot:
-            return "us-ft";
-        case UnitKind::Degree:
-            return "deg";
-        default:
-            return "m";
-    }
+    return shortUnitName(Ovr::Formats::knownUnit(unit));
 }
 
 /// Options and their values, one after the other.
