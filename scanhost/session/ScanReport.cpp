@@ -143,8 +143,9 @@ void describePose(const ImportedScan& scan, Report& report) {
     const auto stance = std::dynamic_pointer_cast<Vardex::CorvinStancePointSet>(scan.pointSet);
     if (stance) {
         const Tq_1_1::Mat4d<double> pose = stance->getSlamPose();
-        report.addBlock("slamPose", "SLAM pose (rotation, position)", jsonMatrix(pose),
-                        matrixLines(pose));
+        report.addBlock("slamPose",
+                        fmt::format("SLAM pose (rotation, position {})", scan.units.brackets()),
+                        jsonMatrix(pose), matrixLines(pose));
     }
 }
 
