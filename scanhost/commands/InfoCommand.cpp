@@ -114,6 +114,10 @@ class InfoCommand final : public Command {
         }
         if (projectOutput_) {
             rules_.check({*projectOutput_, {".txt"}});
+            if (picture_ == projectOutput_) {
+                throw unexpected("--project-output", "the file that --picture writes",
+                                 "another one");
+            }
         }
     }
 
