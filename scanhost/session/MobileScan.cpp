@@ -16,6 +16,7 @@
 #include "report/NumberText.h"
 #include "session/Interrupt.h"
 #include "session/KnownFiles.h"
+#include "session/PathStats.h"
 #include "session/Require.h"
 
 namespace ScanHost {
@@ -41,6 +42,10 @@ void MobileScan::loadTrajectory() {
                       (scan_.trajectoryNamed ? "" : "; --no-trajectory goes on without it"));
     }
     console_.warn(scanData.getWarnings());
+    if (!areInOrderOfTime(nodes())) {
+        console_.warn(scan_.source.file.string() +
+                      ": the poses are taken as they come, see --sort-trajectory");
+    }
 }
 
 void MobileScan::requireTrajectory() {
