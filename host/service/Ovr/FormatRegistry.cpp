@@ -175,8 +175,9 @@ ErrorPtr FormatRegistry::readProject(const fs::path& file, ProjectFile& project)
 
 ErrorPtr unknownFormat(const fs::path& file) {
     const std::string extension = Tq_1_1::lowerCaseExtension(file);
-    const std::string found = extension.empty() ? std::string("neither content of a known format nor an extension")
-                                                : "the unknown extension '." + extension + "'";
+    const std::string found =
+        extension.empty() ? std::string("neither content of a known format nor an extension")
+                          : "the unknown extension '." + extension + "'";
     return makeError(ErrorCode::WrongFormat,
                      {file.string(), "", found, FormatRegistry::the().knownExtensions()});
 }
