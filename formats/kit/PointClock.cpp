@@ -20,7 +20,6 @@ using VardexLib::TrajectoryNode;
 
 namespace {
 
-constexpr double kMicrosecondsPerSecond = 1e6;
 constexpr double kLargestMicroseconds = std::numeric_limits<std::uint32_t>::max();
 
 TimeRange rangeOf(std::span<const TrajectoryNode> trajectory) {
@@ -31,10 +30,6 @@ TimeRange rangeOf(std::span<const TrajectoryNode> trajectory) {
         }
     }
     return range;
-}
-
-double roundedMicroseconds(double seconds) {
-    return std::round(seconds * kMicrosecondsPerSecond);
 }
 
 [[nodiscard]] ErrorPtr refused(const std::string& file, std::string found, std::string expected) {
@@ -67,13 +62,15 @@ ErrorPtr PointClock::start(const TimeRange& values, std::span<const TrajectoryNo
     if (!nodes.empty && !points.empty && (moved.last < nodes.first || moved.first > nodes.last)) {
         return checkMeeting(points, nodes, file);
     }
-    if (!(roundedMicroseconds(duration_) <= kLargestMicroseconds)) {
+    const double lastMicrosecond = std::round(duration_ * kMicrosecondsPerSecond);
+    if (!(lastMicrosecond <= kLargestMicroseconds)) {
         return refused(file,
                        fmt::format("{} up to {} s after time zero",
                                    nodes.empty ? "points" : "poses", secondsText(duration_)),
                        fmt::format("at most {} s, which 32-bit microseconds hold; see --time-unit",
                                    secondsText(kLargestMicroseconds / kMicrosecondsPerSecond)));
     }
+    afterLast_ = lastMicrosecond + 0.5;
     return nullptr;
 }
 
@@ -93,22 +90,13 @@ ErrorPtr PointClock::checkMeeting(const TimeRange& points, const TimeRange& node
                     howToMeet(points, nodes)));
 }
 
-PointClock::Place PointClock::placeOf(double value) const {
-    const double time = roundedMicroseconds(scanTime(value));
-    if (time < 0.0) {
-        return Place::Before;
-    }
-    return time > roundedMicroseconds(duration_) ? Place::After : Place::Within;
-}
-
 double PointClock::distanceOutside(double value) const {
-    const double time = scanTime(value);
+    const double time = inScan(value);
     return std::max({0.0, -time, time - duration_});
 }
 
-std::uint64_t PointClock::microseconds(double value) const {
-    const double time = roundedMicroseconds(scanTime(value));
-    return static_cast<std::uint64_t>(std::clamp(time, 0.0, kLargestMicroseconds));
+std::uint64_t PointClock::lateMicroseconds(double time) {
+    return static_cast<std::uint64_t>(std::min(std::round(time), kLargestMicroseconds));
 }
 
 }  // namespace Ovr::Formats

@@ -21,6 +21,11 @@ class PointClock {
     /// Where a time lies: points may be measured before the first pose and after the last.
     enum class Place { Within, Before, After };
 
+    struct ScanTime {
+        Place place = Place::Within;     ///< in the scan, to the microsecond
+        std::uint64_t microseconds = 0;  ///< 0 before time zero, and at most what 32 bits hold
+    };
+
     explicit PointClock(const ClockSettings& settings)
         : settings_(settings), perSecond_(unitsPerSecond(settings.unit)) {}
 
@@ -42,13 +47,23 @@ class PointClock {
                                  std::span<const VardexLib::TrajectoryNode> trajectory,
                                  const std::string& file);
 
-    /// Where a value lies in the scan, to the microsecond. Requires: start() succeeded.
-    Place placeOf(double value) const;
+    /// The scan time of a value, rounded to the nearest, halves away from zero. Requires: start()
+    /// succeeded; the value is finite.
+    ScanTime scanTimeOf(double value) const {
+        const double time = inScan(value) * kMicrosecondsPerSecond;
+        if (!(time > -0.5)) {
+            return {Place::Before, 0};
+        }
+        if (time >= afterLast_) {
+            return {Place::After, lateMicroseconds(time)};
+        }
+        // What std::round gives, without a call: this is done for each point.
+        const auto whole = static_cast<std::int64_t>(time);
+        const bool up = time - static_cast<double>(whole) >= 0.5;
+        return {Place::Within, static_cast<std::uint64_t>(whole) + (up ? 1 : 0)};
+    }
     /// How far a value lies outside the scan [s]; 0 within.
     double distanceOutside(double value) const;
-    /// Scan time of a value [us], rounded to the nearest, halves away from zero; 0 before time
-    /// zero, and at most what 32 bits hold. Requires: start() succeeded; the value is finite.
-    std::uint64_t microseconds(double value) const;
 
     /// Time zero [s, trajectory's clock].
     double zero() const { return zero_; }
@@ -58,7 +73,10 @@ class PointClock {
     double duration() const { return duration_; }
 
   private:
-    double scanTime(double value) const { return inSeconds(value) + shift_ - zero_; }
+    static constexpr double kMicrosecondsPerSecond = 1e6;
+
+    double inScan(double value) const { return inSeconds(value) + shift_ - zero_; }
+    static std::uint64_t lateMicroseconds(double time);
     [[nodiscard]] ErrorPtr checkMeeting(const TimeRange& points, const TimeRange& nodes,
                                         const std::string& file) const;
 
@@ -67,6 +85,7 @@ class PointClock {
     double shift_ = 0.0;  ///< [s], from the points' clock to the trajectory's
     double zero_ = 0.0;   ///< [s], on the trajectory's clock
     double duration_ = 0.0;
+    double afterLast_ = 0.0;  ///< the least time that is rounded to one after the last [us]
 };
 
 /// By how much the clock of a trajectory is ahead of the points' [s]: the step between the clocks

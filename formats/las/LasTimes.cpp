@@ -165,17 +165,12 @@ std::uint64_t LasTimeLoader::take(std::uint64_t number, double value) {
         odd_.add(number, 0.0);
         return 0;
     }
-    switch (clock_.placeOf(value)) {
-        case PointClock::Place::Before:
-            before_.add(number, clock_.distanceOutside(value));
-            break;
-        case PointClock::Place::After:
-            after_.add(number, clock_.distanceOutside(value));
-            break;
-        case PointClock::Place::Within:
-            break;
+    const PointClock::ScanTime time = clock_.scanTimeOf(value);
+    if (time.place != PointClock::Place::Within) [[unlikely]] {
+        Finding& outside = time.place == PointClock::Place::Before ? before_ : after_;
+        outside.add(number, clock_.distanceOutside(value));
     }
-    return clock_.microseconds(value);
+    return time.microseconds;
 }
 
 ErrorPtr LasTimeLoader::noneWithin() const {

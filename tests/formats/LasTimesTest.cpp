@@ -107,6 +107,21 @@ TEST_F(LasTimes, AreRefusedBeforeTheFirstIsWritten) {
     }
 }
 
+TEST_F(LasTimes, AreWithinTheTrajectoryToTheMicrosecond) {
+    const auto scan = scanOf({-4e-7, -5e-7, 4.0000004, 4.0000006, 5000.0});
+    scan->data.setTrajectoryNodes(nodesAt({0.0, 4.0}));
+    const Ovr::ErrorPtr error = scan->loadTimes();
+    ASSERT_FALSE(error) << error->message();
+    EXPECT_EQ(scan->times->times, (std::vector<std::uint64_t>{0, 0, 4000000, 4000001, 4294967295}));
+    std::string warnings;
+    for (const std::string& warning : scan->data.getWarnings()) {
+        warnings += warning + "\n";
+    }
+    EXPECT_NE(warnings.find("1 of 5 points measured before the first pose"), std::string::npos);
+    EXPECT_NE(warnings.find("scan time 0, the first is point 1"), std::string::npos);
+    EXPECT_NE(warnings.find("2 of 5 points measured after the last pose"), std::string::npos);
+}
+
 TEST_F(LasTimes, OutsideTheTrajectoryAreToldAndLeaveTheRestAlone) {
     const auto scan = scanOf({9.5, 12.0, std::nan(""), 15.5, 9.0});
     scan->data.setTrajectoryNodes(nodesAt({10.0, 14.0}));
