@@ -68,6 +68,14 @@ twin() {
   [ -f "$folder/$2" ] || return 0
   compressed "$1" "$(sum "$folder/$2")"
 }
+for known in '{"chunks": 3, "chunkSize": 50000} laz-chunks.laz' \
+  '{"chunks": 65, "chunkSize": null} laz-varying.laz' \
+  '{"chunks": 1, "chunkSize": null} laz-simple-v1.laz' 'null laz-simple.las'; do
+  answer=$("$program" info "$folder/${known##* }" --json 2>/dev/null || true)
+  checked=$((checked + 1))
+  jq -e --argjson known "${known% *}" '.scans[0].las.compression == $known' <<<"$answer" >/dev/null ||
+    fail "${known##* }: compression"
+done
 twin laz-simple.laz laz-simple.las
 twin laz-simple-v1.laz laz-simple.las
 twin laz-extrabytes.laz laz-extrabytes.las

@@ -45,11 +45,33 @@ void addSaid(Report& report, const std::string& key, const std::string& label,
     }
 }
 
+/// Nothing is shown of plain points.
+void describeCompression(const LasHeader& header, Report& report) {
+    Json::Value value;
+    if (!header.compression) {
+        report.addHidden("compression", value);
+        return;
+    }
+    const auto& [schema, list] = *header.compression;
+    const bool isOne = schema.compressor == Ovr::Formats::Laz::Compressor::Stream;
+    const bool hasSize = !isOne && !schema.hasVaryingChunks();
+    const bool hasCount = isOne || list.endsAreKnown;
+    value["chunks"] = hasCount ? Json::Value(Json::UInt64{list.chunks.size()}) : Json::Value();
+    value["chunkSize"] = hasSize ? Json::Value(schema.chunkSize) : Json::Value();
+    const std::string chunks =
+        hasCount ? countText(list.chunks.size(), "chunk", "chunks") : "in chunks";
+    report.add("compression", "compression", value,
+               hasSize ? fmt::format("{} of up to {}", chunks,
+                                     countText(schema.chunkSize, "point", "points"))
+                       : chunks);
+}
+
 void describeFile(const LasHeader& header, Report& report) {
     report.addText("version", "version", fmt::format("1.{}", header.minorVersion));
     report.add("pointFormat", "point format", header.format,
                fmt::format("{}, {} bytes per record", header.format, header.recordLength));
     report.addHidden("recordLength", header.recordLength);
+    describeCompression(header, report);
     addSaid(report, "software", "generating software", header.generatingSoftware);
     addSaid(report, "system", "system identifier", header.systemIdentifier);
     addSaid(report, "created", "created", creationDate(header));
