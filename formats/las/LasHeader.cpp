@@ -269,9 +269,10 @@ ErrorPtr HeaderParser::walkRecords() {
                    {at<std::uint16_t>(LasField::kHeaderSize), header_.pointOffset,
                     at<std::uint32_t>(LasField::kVlrCount), false},
                    header_.records, remarks_);
-    if (const LasRecord* const found = findLasRecord(header_.records, Laz::SchemaRecord::USER_ID,
-                                                     Laz::SchemaRecord::RECORD_ID)) {
-        schema_ = *found;
+    for (const LasRecord& record : header_.records) {
+        if (record.isOnCompression()) {
+            schema_ = record;
+        }
     }
     findRest();
     if (header_.minorVersion >= 4) {

@@ -61,15 +61,18 @@ void walkLasRecords(InputFile& file, const LasChain& chain, std::vector<LasRecor
             return;
         }
         LasRecord record{userOf(head.data()),
-                         loadLittle<std::uint16_t>(head.data() + LasVlr::kRecordId), place, length};
-        const bool isOnCompression = record.user == Laz::SchemaRecord::USER_ID;
-        if ((record.user == kProjectionUser || record.user == kSpecificationUser ||
-             isOnCompression) &&
-            kept.size() < kMostKept) {
+                         loadLittle<std::uint16_t>(head.data() + LasVlr::kRecordId), place, length,
+                         chain.extended};
+        const bool isOfUse = record.user == kProjectionUser || record.user == kSpecificationUser;
+        if (record.isOnCompression() || (isOfUse && kept.size() < kMostKept)) {
             kept.push_back(std::move(record));
         }
         place += length;
     }
+}
+
+bool LasRecord::isOnCompression() const {
+    return !isExtended && user == Laz::SchemaRecord::USER_ID && id == Laz::SchemaRecord::RECORD_ID;
 }
 
 const LasRecord* findLasRecord(const std::vector<LasRecord>& records, std::string_view user,

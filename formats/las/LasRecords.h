@@ -33,6 +33,10 @@ struct LasRecord {
     std::uint16_t id = 0;
     std::uint64_t begin = 0;   ///< of the data, after the record's head [bytes]
     std::uint64_t length = 0;  ///< [bytes]
+    bool isExtended = false;   ///< after the points
+
+    /// Whether it says how the points are compressed. An extended one does not.
+    bool isOnCompression() const;
 };
 
 /// A chain of variable-length records in a file.

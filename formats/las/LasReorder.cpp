@@ -18,7 +18,6 @@
 #include "kit/TextFields.h"
 #include "kit/WorkWatch.h"
 #include "las/LasDamage.h"
-#include "las/laz/SchemaRecord.h"
 
 namespace Ovr::Formats {
 
@@ -129,7 +128,22 @@ ErrorPtr LasReorder::write(const std::filesystem::path& target, Existing existin
     return writeRest(writer);
 }
 
-/// The record on the compression is left out: the writer makes its own where one is needed.
+/// Takes out the records on the compression: the writer makes its own where one is needed.
+/// @param between  the bytes between header and points
+void LasReorder::dropCompression(std::string& between) {
+    const std::size_t size = head_.size();
+    auto count = loadLittle<std::uint32_t>(head_.data() + LasField::kVlrCount);
+    for (auto record = header_.records.rbegin(); record != header_.records.rend(); ++record) {
+        if (record->isOnCompression()) {
+            const std::uint64_t head = record->begin - LasVlr::kHeadSize;
+            between.erase(static_cast<std::size_t>(head - size),
+                          static_cast<std::size_t>(record->begin + record->length - head));
+            --count;
+        }
+    }
+    storeLittle(head_.data() + LasField::kVlrCount, count);
+}
+
 ErrorPtr LasReorder::writeHead(LasRecordWriter& writer, const std::filesystem::path& target,
                                Existing existing, bool compress) {
     std::string bytes;
@@ -139,15 +153,9 @@ ErrorPtr LasReorder::writeHead(LasRecordWriter& writer, const std::filesystem::p
     const auto size = loadLittle<std::uint16_t>(bytes.data() + LasField::kHeaderSize);
     head_ = bytes.substr(0, size);
     std::string between = bytes.substr(size);
-    const LasRecord* const schema =
-        findLasRecord(header_.records, Laz::SchemaRecord::USER_ID, Laz::SchemaRecord::RECORD_ID);
-    if (header_.compression && schema != nullptr) {
-        const std::uint64_t head = schema->begin - LasVlr::kHeadSize;
-        between.erase(static_cast<std::size_t>(head - size),
-                      static_cast<std::size_t>(schema->begin + schema->length - head));
+    if (header_.compression) {
         head_[LasField::kFormat] = static_cast<char>(header_.format);
-        const auto count = loadLittle<std::uint32_t>(head_.data() + LasField::kVlrCount);
-        storeLittle(head_.data() + LasField::kVlrCount, count - 1);
+        dropCompression(between);
     }
     setLasCount(head_, header_);
     return writer.open(target, existing, head_, std::move(between), compress);

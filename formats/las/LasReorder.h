@@ -52,6 +52,7 @@ class LasReorder {
   private:
     [[nodiscard]] ErrorPtr writeHead(LasRecordWriter& writer, const std::filesystem::path& target,
                                      Existing existing, bool compress);
+    void dropCompression(std::string& between);
     [[nodiscard]] ErrorPtr writePoints(LasRecordWriter& writer,
                                        std::span<const std::uint32_t> order,
                                        const DataStructures::Work& work);
