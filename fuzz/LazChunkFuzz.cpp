@@ -43,7 +43,7 @@ std::string decode(const Laz::Schema& schema, std::string_view chunk, std::uint6
         decoder.expectEnd();
     }
     if (right > records.size() / schema.recordLength || decoder.end() > 7 + chunk.size() ||
-        (right < records.size() / schema.recordLength && decoder.damage().found == nullptr)) {
+        (right < records.size() / schema.recordLength && !decoder.damage().isThere())) {
         std::abort();
     }
     records.resize(right * schema.recordLength);

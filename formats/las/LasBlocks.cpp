@@ -89,7 +89,7 @@ double LasBlocks::fraction() const {
 std::unique_ptr<LasBlocks> openLasBlocks(InputFile& file, const LasHeader& header,
                                          std::uint64_t count) {
     if (header.compression) {
-        return openLazBlocks(file, *header.compression, count);
+        return openLazBlocks(file, header, count);
     }
     return std::make_unique<PlainBlocks>(file, header, count);
 }

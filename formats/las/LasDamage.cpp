@@ -30,6 +30,7 @@ ErrorPtr shortenToReadable(InputFile& file, LasHeader& header, Remarks& remarks,
             remarks.warn(fmt::format("{}; of {} the {} before it are read", error->message(),
                                      countText(header.count, "point"), right));
             header.count = right;
+            header.endsInDamage = true;
             return nullptr;
         }
         if (!watch.goOn(blocks->fraction())) {

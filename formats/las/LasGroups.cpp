@@ -37,10 +37,11 @@ ErrorPtr LasGroups::hold(const DataStructures::Work& work) {
 }
 
 void LasGroups::append(std::span<const char> records) {
+    constexpr std::size_t kMostReserved = std::size_t{4} << 20;  // [bytes]
     const auto size = static_cast<std::size_t>(SIZE * header_->recordLength);
     while (!records.empty()) {
         if (held_.empty() || held_.back().size() == size) {
-            held_.emplace_back().reserve(size);
+            held_.emplace_back().reserve(std::min(size, kMostReserved));
         }
         std::vector<char>& last = held_.back();
         const std::size_t some = std::min(records.size(), size - last.size());

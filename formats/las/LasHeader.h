@@ -86,6 +86,8 @@ struct LasHeader {
     unsigned format = 0;
     std::uint16_t recordLength = 0;  ///< [bytes], at least what the format needs
     std::uint64_t count = 0;
+    /// Whether the count was lowered to that of the points before damage, which is known then.
+    bool endsInDamage = false;
     /// Points by return as the file says, from return 1 on; not checked.
     std::array<std::uint64_t, kLasReturns> returns{};
     std::array<double, 3> scale{};    ///< finite, not 0

@@ -30,11 +30,12 @@ constexpr std::uint64_t kModelsOfChunk = std::uint64_t{512} << 10;  // usual siz
 /// What is common to both ways of walking.
 class LazBlocks : public LasBlocks {
   public:
-    LazBlocks(InputFile& file, const LasCompression& compression, std::uint64_t count)
-        : LasBlocks(compression.schema.recordLength, count),
+    LazBlocks(InputFile& file, const LasHeader& header, std::uint64_t count)
+        : LasBlocks(header.compression->schema.recordLength, count),
           file_(file),
-          schema_(compression.schema),
-          list_(compression.list) {}
+          schema_(header.compression->schema),
+          list_(header.compression->list),
+          endsInDamage_(header.endsInDamage && count == header.count) {}
 
     ErrorPtr fault(ErrorCode code, std::uint64_t i, std::size_t, std::string found,
                    std::string expected) const override {
@@ -48,7 +49,11 @@ class LazBlocks : public LasBlocks {
         chunk_ = chunk;
         begin_ = begin;
     }
-    [[nodiscard]] ErrorPtr damaged(const Laz::Damage& damage, std::uint64_t point) const {
+    /// @param point  the first that is not right
+    [[nodiscard]] ErrorPtr check(const Laz::Damage& damage, std::uint64_t point) const {
+        if (!damage.isThere() || (endsInDamage_ && point == end())) {
+            return nullptr;
+        }
         const bool isCut = damage.byte >= file_.size();
         return Laz::chunkFault(file_, isCut ? ErrorCode::Truncated : ErrorCode::InvalidValue,
                                chunk_, point, damage.byte,
@@ -60,6 +65,7 @@ class LazBlocks : public LasBlocks {
     const Laz::ChunkList& list_;
 
   private:
+    bool endsInDamage_;
     std::uint64_t chunk_ = 0;
     std::uint64_t begin_ = 0;
 };
@@ -67,8 +73,8 @@ class LazBlocks : public LasBlocks {
 /// One chunk after another, block by block.
 class SerialBlocks final : public LazBlocks {
   public:
-    SerialBlocks(InputFile& file, const LasCompression& compression, std::uint64_t count)
-        : LazBlocks(file, compression, count),
+    SerialBlocks(InputFile& file, const LasHeader& header, std::uint64_t count)
+        : LazBlocks(file, header, count),
           buffer_(static_cast<std::size_t>(
               std::min(count, std::max<std::uint64_t>(1, kBlockSize / length())) * length())) {}
 
@@ -83,11 +89,11 @@ class SerialBlocks final : public LazBlocks {
         const std::uint64_t got =
             decoder_->decode(std::span(buffer_).first(static_cast<std::size_t>(wanted * length())));
         show(buffer_.data(), got);
-        if (from + got == chunk_.first + chunk_.count && list_.endsAreKnown) {
+        const bool endIsKnown = list_.endsAreKnown || schema_.compressor == Laz::Compressor::Stream;
+        if (from + got == chunk_.first + chunk_.count && endIsKnown) {
             decoder_->expectEnd();
         }
-        return decoder_->damage().found == nullptr ? nullptr
-                                                   : damaged(decoder_->damage(), from + got);
+        return check(decoder_->damage(), from + got);
     }
 
   private:
@@ -139,9 +145,9 @@ void run(const Laz::Schema& schema, ChunkJob& job) {
 /// Several chunks at once, and each a block.
 class ParallelBlocks final : public LazBlocks {
   public:
-    ParallelBlocks(InputFile& file, const LasCompression& compression, std::uint64_t count,
-                   unsigned threads, std::uint64_t atOnce)
-        : LazBlocks(file, compression, count),
+    ParallelBlocks(InputFile& file, const LasHeader& header, std::uint64_t count, unsigned threads,
+                   std::uint64_t atOnce)
+        : LazBlocks(file, header, count),
           atOnce_(atOnce),
           queue_(threads, [this](ChunkJob& job) { run(schema_, job); }) {}
 
@@ -155,9 +161,7 @@ class ParallelBlocks final : public LazBlocks {
         current_ = queue_.take();
         enter(current_->number, current_->place.begin);
         show(current_->records.data(), current_->right);
-        return current_->damage.found == nullptr
-                   ? nullptr
-                   : damaged(current_->damage, first() + current_->right);
+        return check(current_->damage, first() + current_->right);
     }
 
   private:
@@ -185,23 +189,25 @@ std::uint64_t largestCost(const LasCompression& compression) {
     for (const ChunkPlace& chunk : compression.list.chunks) {
         largest = std::max(largest, chunk.end - chunk.begin + chunk.count * schema.recordLength);
     }
-    return largest + kModelsOfChunk + schema.recordLength * kModelOfByte;
+    const std::uint64_t channels = schema.isLayered() ? 4 : 1;
+    return largest + kModelsOfChunk + channels * schema.recordLength * kModelOfByte;
 }
 
 }  // namespace
 
-std::unique_ptr<LasBlocks> openLazBlocks(InputFile& file, const LasCompression& compression,
+std::unique_ptr<LasBlocks> openLazBlocks(InputFile& file, const LasHeader& header,
                                          std::uint64_t count) {
+    const LasCompression& compression = *header.compression;
     const auto& chunks = compression.list.chunks;
     const std::uint64_t atOnce =
         std::min<std::uint64_t>(chunks.size(), kMostAtOnce / largestCost(compression));
     const unsigned cores = std::thread::hardware_concurrency();
     const bool isShort = chunks.empty() || count <= chunks.front().count;
     if (!compression.list.endsAreKnown || isShort || atOnce < 2 || cores < 2) {
-        return std::make_unique<SerialBlocks>(file, compression, count);
+        return std::make_unique<SerialBlocks>(file, header, count);
     }
     const auto threads = static_cast<unsigned>(std::min<std::uint64_t>(cores, atOnce));
-    return std::make_unique<ParallelBlocks>(file, compression, count, threads, atOnce);
+    return std::make_unique<ParallelBlocks>(file, header, count, threads, atOnce);
 }
 
 }  // namespace Ovr::Formats

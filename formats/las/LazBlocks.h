@@ -16,8 +16,8 @@ namespace Ovr::Formats {
 /// there are, as many at once as fit into 24 MiB with their records; large ones and those of
 /// unknown ends one after another and block by block. The first error in the order of the file is
 /// the one that is given.
-/// @param file, compression  kept by reference
-std::unique_ptr<LasBlocks> openLazBlocks(InputFile& file, const LasCompression& compression,
+/// @param file, header  kept by reference. Requires: the header has a compression.
+std::unique_ptr<LasBlocks> openLazBlocks(InputFile& file, const LasHeader& header,
                                          std::uint64_t count);
 
 }  // namespace Ovr::Formats

@@ -41,7 +41,7 @@ std::string decoded(const Schema& schema, const std::string& chunk, std::size_t 
         EXPECT_EQ(decoder.decode(std::span(records).subspan(at, size)), size / schema.recordLength);
     }
     decoder.expectEnd();
-    EXPECT_EQ(decoder.damage().found, nullptr) << decoder.damage().found;
+    EXPECT_EQ(decoder.damage().found, "");
     EXPECT_EQ(decoder.end(), chunk.size());
     return records;
 }

@@ -177,7 +177,7 @@ TEST(LazCoder, WritesAndReadsStreamsThatWereWorkedOutElsewhere) {
         c.decode(decoder, decoded);
         decoder.expectEnd();
         EXPECT_EQ(decoded, c.values);
-        EXPECT_EQ(damage.found, nullptr);
+        EXPECT_EQ(damage.found, "");
         EXPECT_EQ(decoder.position(), chunk.end);
     }
 }

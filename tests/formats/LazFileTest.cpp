@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "las/LasBlocks.h"
+#include "las/LasDamage.h"
 #include "las/LasRecordWriter.h"
 #include "support/ExpectError.h"
 #include "support/LasBytes.h"
@@ -34,14 +35,18 @@ struct Answer {
     std::vector<std::string> warnings;
 };
 
-Answer read(const std::filesystem::path& path) {
+/// @param lenient  up to the first damage
+Answer read(const std::filesystem::path& path, bool lenient = false) {
     Answer answer;
     InputFile file;
     LasHeader header;
     Ovr::Remarks remarks;
     answer.error = file.open(path);
     if (!answer.error) {
-        answer.error = readLasHeader(file, header, remarks);
+        answer.error = readLasHeader(file, header, remarks, lenient);
+    }
+    if (!answer.error && lenient) {
+        answer.error = shortenToReadable(file, header, remarks, {});
     }
     answer.warnings = remarks.warnings();
     if (answer.error) {
@@ -67,6 +72,9 @@ class LazFile : public testing::Test {
     Support::TempFolder folder_;
 
     Answer answerTo(const std::string& bytes) { return read(folder_.write("walk.laz", bytes)); }
+    Answer lenientAnswerTo(const std::string& bytes) {
+        return read(folder_.write("walk.laz", bytes), true);
+    }
 };
 
 TEST_F(LazFile, FindsItsChunksInEveryWay) {
@@ -191,7 +199,46 @@ TEST_F(LazFile, ReportsTheFirstDamageInTheOrderOfTheFile) {
         expectError(answer.error, InvalidValue,
                     "walk.laz: chunk 3, point 301, byte " + std::to_string(streams[3] + 4) +
                         ": found a stream that begins with FF FF FF FF");
-        EXPECT_TRUE(answer.records == file.records.substr(0, 301 * file.schema.recordLength));
+        const std::string before = file.records.substr(0, 301 * file.schema.recordLength);
+        EXPECT_TRUE(answer.records == before);
+        const Answer lenient = lenientAnswerTo(bytes);
+        EXPECT_FALSE(lenient.error) << lenient.error->message();
+        EXPECT_TRUE(lenient.records == before);
+        ASSERT_FALSE(lenient.warnings.empty());
+        EXPECT_NE(lenient.warnings.back().find("of 1000 points the 301 before it are read"),
+                  std::string::npos);
+    }
+}
+
+TEST_F(LazFile, TellsOfLayersAndStreamsThatAreLongerOrShorterThanTheirChunk) {
+    LazBytes layered(7, randomRecords(7, 20));
+    LazBytes stream(3, randomRecords(3, 20));
+    stream.schema.compressor = Laz::Compressor::Stream;
+    const std::size_t layers = layered.pointsAt() + 8 + layered.schema.recordLength + 4;
+    const std::size_t lastLayer = layers + 4 * (layered.schema.layers() - 1);
+    const auto resized = [&](std::size_t layer, std::uint32_t by) {
+        std::string bytes = layered.bytes();
+        poke(bytes, layer, Support::peek<std::uint32_t>(bytes, layer) + by);
+        return bytes;
+    };
+    const struct {
+        std::string bytes;
+        const char* found;
+        std::size_t right = 20;
+        std::string* records;
+    } cases[] = {
+        {resized(lastLayer, 1), "found the end of the chunk, expected a layer that ends in it", 20,
+         &layered.records},
+        {resized(lastLayer, 0xFFFFFFFFU), "", 19, &layered.records},
+        {stream.bytes() + "x", "found bytes that are left over", 20, &stream.records},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.found);
+        expectError(answerTo(c.bytes).error, InvalidValue, c.found);
+        const Answer lenient = lenientAnswerTo(c.bytes);
+        EXPECT_FALSE(lenient.error) << lenient.error->message();
+        EXPECT_TRUE(c.records->starts_with(lenient.records));
+        EXPECT_GE(lenient.records.size(), c.right * c.records->size() / 20);
     }
 }
 
@@ -210,6 +257,10 @@ TEST_F(LazFile, GivesThePointsBeforeTheEndOfATruncatedFile) {
             // Without its table, or a part of it, a file is whole all the same.
             EXPECT_TRUE(answer.error || answer.records == file.records);
             EXPECT_TRUE(answer.error || !answer.warnings.empty());
+            const Answer lenient = lenientAnswerTo(bytes.substr(0, size));
+            EXPECT_TRUE(!lenient.error || answer.records.empty()) << lenient.error->message();
+            EXPECT_TRUE(file.records.starts_with(lenient.records));
+            EXPECT_GE(lenient.records.size(), answer.records.size());
         }
     }
 }

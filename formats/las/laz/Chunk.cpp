@@ -3,6 +3,8 @@
 
 #include "las/laz/Chunk.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 
 #include "kit/LittleEndian.h"
@@ -62,10 +64,10 @@ std::size_t ChunkDecoder::decode(std::span<char> records) {
         }
         ++done;
     }
-    for (const std::size_t count = records.size() / length;
-         done < count && damage_.found == nullptr; ++done) {
+    for (const std::size_t count = records.size() / length; done < count && !damage_.isThere();
+         ++done) {
         coder_->code(streams_, records.data() + done * length);
-        if (damage_.found != nullptr) {
+        if (damage_.isThere()) {
             break;
         }
     }
@@ -103,7 +105,8 @@ bool ChunkDecoder::openLayers(std::uint64_t at) {
     const auto count = loadLittle<std::uint32_t>(head.data());
     const auto bytesOfXY = loadLittle<std::uint32_t>(head.data() + kWord);
     if (count != count_ || count > mostPoints(bytesOfXY)) {
-        damaged("a count of points that does not fit", "that of the chunk", at);
+        damaged(fmt::format("a chunk of {} points in a layer of {} bytes", count, bytesOfXY),
+                fmt::format("{} points, for which there is room", count_), at);
         return false;
     }
     const std::size_t window = std::max(kSmallestWindow, WINDOW / layers);
@@ -114,7 +117,7 @@ bool ChunkDecoder::openLayers(std::uint64_t at) {
         streams_.emplace_back(ByteStream(bytes_, begin, begin + size, window), damage_);
         begin += size;
     }
-    if (damage_.found == nullptr && bytesOfXY == 0) {
+    if (!damage_.isThere() && bytesOfXY == 0) {
         damaged("an empty layer of x and y", "one that is not", at + kWord);
     }
     return true;
@@ -124,7 +127,7 @@ void ChunkDecoder::expectEnd() {
     for (Decoder& stream : streams_) {
         stream.expectEnd();
     }
-    if (!streams_.empty() && damage_.found == nullptr && end() != bytes_.end) {
+    if (!streams_.empty() && !damage_.isThere() && end() != bytes_.end) {
         damaged("bytes that are left over", "the end of the chunk", end());
     }
 }

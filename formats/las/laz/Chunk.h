@@ -8,6 +8,7 @@
 #include <memory>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "las/laz/ByteStream.h"
@@ -55,8 +56,8 @@ class ChunkDecoder {
   private:
     bool open(std::span<char> first);
     bool openLayers(std::uint64_t at);
-    void damaged(const char* found, const char* expected, std::uint64_t byte) {
-        damage_ = {found, expected, byte};
+    void damaged(std::string found, std::string expected, std::uint64_t byte) {
+        damage_ = {std::move(found), std::move(expected), byte};
     }
 
     const Schema& schema_;

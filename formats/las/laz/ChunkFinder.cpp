@@ -30,7 +30,7 @@ class Finder {
     [[nodiscard]] ErrorPtr find(Remarks& remarks);
 
   private:
-    std::optional<std::uint64_t> tablePlace();
+    std::optional<std::uint64_t> tablePlace(std::string& why);
     [[nodiscard]] ErrorPtr checkCounts() const;
     [[nodiscard]] ErrorPtr goWithoutTable(const std::string& why, Remarks& remarks);
     std::uint64_t firstChunk() const { return data_.begin + kPositionSize; }
@@ -46,8 +46,8 @@ ErrorPtr Finder::find(Remarks& remarks) {
         list_ = {{{data_.begin, data_.end, 0, data_.count}}, false};
         return nullptr;
     }
-    std::string why = "it is named nowhere";
-    if (const auto place = tablePlace()) {
+    std::string why;
+    if (const auto place = tablePlace(why)) {
         why = ChunkTable::read(file_, schema_, {firstChunk(), data_.end, data_.count}, *place,
                                list_.chunks);
     }
@@ -55,7 +55,8 @@ ErrorPtr Finder::find(Remarks& remarks) {
 }
 
 /// A writer that could not go back leaves -1 and puts the place after everything.
-std::optional<std::uint64_t> Finder::tablePlace() {
+/// @param why  why there is none
+std::optional<std::uint64_t> Finder::tablePlace(std::string& why) {
     const auto positionAt = [this](std::uint64_t place) -> std::int64_t {
         std::array<char, kPositionSize> bytes{};
         return file_.readAt(place, bytes) == bytes.size() ? loadLittle<std::int64_t>(bytes.data())
@@ -71,10 +72,14 @@ std::optional<std::uint64_t> Finder::tablePlace() {
     }
     for (const std::uint64_t end : {file_.size(), data_.end}) {
         const std::uint64_t at = std::max(end, kPositionSize) - kPositionSize;
-        if (named == -1 && isPlace(positionAt(at), at)) {
-            return static_cast<std::uint64_t>(positionAt(at));
+        const std::int64_t place = positionAt(at);
+        if (named == -1 && isPlace(place, at) &&
+            ChunkTable::isThere(file_, static_cast<std::uint64_t>(place))) {
+            return static_cast<std::uint64_t>(place);
         }
     }
+    why = named == 0 || named == -1 ? "it is named nowhere"
+                                    : fmt::format("it cannot be at byte {}", named);
     return std::nullopt;
 }
 
@@ -110,7 +115,8 @@ ErrorPtr Finder::goWithoutTable(const std::string& why, Remarks& remarks) {
         file_.name(), data_.begin, why));
     const PointData chunks{firstChunk(), data_.end, data_.count};
     if (schema_.isLayered()) {
-        return walkLayeredChunks(file_, schema_, chunks, list_);
+        walkLayeredChunks(file_, schema_, chunks, list_);
+        return nullptr;
     }
     if (chunks.begin > chunks.end) {
         return file_.fault(ErrorCode::Truncated, data_.begin, "the end of the file", "chunks");

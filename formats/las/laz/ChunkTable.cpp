@@ -70,9 +70,10 @@ std::string readEntries(InputFile& file, const Schema& schema, const PointData& 
         chunk.count = schema.hasVaryingChunks()
                           ? entry.points
                           : std::clamp<std::uint64_t>(left, 1, schema.chunkSize);
-        if (damage.found != nullptr || entry.bytes < schema.smallestChunk() || chunk.end > place ||
+        if (damage.isThere() || entry.bytes < schema.smallestChunk() || chunk.end > place ||
             chunk.count == 0 || chunk.count > mostPoints(entry.bytes)) {
-            return fmt::format("its entry for chunk {} cannot be", i);
+            return fmt::format("its entry for chunk {} cannot be: {} bytes, {} points", i,
+                               entry.bytes, chunk.count);
         }
         chunks.push_back(chunk);
     }
@@ -80,6 +81,11 @@ std::string readEntries(InputFile& file, const Schema& schema, const PointData& 
 }
 
 }  // namespace
+
+bool ChunkTable::isThere(InputFile& file, std::uint64_t place) {
+    std::array<char, HEAD_SIZE> head{};
+    return file.readAt(place, head) == head.size() && loadLittle<std::uint32_t>(head.data()) == 0;
+}
 
 std::string ChunkTable::read(InputFile& file, const Schema& schema, const PointData& data,
                              std::uint64_t place, std::vector<ChunkPlace>& chunks) {

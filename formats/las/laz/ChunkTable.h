@@ -24,6 +24,9 @@ namespace ChunkTable {
 /// Of version and number [bytes].
 inline constexpr std::uint64_t HEAD_SIZE = 8;
 
+/// Whether a table of the version that is read may begin at a place of the file.
+bool isThere(InputFile& file, std::uint64_t place);
+
 /// Reads a table. Nothing that it says is taken before it fits between the first chunk and the
 /// table.
 /// @param place  of the table in the file [bytes]

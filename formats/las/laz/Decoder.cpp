@@ -24,8 +24,7 @@ std::uint32_t Decoder::shiftInSlowly(unsigned bits) {
     for (; bits != 0; bits -= 8) {
         const int byte = bytes_.next();
         if (byte < 0) {
-            damaged(bytes_.isCut() ? "the end of the file" : "the end of the coded bytes",
-                    "more bytes");
+            damaged("the end of the coded bytes", "more bytes");
         }
         value = value << 8U | (byte < 0 ? 0U : static_cast<std::uint32_t>(byte));
     }
@@ -33,7 +32,7 @@ std::uint32_t Decoder::shiftInSlowly(unsigned bits) {
 }
 
 void Decoder::damaged(const char* found, const char* expected) {
-    if (damage_.found == nullptr) {
+    if (!damage_.isThere()) {
         damage_ = {found, expected, position()};
     }
 }
@@ -41,6 +40,9 @@ void Decoder::damaged(const char* found, const char* expected) {
 void Decoder::expectEnd() {
     if (present_ && !bytes_.isAtEnd()) {
         damaged("bytes that are left over", "the end of the coded bytes");
+    }
+    if (bytes_.isCut()) {
+        damaged("the end of the chunk", "a layer that ends in it");
     }
 }
 

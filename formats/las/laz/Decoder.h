@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 
 #include "las/laz/ByteStream.h"
 #include "las/laz/SymbolModel.h"
@@ -13,9 +14,11 @@ namespace Ovr::Formats::Laz {
 
 /// What was found wrong first in the streams of a chunk.
 struct Damage {
-    const char* found = nullptr;  ///< null while nothing is wrong
-    const char* expected = "";
+    std::string found{};  ///< empty while nothing is wrong
+    std::string expected{};
     std::uint64_t byte = 0;  ///< where in the file the stream stood
+
+    bool isThere() const { return !found.empty(); }
 };
 
 /// Reads a stream of arithmetic code, see Encoder. The values that its operations are given are
@@ -82,7 +85,8 @@ class Decoder {
 
     /// Takes note of damage, unless there is some already.
     void damaged(const char* found, const char* expected);
-    /// Takes note of bytes that are left when everything has been read.
+    /// Takes note of bytes that are left when everything has been read, and of a stream that was to
+    /// reach past the end of its chunk.
     void expectEnd();
     /// Where in the file the next byte stands.
     std::uint64_t position() const { return bytes_.position(); }

@@ -8,11 +8,11 @@
 
 namespace Ovr::Formats::Laz {
 
-/// Finds layered chunks without a table: each says how many points and bytes it has.
-/// @param data  from the first chunk on; a chunk that its end cuts is listed up to there
-/// @return empty on success; Truncated when the chunks hold fewer points than the header counts,
-///         InvalidValue when they hold more
-[[nodiscard]] ErrorPtr walkLayeredChunks(InputFile& file, const Schema& schema,
-                                         const PointData& data, ChunkList& list);
+/// Finds the chunks of layers without a table: each one's head says where it ends and how many
+/// points it has. A chunk whose head cannot be is the last of the list, up to the end of the point
+/// data: to decode it tells what is wrong, after the points before it.
+/// @param list  gets them
+void walkLayeredChunks(InputFile& file, const Schema& schema, const PointData& data,
+                       ChunkList& list);
 
 }  // namespace Ovr::Formats::Laz

@@ -20,13 +20,6 @@ namespace SchemaRecord {
 inline constexpr std::string_view USER_ID = "laszip encoded";
 inline constexpr std::uint16_t RECORD_ID = 22204;
 
-/// Whether a variable-length record is one.
-/// @param userId  16 bytes, filled up with zeros
-inline bool isHeadOf(const char* userId, std::uint16_t recordId) {
-    return recordId == RECORD_ID && std::string_view(userId, USER_ID.size()) == USER_ID &&
-           userId[USER_ID.size()] == '\0';
-}
-
 /// What follows its head.
 std::string payload(const Schema& schema);
 
