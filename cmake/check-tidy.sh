@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Runs clang-tidy over every source file, or over the files named. Configures the preset "tidy" for
-# the compile commands.
+# the compile commands; a file that is in none of them is forgotten and fails the check.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 cmake --preset tidy >/dev/null
@@ -10,6 +10,10 @@ else
   # The project of tests/install is somebody else's: no target here compiles it.
   mapfile -t sources < <(git ls-files '*.cpp' ':!tests/install')
 fi
+for source in "${sources[@]}"; do
+  grep -qF "\"$PWD/$source\"" build/tidy/compile_commands.json ||
+    { echo "check-tidy: no target builds $source" >&2; exit 1; }
+done
 status=0
 printf '%s\n' "${sources[@]}" |
   xargs -P "$(nproc)" -n 1 clang-tidy-14 -p build/tidy --quiet 2>&1 |

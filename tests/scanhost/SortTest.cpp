@@ -12,6 +12,8 @@
 
 #include "Program.h"
 #include "support/LasBytes.h"
+#include "support/LazBytes.h"
+#include "support/LazRecords.h"
 
 namespace ScanHost::Tests {
 namespace {
@@ -100,6 +102,25 @@ TEST(Sort, ChangesTheOrderOfTheRecordsAndNothingElse) {
             place += record.size();
         }
         EXPECT_EQ(after, expected);
+    }
+}
+
+TEST(Sort, KeepsARecordAfterThePointsThatIsNamedLikeTheCompression) {
+    Support::LazBytes packed(6, Support::pseudoRandomRecords(20, 30, 22, 0, true));
+    packed.extended = std::string(60, '\0') + "after";
+    packed.extended.replace(2, 14, "laszip encoded");
+    Support::poke(packed.extended, 18, std::uint16_t{22204});
+    Support::poke(packed.extended, 20, std::uint64_t{5});
+    const Folder folder;
+    const std::string walk = folder.write("walk.laz", packed.bytes());
+    for (const char* name : {"out.las", "out.laz"}) {
+        SCOPED_TRACE(name);
+        const Outcome sorted = run({"sort", walk, "-o", folder.file(name)});
+        ASSERT_EQ(sorted.exitCode, 0) << sorted.err;
+        const std::string after = readFile(folder.file(name));
+        const bool isPlain = name == std::string("out.las");
+        EXPECT_EQ(Support::peek<std::uint32_t>(after, 100), isPlain ? 0U : 1U);
+        EXPECT_EQ(after.substr(Support::peek<std::uint64_t>(after, 235)), packed.extended);
     }
 }
 
