@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <system_error>
 
 #include <fmt/format.h>
 
@@ -114,7 +115,9 @@ class InfoCommand final : public Command {
         }
         if (projectOutput_) {
             rules_.check({*projectOutput_, {".txt"}});
-            if (picture_ == projectOutput_) {
+            std::error_code ignored;
+            if (picture_ && std::filesystem::weakly_canonical(*picture_, ignored) ==
+                                std::filesystem::weakly_canonical(*projectOutput_, ignored)) {
                 throw unexpected("--project-output", "the file that --picture writes",
                                  "another one");
             }
