@@ -242,6 +242,26 @@ TEST_F(LazFile, TellsOfLayersAndStreamsThatAreLongerOrShorterThanTheirChunk) {
     }
 }
 
+TEST_F(LazFile, GivesTheLayersBeforeAChunkThatCannotBeWithoutATable) {
+    LazBytes file(7, randomRecords(7, 250));
+    file.schema.chunkSize = 100;
+    file.table = Table::Missing;
+    const std::size_t length = file.schema.recordLength;
+    const std::string first =
+        Laz::encodeChunk(file.schema, std::string_view(file.records).substr(0, 100 * length));
+    const std::size_t second = file.pointsAt() + 8 + first.size();
+    std::string shorter = file.bytes();
+    poke(shorter, second + length, std::uint32_t{99});
+    expectError(answerTo(shorter).error, InvalidValue,
+                "chunk 1, point 100, byte " + std::to_string(second + length) +
+                    ": found a chunk of 99 points");
+    for (const std::string& bytes : {shorter, file.bytes().substr(0, second + 5)}) {
+        const Answer lenient = lenientAnswerTo(bytes);
+        EXPECT_FALSE(lenient.error) << lenient.error->message();
+        EXPECT_TRUE(lenient.records == file.records.substr(0, 100 * length));
+    }
+}
+
 TEST_F(LazFile, GivesThePointsBeforeTheEndOfATruncatedFile) {
     for (const auto& [format, oneStream] : {std::pair{3U, false}, {3U, true}, {10U, false}}) {
         LazBytes file(format, randomRecords(format, 25));
